@@ -1,0 +1,11 @@
+#include "app/headless/Headless.h"
+#include "app/workbench/Workbench.h"
+
+#include <cstring>
+
+int main(int argc, char** argv)
+{
+    if (argc > 1 && std::strcmp(argv[1], "run") == 0)
+        return headless::run(argc, argv);
+    return workbench::run(argc, argv);
+}

@@ -1,0 +1,36 @@
+# Language level, warnings, sanitizers and output folders, shared by every target of the project.
+
+option(STRATIVO_BUILD_TESTS "Build the test programs" ON)
+option(STRATIVO_BUILD_BENCHMARKS "Build the benchmark programs" OFF)
+option(STRATIVO_BUILD_DOCS "Build the HTML documentation (needs Sphinx)" ON)
+option(STRATIVO_SANITIZE "Instrument with the address and undefined-behaviour sanitizers" OFF)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_AUTORCC ON)
+
+# The program and the Python tree lie side by side in bin/, as they are shipped.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM)
+  set(CMAKE_C_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
+add_library(strativo_build_flags INTERFACE)
+# QT_NO_KEYWORDS: "slots" is a field name in Python.h.
+target_compile_definitions(strativo_build_flags INTERFACE QT_NO_KEYWORDS QT_NO_CAST_FROM_BYTEARRAY)
+target_compile_options(strativo_build_flags INTERFACE
+  $<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wnon-virtual-dtor;-Woverloaded-virtual;-Wno-missing-field-initializers>
+  -Werror
+  -fno-semantic-interposition)
+if(STRATIVO_SANITIZE)
+  target_compile_options(strativo_build_flags INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer)
+  target_link_options(strativo_build_flags INTERFACE -fsanitize=address,undefined)
+endif()

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QString>
+#include <mutex>
+#include <string_view>
+#include <vector>
+
+/// host/services: what the application offers to all of its parts without showing a window itself: the event bus,
+/// the per-user data folder, the icon store, the interface through which the scripting layer reaches the application.
+
+/// Kind of a message on the event bus; the numbers are shared with scripts and plug-ins.
+enum class MessageLevel : int
+{
+    Error = 1,
+    Warning = 2,
+    Information = 3,
+    Success = 4,
+    StandardOutput = 5,
+    StandardError = 6,
+};
+
+/// The one channel for messages to the user.
+///
+/// Levels 1 to 4 carry whole messages (the receiver ends the line); levels 5 and 6 carry the raw stream text of
+/// scripts, so a line may come in several messages and one message may hold several lines.
+///
+/// Thread-safe: any thread may send. A sink is called on the sending thread, one call at a time, in the order of
+/// sending; it must be quick, must not throw and must not send messages itself.
+class HVEventBus
+{
+public:
+    struct Message
+    {
+        int level;
+        /// UTF-8, not terminated, valid only during the call.
+        std::string_view text;
+        /// The sender wants the user to look now: a message window shows itself.
+        bool reveal;
+    };
+
+    class Sink
+    {
+    public:
+        virtual void receive(const Message& message) = 0;
+
+    protected:
+        ~Sink() = default;
+    };
+
+    static HVEventBus& instance();
+
+    void sendMessage(int level, const QString& text, bool reveal = false);
+    void sendMessage(MessageLevel level, const QString& text, bool reveal = false);
+
+    /// The path of captured streams: no conversion, no allocation here. `utf8` must be valid UTF-8.
+    void sendUtf8(int level, std::string_view utf8, bool reveal = false);
+
+    /// Sinks are not owned. removeSink() returns only after a call that is under way has ended.
+    void addSink(Sink* sink);
+    void removeSink(Sink* sink);
+
+private:
+    HVEventBus() = default;
+
+    std::mutex m_mutex;
+    std::vector<Sink*> m_sinks;
+};

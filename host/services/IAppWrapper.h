@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+#include <optional>
+
+class HVMessageWindow;
+class QMainWindow;
+
+/// The progress bars of the application, as far as others need them.
+class IProgressService
+{
+public:
+    virtual ~IProgressService() = default;
+    virtual bool isAnyRunning() const = 0;
+    virtual void closeAll() = 0;
+};
+
+/// Follows a script that occupies the GUI thread. All calls come on the GUI thread.
+///
+/// breathe() comes about every 50 ms while Python code runs, between two of its instructions: the observer lets
+/// pending paints through and looks whether the user asked to stop. It must not run user code and returns quickly.
+class IRunObserver
+{
+public:
+    virtual ~IRunObserver() = default;
+    virtual void runStarted(const QString& fileName) = 0;
+    /// True asks for the script to be interrupted.
+    virtual bool breathe() = 0;
+    virtual void runFinished() = 0;
+};
+
+/// What the scripting layer needs of the application around it. The application owns the object and keeps it alive
+/// longer than the execution context. Services that an application lacks are null.
+class IAppWrapper
+{
+public:
+    virtual ~IAppWrapper() = default;
+
+    /// First operation: the main window, null when there is none.
+    virtual QMainWindow* mainWindow() const = 0;
+    virtual HVMessageWindow* messageWindow() const = 0;
+    virtual IProgressService* progressService() const = 0;
+    virtual IRunObserver* runObserver() const = 0;
+    /// "major.minor..." as shown to the user.
+    virtual QString version() const = 0;
+    /// Answers a script's input() without a window, as a program on a terminal does; no value lets the scripting
+    /// layer ask with a dialog.
+    virtual std::optional<QString> answerInput(const QString& prompt) = 0;
+};
