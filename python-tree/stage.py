@@ -38,10 +38,11 @@ STDLIB = Path(sysconfig.get_path("stdlib"))
 PACKAGES = Path("/usr/lib/python3/dist-packages")
 WHEELS = Path("/usr/share/python-wheels")
 
-# Test suites, windows of another toolkit, what Debian ties to its own machine (sitecustomize, build configuration).
+# Test suites, windows of another toolkit, lib2to3 (deprecated, and its grammar cannot be read from an archive), and
+# what Debian ties to its own machine (sitecustomize, build configuration).
 STDLIB_LEFT_OUT = re.compile(
     r"(.*/)?(__pycache__|tests?|idle_test)(/|$)"
-    r"|(idlelib|tkinter|turtledemo|ensurepip|dist-packages|site-packages|lib-dynload|config-[^/]*)(/|$)"
+    r"|(idlelib|lib2to3|tkinter|turtledemo|ensurepip|dist-packages|site-packages|lib-dynload|config-[^/]*)(/|$)"
     r"|(turtle|sitecustomize)\.py$|EXTERNALLY-MANAGED$|.*\.(exe|bat|orig)$"
 )
 # readline and gdbm are GPL, the Debian dbm sits on a copyleft Berkeley DB; the library does without all three.
