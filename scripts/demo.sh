@@ -1,0 +1,42 @@
+#!/bin/bash
+# Shows what the built program does: scripts in the terminal, one that fails, and a picture of the workbench.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+strativo=build/release/bin/strativo
+export QT_QPA_PLATFORM=offscreen
+# The demo leaves the user's own settings and packages alone.
+export STRATIVO_HOMEPATH="$PWD/build/demo-home"
+mkdir -p "$STRATIVO_HOMEPATH" out
+
+step() {
+  printf '\n== %s\n\n' "$*"
+}
+
+step "A synthetic seismogram: strativo run examples/scripts/first_script.py"
+"$strativo" run examples/scripts/first_script.py
+
+step "A script that fails: strativo run examples/scripts/error_example.py (status 1 is expected)"
+status=0
+"$strativo" run examples/scripts/error_example.py || status=$?
+if [[ $status -ne 1 ]]; then
+  echo "demo: the failing script left with status $status instead of 1" >&2
+  exit 1
+fi
+echo "The traceback names the line; the status is 1, as expected."
+
+step "The workbench, with the first script executed"
+rm -f out/workbench.png
+"$strativo" --execute examples/scripts/first_script.py --screenshot out/workbench.png
+if [[ ! -s out/workbench.png ]]; then
+  echo "demo: no picture was written" >&2
+  exit 1
+fi
+
+step "Done"
+cat <<END
+Picture:        out/workbench.png
+Workbench:      $strativo
+One script:     $strativo run SCRIPT
+Documentation:  build/release/bin/doc/python/index.html
+END
