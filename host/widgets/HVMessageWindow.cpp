@@ -17,7 +17,7 @@ namespace {
 
 constexpr int g_frameMilliseconds = 16;
 /// Spent on inserting per step; painting comes on top.
-constexpr int g_stepMilliseconds = 8;
+constexpr int g_stepMilliseconds = 6;
 /// About a millisecond of inserting, so that the clock is looked at often enough.
 constexpr std::size_t g_pieceBytes = 16u << 10;
 
