@@ -19,8 +19,10 @@ set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
 find_program(CCACHE_PROGRAM ccache)
 if(CCACHE_PROGRAM)
-  set(CMAKE_C_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+  # Without this ccache refuses every file that uses a precompiled header.
+  set(ccache_launcher "${CMAKE_COMMAND}" -E env "CCACHE_SLOPPINESS=pch_defines,time_macros" "${CCACHE_PROGRAM}")
+  set(CMAKE_C_COMPILER_LAUNCHER "${ccache_launcher}")
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${ccache_launcher}")
 endif()
 
 add_library(strativo_build_flags INTERFACE)
@@ -29,7 +31,8 @@ target_compile_definitions(strativo_build_flags INTERFACE QT_NO_KEYWORDS QT_NO_C
 target_compile_options(strativo_build_flags INTERFACE
   $<$<COMPILE_LANGUAGE:CXX>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wnon-virtual-dtor;-Woverloaded-virtual;-Wno-missing-field-initializers>
   -Werror
-  -fno-semantic-interposition)
+  -fno-semantic-interposition
+  -fpch-preprocess)
 if(STRATIVO_SANITIZE)
   target_compile_options(strativo_build_flags INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer)
   target_link_options(strativo_build_flags INTERFACE -fsanitize=address,undefined)

@@ -10,6 +10,7 @@
 #include <QString>
 #include <QStringList>
 #include <QWidget>
+
 #include <algorithm>
 #include <functional>
 #include <memory>

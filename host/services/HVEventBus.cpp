@@ -32,10 +32,15 @@ void HVEventBus::addSink(Sink* sink)
 {
     const std::lock_guard lock(m_mutex);
     m_sinks.push_back(sink);
+    m_blockingSinks += sink->mayBlock() ? 1 : 0;
 }
 
 void HVEventBus::removeSink(Sink* sink)
 {
     const std::lock_guard lock(m_mutex);
-    m_sinks.erase(std::remove(m_sinks.begin(), m_sinks.end(), sink), m_sinks.end());
+    const auto found = std::find(m_sinks.begin(), m_sinks.end(), sink);
+    if (found == m_sinks.end())
+        return;
+    m_sinks.erase(found);
+    m_blockingSinks -= sink->mayBlock() ? 1 : 0;
 }

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+
+#include <atomic>
 #include <mutex>
 #include <string_view>
 #include <vector>
@@ -42,6 +44,8 @@ public:
     {
     public:
         virtual void receive(const Message& message) = 0;
+        /// True for a sink that writes to a pipe or a terminal: senders then give up locks that a reader may need.
+        virtual bool mayBlock() const { return false; }
 
     protected:
         ~Sink() = default;
@@ -59,9 +63,13 @@ public:
     void addSink(Sink* sink);
     void removeSink(Sink* sink);
 
+    /// Whether any sink may block the sender.
+    bool mayBlock() const { return m_blockingSinks.load(std::memory_order_relaxed) > 0; }
+
 private:
     HVEventBus() = default;
 
     std::mutex m_mutex;
     std::vector<Sink*> m_sinks;
+    std::atomic<int> m_blockingSinks = 0;
 };

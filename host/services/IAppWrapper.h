@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <optional>
 
 class HVMessageWindow;
 class QMainWindow;
@@ -43,7 +42,7 @@ public:
     virtual IRunObserver* runObserver() const = 0;
     /// "major.minor..." as shown to the user.
     virtual QString version() const = 0;
-    /// Answers a script's input() without a window, as a program on a terminal does; no value lets the scripting
-    /// layer ask with a dialog.
-    virtual std::optional<QString> answerInput(const QString& prompt) = 0;
+    /// True for a program whose user sits at its standard input: input() then reads from there as in plain Python
+    /// instead of asking with a dialog.
+    virtual bool isTerminalProgram() const = 0;
 };

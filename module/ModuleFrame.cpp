@@ -1,0 +1,21 @@
+#include "module/ModuleFrame.h"
+
+#include "module/Bindings.h"
+#include "runtime/TextConversion.h"
+#include "runtime/VariantConversion.h"
+
+#include <boost/python.hpp>
+
+namespace bp = boost::python;
+
+BOOST_PYTHON_MODULE(strativo_python)
+{
+    // C++ signatures are left out: every docstring begins with the Python one.
+    const bp::docstring_options docstrings(true, false, false);
+
+    // The order matters: a family may name types of an earlier one in its signatures and default values.
+    python::registerTextConversion();
+    python::registerVariantConversion();
+    python::bindUtils();
+    python::bindSegy();
+}

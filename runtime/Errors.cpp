@@ -1,0 +1,69 @@
+#include "runtime/Errors.h"
+
+#include "runtime/StreamCaptureBinding.h"
+
+#include <cstdarg>
+
+namespace bp = boost::python;
+
+namespace python {
+
+void raise(PyObject* type, const char* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    PyErr_FormatV(type, format, arguments);
+    va_end(arguments);
+    raisePending();
+}
+
+void raisePending()
+{
+    bp::throw_error_already_set();
+    std::abort(); // not reached; the function above is not declared noreturn
+}
+
+QString requireStr(const bp::object& argument, const char* format)
+{
+    if (!isStr(argument.ptr()))
+        raise(PyExc_TypeError, format, typeName(argument));
+    Py_ssize_t size = 0;
+    const char* utf8 = PyUnicode_AsUTF8AndSize(argument.ptr(), &size);
+    if (!utf8)
+        raisePending();
+    return QString::fromUtf8(utf8, static_cast<int>(size));
+}
+
+long long requireInt(const bp::object& argument, const char* format)
+{
+    if (!isInt(argument.ptr()))
+        raise(PyExc_TypeError, format, typeName(argument));
+    const long long value = PyLong_AsLongLong(argument.ptr());
+    if (value == -1 && PyErr_Occurred())
+        raisePending();
+    return value;
+}
+
+bp::object owned(PyObject* newReference)
+{
+    return bp::object(bp::handle<>(newReference));
+}
+
+void printPendingError()
+{
+    if (!PyErr_Occurred())
+        return;
+    // A script may have set sys.stderr to None or deleted it; its error report must reach the user all the same.
+    PyObject* stderrObject = PySys_GetObject("stderr");
+    if (!stderrObject || stderrObject == Py_None)
+        restoreLostStreams();
+    PyErr_PrintEx(0);
+}
+
+bp::object unicodeText(const QString& text)
+{
+    const QByteArray utf8 = text.toUtf8();
+    return owned(PyUnicode_DecodeUTF8(utf8.constData(), utf8.size(), "replace"));
+}
+
+} // namespace python

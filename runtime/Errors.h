@@ -1,0 +1,61 @@
+#pragma once
+
+#include <boost/python/handle.hpp>
+#include <boost/python/object.hpp>
+
+#include <QString>
+
+/// One way to raise, one index rule, one type check: what every binding uses to refuse bad arguments.
+/// All functions here need the interpreter lock.
+namespace python {
+
+/// Sets `type` with a message in PyErr_Format's notation and unwinds to the calling script.
+[[noreturn]] void raise(PyObject* type, const char* format, ...);
+
+/// Unwinds with the exception that is already set.
+[[noreturn]] void raisePending();
+
+/// The name of the object's type as messages show it ("NoneType" for None).
+inline const char* typeName(PyObject* object)
+{
+    return Py_TYPE(object)->tp_name;
+}
+inline const char* typeName(const boost::python::object& object)
+{
+    return typeName(object.ptr());
+}
+
+inline bool isStr(PyObject* object)
+{
+    return PyUnicode_Check(object);
+}
+/// True also for bool, which is a subclass of int.
+inline bool isInt(PyObject* object)
+{
+    return PyLong_Check(object);
+}
+
+/// Indices are never counted from the end: only [0, count) is valid.
+inline bool isValidIndex(long long index, long long count)
+{
+    return static_cast<unsigned long long>(index) < static_cast<unsigned long long>(count);
+}
+
+/// The text of a str argument; anything else is a TypeError whose `format` holds one "%s" for the type's name.
+/// A str that has no UTF-8 form (lone surrogates) raises UnicodeEncodeError.
+QString requireStr(const boost::python::object& argument, const char* format);
+
+/// The value of an int argument; anything else is a TypeError as above, a value beyond 64 bits an OverflowError.
+long long requireInt(const boost::python::object& argument, const char* format);
+
+/// Takes over a new reference; null unwinds with the pending exception.
+boost::python::object owned(PyObject* newReference);
+
+/// Prints the pending exception through sys.stderr, whatever the script did to it, and clears it. Never raises, never
+/// ends the process.
+void printPendingError();
+
+/// A str with the whole Unicode text, unlike the text conversion of return values (see TextConversion.h).
+boost::python::object unicodeText(const QString& text);
+
+} // namespace python

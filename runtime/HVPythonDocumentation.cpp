@@ -1,0 +1,92 @@
+#include "runtime/HVPythonDocumentation.h"
+
+#include "host/services/HVEventBus.h"
+#include "host/services/IAppWrapper.h"
+#include "runtime/ApplicationInterface.h"
+#include "runtime/DefaultBrowser.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QProcess>
+#include <QUrl>
+
+#include <cerrno>
+
+namespace {
+
+QString pagePath(const char* page)
+{
+    return QStringLiteral("doc/python/") + QLatin1String(page);
+}
+
+QString besideProgram(const QString& relativePath)
+{
+    return QDir::toNativeSeparators(QCoreApplication::applicationDirPath() + QDir::separator() + relativePath);
+}
+
+void reportFailure(const QString& detail)
+{
+    const QString text = QStringLiteral("Unable to open the Python documentation: %1").arg(qt_error_string(errno));
+    const IAppWrapper* app = python::applicationInterface();
+    if (!app || !app->isTerminalProgram())
+        QMessageBox::warning(nullptr, QStringLiteral("Python Documentation"), text, QMessageBox::Ok);
+    HVEventBus& bus = HVEventBus::instance();
+    bus.sendMessage(MessageLevel::Information, text);
+    bus.sendMessage(MessageLevel::Information, detail);
+}
+
+} // namespace
+
+void HVPythonDocumentation::open(const QUrl& url)
+{
+    QUrl target = url;
+    if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isRelative())
+        target.setPath(besideProgram(url.toLocalFile()));
+    errno = 0;
+    const bool found = !target.isLocalFile() || QFileInfo::exists(target.toLocalFile());
+    if (found && QDesktopServices::openUrl(target))
+        return;
+    // Qt does not pass on why it failed; a handler that does not exist is the usual reason.
+    if (errno == 0)
+        errno = ENOENT;
+    reportFailure(QStringLiteral("URL: %1").arg(url.toString()));
+}
+
+void HVPythonDocumentation::openIndex()
+{
+    open(QUrl::fromLocalFile(pagePath("index.html")));
+}
+
+void HVPythonDocumentation::openAttribute()
+{
+    open(QUrl::fromLocalFile(pagePath("strativo_python_attribute.html")));
+}
+
+void HVPythonDocumentation::openPackageManager()
+{
+    open(QUrl::fromLocalFile(pagePath("strativo_python_package_manager.html")));
+}
+
+void HVPythonDocumentation::openAndSearchForTargetString(const QString& target)
+{
+    const QString page = pagePath("search.html");
+    if (target.isEmpty()) {
+        open(QUrl::fromLocalFile(page));
+        return;
+    }
+    const QString file = besideProgram(page);
+    errno = ENOENT;
+    const QString browser = QFileInfo::exists(file) ? python::defaultBrowser() : QString();
+    if (browser.isEmpty()) {
+        reportFailure(QStringLiteral("File path: %1").arg(file));
+        return;
+    }
+    // The browser is started directly: desktop services drop the query of a local file's URL.
+    QUrl url = QUrl::fromLocalFile(file);
+    url.setQuery(QStringLiteral("q=%1").arg(QString::fromLatin1(QUrl::toPercentEncoding(target))));
+    if (!QProcess::startDetached(browser, {QString::fromLatin1(url.toEncoded())}))
+        reportFailure(QStringLiteral("File path: %1").arg(file));
+}

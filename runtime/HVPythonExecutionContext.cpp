@@ -1,0 +1,140 @@
+#include "runtime/HVPythonExecutionContext.h"
+
+#include "host/services/HVEventBus.h"
+#include "host/services/IAppWrapper.h"
+#include "runtime/ApplicationInterface.h"
+#include "runtime/CodeEditor.h"
+#include "runtime/Errors.h"
+#include "runtime/GilLock.h"
+#include "runtime/Interpreter.h"
+#include "runtime/PythonPaths.h"
+#include "runtime/ReplacedBuiltins.h"
+#include "runtime/RunMonitor.h"
+#include "runtime/RunTimeErrorHandler.h"
+#include "runtime/StreamCaptureBinding.h"
+
+/// The scripting module's frame implements it; the runtime only hands it to the interpreter.
+extern "C" PyObject* PyInit_strativo_python();
+
+using python::GilLock;
+using python::RunEnd;
+
+namespace {
+
+/// A null character would end the text early for the compiler, which would then run half of the script.
+bool refuseNullCharacters(const QString& code, const QByteArray& fileName)
+{
+    const int position = code.indexOf(QChar(0));
+    if (position < 0)
+        return false;
+    const int line = code.leftRef(position).count(QLatin1Char('\n')) + 1;
+    PyObject* arguments =
+        Py_BuildValue("(s(Niiz))", "source code cannot contain null characters",
+                      PyUnicode_DecodeFSDefault(fileName.constData()), line, 1, static_cast<const char*>(nullptr));
+    if (arguments) {
+        PyErr_SetObject(PyExc_SyntaxError, arguments);
+        Py_DECREF(arguments);
+    }
+    return true;
+}
+
+/// New reference, or null with the exception pending.
+PyObject* compile(const QString& code, const QString& fileName)
+{
+    const QByteArray file = fileName.toLocal8Bit();
+    if (refuseNullCharacters(code, file))
+        return nullptr;
+    return Py_CompileStringExFlags(code.toUtf8().constData(), file.constData(), Py_file_input, nullptr, -1);
+}
+
+} // namespace
+
+HVPythonExecutionContext::HVPythonExecutionContext(IAppWrapper* app)
+{
+    python::setApplicationInterface(app);
+    const std::wstring path = python::utils::ConstructPythonPath();
+    HVEventBus::instance().sendMessage(MessageLevel::Success,
+                                       QStringLiteral("Python Path: %1").arg(QString::fromStdWString(path)));
+    PyImport_AppendInittab("strativo_python", PyInit_strativo_python);
+    python::startInterpreter(path);
+    removeDangerousFunctions();
+
+    m_main = PyImport_AddModule("__main__");
+    if (!m_main)
+        boost::python::throw_error_already_set();
+    m_namespace = PyModule_GetDict(m_main);
+    installStreamsAndBuiltins();
+    // No thread keeps the lock: from here on every entry takes it for itself.
+    PyEval_SaveThread();
+}
+
+HVPythonExecutionContext::~HVPythonExecutionContext()
+{
+    m_main = nullptr;
+    m_namespace = nullptr;
+    // Not a guard: there is no interpreter left to give the lock back to.
+    PyGILState_Ensure();
+    python::stopInterpreter();
+    python::setApplicationInterface(nullptr);
+}
+
+void HVPythonExecutionContext::removeDangerousFunctions()
+{
+    const struct
+    {
+        const char* module;
+        const char* attribute;
+    } dangerous[] = {{"os", "_exit"}};
+    for (const auto& [moduleName, attribute] : dangerous) {
+        PyObject* module = PyImport_ImportModule(moduleName);
+        if (module && PyObject_HasAttrString(module, attribute))
+            PyObject_SetAttrString(module, attribute, nullptr);
+        Py_XDECREF(module);
+        PyErr_Clear();
+    }
+}
+
+void HVPythonExecutionContext::installStreamsAndBuiltins()
+{
+    python::installReplacedBuiltins();
+    python::installStreamCapture(m_main, m_stdout, m_stderr);
+    python::RunMonitor::install();
+}
+
+bool HVPythonExecutionContext::executePythonCode(const QString& code, python::CodeEditor* editor,
+                                                 const QString& fileName) const
+{
+    const QString text = code.isEmpty() && editor ? editor->plainText() : code;
+    m_lastRunEnd = RunEnd::NotRun;
+    if (text.isEmpty()) {
+        if (editor)
+            editor->clearErrors();
+        return false;
+    }
+
+    const GilLock lock;
+    python::restoreLostStreams();
+    PyObject* program = compile(text, fileName);
+    if (!program) {
+        python::reportSyntaxError(editor);
+        m_lastRunEnd = RunEnd::CompileError;
+        return false;
+    }
+
+    IAppWrapper* app = python::applicationInterface();
+    const python::RunMonitor monitor(app ? app->runObserver() : nullptr, fileName);
+    PyGC_Collect();
+    PyObject* result = PyEval_EvalCode(program, m_namespace, m_namespace);
+    Py_DECREF(program);
+    if (!result) {
+        m_lastRunEnd = python::handleRunTimeError(editor);
+        PyErr_Clear();
+        return false;
+    }
+    if (editor)
+        editor->clearErrors();
+    Py_DECREF(result);
+    PyGC_Collect();
+    m_lastRunEnd = RunEnd::Finished;
+    return true;
+}

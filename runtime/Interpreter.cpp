@@ -1,0 +1,121 @@
+#include "runtime/Interpreter.h"
+
+#include "runtime/GilLock.h"
+#include "runtime/PythonPaths.h"
+
+#include <boost/python/detail/wrap_python.hpp>
+
+#include <chrono>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+namespace python {
+
+namespace {
+
+constexpr std::chrono::milliseconds g_threadPatience{500};
+
+void check(PyStatus status)
+{
+    if (PyStatus_Exception(status))
+        Py_ExitStatusException(status);
+}
+
+void setString(PyConfig& config, wchar_t** field, const std::wstring& value)
+{
+    check(PyConfig_SetString(&config, field, value.c_str()));
+}
+
+void setSearchPath(PyConfig& config, std::wstring_view path)
+{
+    config.module_search_paths_set = 1;
+    while (!path.empty()) {
+        const std::size_t end = path.find(L';');
+        check(PyWideStringList_Append(&config.module_search_paths, std::wstring(path.substr(0, end)).c_str()));
+        path.remove_prefix(end == std::wstring_view::npos ? path.size() : end + 1);
+    }
+}
+
+/// The other threads that have a thread state, by the id that the interpreter knows them by.
+std::vector<unsigned long> otherThreads()
+{
+    std::vector<unsigned long> threads;
+    PyThreadState* own = PyThreadState_Get();
+    for (PyThreadState* state = PyInterpreterState_ThreadHead(PyInterpreterState_Get()); state;
+         state = PyThreadState_Next(state))
+        if (state != own)
+            threads.push_back(state->thread_id);
+    return threads;
+}
+
+/// Finalisation waits for every non-daemon thread; one that cannot be ended must not keep the application from
+/// leaving, so the interpreter forgets it. It stops for good when it next asks for the lock.
+void forgetThreads()
+{
+    PyObject* threading = PyDict_GetItemString(PyImport_GetModuleDict(), "threading");
+    if (!threading)
+        return;
+    for (const char* waitedFor : {"_shutdown_locks", "_threading_atexits"}) {
+        PyObject* container = PyObject_GetAttrString(threading, waitedFor);
+        PyObject* done = container ? PyObject_CallMethod(container, "clear", nullptr) : nullptr;
+        Py_XDECREF(container);
+        Py_XDECREF(done);
+        PyErr_Clear();
+    }
+}
+
+void endOtherThreads()
+{
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point deadline = Clock::now() + g_threadPatience;
+    for (unsigned long thread : otherThreads())
+        PyThreadState_SetAsyncExc(thread, PyExc_SystemExit);
+    while (!otherThreads().empty()) {
+        if (Clock::now() > deadline) {
+            forgetThreads();
+            return;
+        }
+        const GilRelease unlocked;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+}
+
+} // namespace
+
+void startInterpreter(const std::wstring& searchPath)
+{
+    PyPreConfig preconfig;
+    PyPreConfig_InitIsolatedConfig(&preconfig);
+    preconfig.utf8_mode = 1;
+    check(Py_PreInitialize(&preconfig));
+
+    PyConfig config;
+    PyConfig_InitIsolatedConfig(&config);
+    config.write_bytecode = 0;
+    config.optimization_level = 1;
+    // With this set, printing a SystemExit that some handler raised never ends the process.
+    config.inspect = 1;
+    setSearchPath(config, searchPath);
+
+    const std::wstring executable = utils::ConstructPythonExecutablePath();
+    const std::wstring home = executable.substr(0, executable.find_last_of(L"/\\"));
+    setString(config, &config.program_name, L"Strativo");
+    // Child processes of scripts (multiprocessing, pip) start the launcher, not a second application.
+    setString(config, &config.executable, executable);
+    setString(config, &config.base_executable, executable);
+    for (wchar_t** prefix :
+         {&config.home, &config.prefix, &config.base_prefix, &config.exec_prefix, &config.base_exec_prefix})
+        setString(config, prefix, home);
+
+    check(Py_InitializeFromConfig(&config));
+    PyConfig_Clear(&config);
+}
+
+void stopInterpreter()
+{
+    endOtherThreads();
+    Py_FinalizeEx();
+}
+
+} // namespace python

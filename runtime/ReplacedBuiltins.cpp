@@ -1,0 +1,82 @@
+#include "runtime/ReplacedBuiltins.h"
+
+#include "host/services/IAppWrapper.h"
+#include "runtime/ApplicationInterface.h"
+#include "runtime/Errors.h"
+#include "runtime/GilLock.h"
+#include "runtime/HVPythonDocumentation.h"
+#include "runtime/TextConversion.h"
+
+#include <boost/python.hpp>
+
+#include <QInputDialog>
+
+namespace bp = boost::python;
+
+namespace python {
+
+namespace {
+
+/// The interpreter's own input(); immortal, like the module that it came from.
+PyObject* g_originalInput = nullptr;
+
+QString labelOf(const bp::object& prompt)
+{
+    QString label;
+    PyObject* text = PyObject_Str(prompt.ptr());
+    if (text)
+        textFromPython(text, label);
+    Py_XDECREF(text);
+    PyErr_Clear();
+    return label;
+}
+
+bp::object input(const bp::object& prompt)
+{
+    const GilLock lock;
+    const IAppWrapper* app = applicationInterface();
+    if (app && app->isTerminalProgram())
+        return owned(PyObject_CallOneArg(g_originalInput, prompt.ptr()));
+
+    QInputDialog dialog(nullptr);
+    dialog.setWindowModality(Qt::ApplicationModal);
+    dialog.setWindowTitle(QStringLiteral("Python Input"));
+    dialog.setLabelText(labelOf(prompt));
+    dialog.setTextEchoMode(QLineEdit::Normal);
+    return unicodeText(dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString());
+}
+
+bp::object help(const bp::object& object)
+{
+    const GilLock lock;
+    if (object.is_none()) {
+        HVPythonDocumentation::openIndex();
+        return {};
+    }
+    PyObject* pydoc = PyImport_ImportModule("pydoc");
+    PyObject* pydocHelp = pydoc ? PyDict_GetItemString(PyModule_GetDict(pydoc), "help") : nullptr;
+    Py_XINCREF(pydocHelp);
+    Py_XDECREF(pydoc);
+    PyErr_Clear();
+    if (!pydocHelp || pydocHelp == Py_None) {
+        Py_XDECREF(pydocHelp);
+        return {};
+    }
+    PyObject* result = PyObject_CallFunction(pydocHelp, "(O)", object.ptr());
+    Py_DECREF(pydocHelp);
+    return owned(result);
+}
+
+} // namespace
+
+void installReplacedBuiltins()
+{
+    bp::object builtins = bp::import("builtins");
+    const bp::scope inBuiltins(builtins);
+    g_originalInput = bp::incref(bp::object(builtins.attr("input")).ptr());
+
+    builtins.attr("input") = bp::make_function(input, bp::default_call_policies(), (bp::arg("prompt") = ""));
+    builtins.attr("help") = bp::make_function(help, bp::default_call_policies(), (bp::arg("object") = bp::object()));
+}
+
+} // namespace python

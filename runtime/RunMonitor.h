@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+
+class IRunObserver;
+
+namespace python {
+
+/// Keeps the application alive while Python code occupies the GUI thread: for its lifetime the observer breathes about
+/// every 50 ms, between two instructions of the code or in the middle of a blocking call such as time.sleep, and a
+/// request to stop raises KeyboardInterrupt there.
+///
+/// Made and destroyed on the GUI thread with the interpreter lock held. Runs nest; the outermost one is observed. A
+/// null observer, or another thread, makes it do nothing.
+class RunMonitor
+{
+public:
+    RunMonitor(IRunObserver* observer, const QString& fileName);
+    ~RunMonitor();
+    RunMonitor(const RunMonitor&) = delete;
+    RunMonitor& operator=(const RunMonitor&) = delete;
+
+    /// Registers the wake-up signal with the interpreter; once, on the thread that started it.
+    static void install();
+
+private:
+    IRunObserver* m_observer = nullptr;
+};
+
+/// Makes Ctrl+C raise KeyboardInterrupt in the running script, as in plain Python; for programs on a terminal. Needs
+/// the interpreter lock, on the thread that started the interpreter.
+void enableKeyboardInterrupt();
+
+} // namespace python

@@ -1,0 +1,247 @@
+#include "runtime/RunTimeErrorHandler.h"
+
+#include "host/services/HVEventBus.h"
+#include "host/services/IAppWrapper.h"
+#include "runtime/ApplicationInterface.h"
+#include "runtime/CodeEditor.h"
+#include "runtime/Errors.h"
+#include "runtime/GilLock.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QSettings>
+
+namespace python {
+
+namespace {
+
+ModuleFinder& moduleFinder()
+{
+    static ModuleFinder finder;
+    return finder;
+}
+
+/// The fetched exception; given back by restore(), otherwise dropped.
+class FetchedException
+{
+public:
+    FetchedException()
+    {
+        PyErr_Fetch(&m_type, &m_value, &m_traceback);
+        PyErr_NormalizeException(&m_type, &m_value, &m_traceback);
+        if (m_traceback && m_value)
+            PyException_SetTraceback(m_value, m_traceback);
+    }
+    ~FetchedException()
+    {
+        Py_XDECREF(m_type);
+        Py_XDECREF(m_value);
+        Py_XDECREF(m_traceback);
+    }
+    FetchedException(const FetchedException&) = delete;
+    FetchedException& operator=(const FetchedException&) = delete;
+
+    void restore()
+    {
+        PyErr_Restore(std::exchange(m_type, nullptr), std::exchange(m_value, nullptr),
+                      std::exchange(m_traceback, nullptr));
+    }
+
+    bool isA(PyObject* type) const { return m_type && PyErr_GivenExceptionMatches(m_type, type); }
+    PyObject* traceback() const { return m_traceback; }
+
+    /// New reference, or null (nothing pending) when the exception has no such attribute.
+    PyObject* attribute(const char* name) const
+    {
+        PyObject* value = m_value ? PyObject_GetAttrString(m_value, name) : nullptr;
+        if (!value)
+            PyErr_Clear();
+        return value;
+    }
+
+private:
+    PyObject* m_type = nullptr;
+    PyObject* m_value = nullptr;
+    PyObject* m_traceback = nullptr;
+};
+
+/// Empty for anything but a str with a UTF-8 form.
+std::string utf8Of(PyObject* object)
+{
+    const char* utf8 = object && PyUnicode_Check(object) ? PyUnicode_AsUTF8(object) : nullptr;
+    PyErr_Clear();
+    return utf8 ? utf8 : std::string();
+}
+
+struct Location
+{
+    std::string file;
+    std::string function;
+    long line = -1;
+};
+
+/// Where the innermost call stood when the exception was raised.
+Location innermostLocation(PyObject* traceback)
+{
+    auto* entry = reinterpret_cast<PyTracebackObject*>(traceback);
+    while (entry->tb_next)
+        entry = entry->tb_next;
+    PyCodeObject* code = PyFrame_GetCode(entry->tb_frame);
+    Location location{utf8Of(code->co_filename), utf8Of(code->co_name), -1};
+    // The field is filled lazily, so it is read as an attribute; the frame itself may have run on since.
+    if (PyObject* line = PyObject_GetAttrString(reinterpret_cast<PyObject*>(entry), "tb_lineno")) {
+        location.line = PyLong_AsLong(line);
+        Py_DECREF(line);
+    }
+    PyErr_Clear();
+    Py_DECREF(code);
+    return location;
+}
+
+void closeWhatTheScriptLeftOpen()
+{
+    IAppWrapper* app = applicationInterface();
+    IProgressService* progress = app ? app->progressService() : nullptr;
+    if (progress && progress->isAnyRunning())
+        progress->closeAll();
+    if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
+        return;
+    if (QWidget* modal = QApplication::activeModalWidget()) {
+        QCloseEvent close;
+        QApplication::sendEvent(modal, &close);
+    }
+}
+
+/// A SystemExit whose code stands for success.
+bool exitedWithZero(const FetchedException& exception)
+{
+    PyObject* code = exception.attribute("code");
+    if (!code)
+        return false;
+    const bool zero = code == Py_None || (PyLong_Check(code) && Py_SIZE(code) == 0);
+    Py_DECREF(code);
+    return zero;
+}
+
+/// The built-in exit() closes sys.stdin, which only a process that ends can do without.
+void reopenStandardInput()
+{
+    PyObject* input = PySys_GetObject("stdin");
+    PyObject* closed = input ? PyObject_GetAttrString(input, "closed") : nullptr;
+    if (closed == Py_True) {
+        PyObject* fresh = PyFile_FromFd(0, "<stdin>", "r", -1, "utf-8", nullptr, nullptr, 0);
+        if (fresh)
+            PySys_SetObject("stdin", fresh);
+        Py_XDECREF(fresh);
+    }
+    Py_XDECREF(closed);
+    PyErr_Clear();
+}
+
+void reportSystemExit(const Location& location)
+{
+    HVEventBus& bus = HVEventBus::instance();
+    const QString file =
+        location.file.empty() ? QStringLiteral("Unknown filename") : QString::fromStdString(location.file);
+    const QString function =
+        location.function.empty() ? QStringLiteral("Unknown function") : QString::fromStdString(location.function);
+    bus.sendMessage(MessageLevel::Error, QStringLiteral("SystemExit exception raised in"), false);
+    bus.sendMessage(MessageLevel::Error,
+                    QStringLiteral("  File \"%1\", line %2, in %3").arg(file, QString::number(location.line), function),
+                    true);
+}
+
+void reportMissingModule(FetchedException& exception, CodeEditor* editor)
+{
+    PyObject* name = exception.attribute("name");
+    if (!name) {
+        PyErr_SetString(PyExc_AttributeError, "ModuleNotFoundError missing module 'name' attribute. Uh oh");
+        printPendingError();
+        exception.restore();
+        return;
+    }
+    const QString moduleName = QString::fromStdString(utf8Of(name));
+    Py_DECREF(name);
+    const bool installed = moduleFinder() && !moduleName.isEmpty() && moduleFinder()(moduleName);
+    if (installed) {
+        if (editor)
+            editor->clearErrors();
+    } else {
+        exception.restore();
+        printPendingError();
+    }
+    PyGC_Collect();
+}
+
+bool isSyntaxLike(PyObject* type)
+{
+    // TabError and IndentationError are SyntaxErrors.
+    return PyErr_GivenExceptionMatches(type, PyExc_SyntaxError) ||
+           PyErr_GivenExceptionMatches(type, PyExc_UnicodeDecodeError);
+}
+
+} // namespace
+
+void setModuleFinder(ModuleFinder finder)
+{
+    moduleFinder() = std::move(finder);
+}
+
+void reportSyntaxError(CodeEditor* editor)
+{
+    FetchedException exception;
+    PyObject* file = exception.attribute("filename");
+    PyObject* line = exception.attribute("lineno");
+    if (file && line && editor && PyLong_Check(line))
+        editor->errorDetected(utf8Of(file), std::string(), PyLong_AsLong(line));
+    Py_XDECREF(file);
+    Py_XDECREF(line);
+    exception.restore();
+    printPendingError();
+}
+
+RunEnd handleRunTimeError(CodeEditor* editor)
+{
+    const GilLock lock;
+    PyObject* pending = PyErr_Occurred();
+    if (!pending)
+        return RunEnd::Finished;
+
+    // Closing a window may run Python code, which must not find an exception pending.
+    PyObject *type = nullptr, *value = nullptr, *traceback = nullptr;
+    PyErr_Fetch(&type, &value, &traceback);
+    closeWhatTheScriptLeftOpen();
+    PyErr_Restore(type, value, traceback);
+
+    const bool findModules = QSettings().value(QStringLiteral("Python/autofind"), true).toBool();
+    if (isSyntaxLike(type)) {
+        reportSyntaxError(editor);
+        PyGC_Collect();
+        return RunEnd::Raised;
+    }
+
+    FetchedException exception;
+    Location location;
+    if (exception.traceback() && editor) {
+        location = innermostLocation(exception.traceback());
+        editor->errorDetected(location.file, location.function, location.line);
+    }
+
+    if (exception.isA(PyExc_SystemExit)) {
+        const bool zero = exitedWithZero(exception);
+        reportSystemExit(location);
+        reopenStandardInput();
+        PyGC_Collect();
+        return zero ? RunEnd::ExitedZero : RunEnd::ExitedNonZero;
+    }
+    if (exception.isA(PyExc_ModuleNotFoundError) && findModules) {
+        reportMissingModule(exception, editor);
+        return RunEnd::Raised;
+    }
+    exception.restore();
+    printPendingError();
+    PyGC_Collect();
+    return RunEnd::Raised;
+}
+
+} // namespace python

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "runtime/HVPythonExecutionContext.h"
+
+#include <QString>
+
+#include <functional>
+
+namespace python {
+
+/// Handles the pending exception of code that ran for `editor` (null: for none): closes progress bars and the modal
+/// dialog the script left open, marks the line, offers to install a missing module, and reports the error on standard
+/// error. Afterwards no exception is pending. Works with or without the interpreter lock; GUI thread only when there
+/// is an application object.
+RunEnd handleRunTimeError(CodeEditor* editor);
+
+/// Marks a pending SyntaxError-like exception in `editor`, prints it and clears it.
+void reportSyntaxError(CodeEditor* editor);
+
+/// Offers the user to install the module `name`; true when it is installed now. Without a finder the traceback is
+/// printed as for any other exception.
+using ModuleFinder = std::function<bool(const QString& name)>;
+void setModuleFinder(ModuleFinder finder);
+
+} // namespace python

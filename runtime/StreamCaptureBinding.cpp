@@ -1,0 +1,118 @@
+#include "runtime/StreamCaptureBinding.h"
+
+#include "host/services/HVEventBus.h"
+#include "runtime/Errors.h"
+#include "runtime/GilLock.h"
+
+#include <boost/python.hpp>
+
+namespace bp = boost::python;
+
+namespace python {
+
+namespace {
+
+/// The objects that Python holds; borrowed, they live as long as the class in `__main__`.
+PyObject* g_outputObject = nullptr;
+PyObject* g_errorObject = nullptr;
+
+int levelOf(PyObject* self)
+{
+    if (self == g_outputObject)
+        return static_cast<int>(MessageLevel::StandardOutput);
+    if (self == g_errorObject)
+        return static_cast<int>(MessageLevel::StandardError);
+    const HVPythonStreamCapture& capture = bp::extract<HVPythonStreamCapture&>(self);
+    return static_cast<int>(capture.isStdout ? MessageLevel::StandardOutput : MessageLevel::StandardError);
+}
+
+void post(int level, std::string_view utf8)
+{
+    HVEventBus& bus = HVEventBus::instance();
+    if (!bus.mayBlock()) {
+        bus.sendUtf8(level, utf8, false);
+        return;
+    }
+    // The reader at the other end of a pipe may need the lock before it reads on.
+    const GilRelease unlocked;
+    bus.sendUtf8(level, utf8, false);
+}
+
+/// A plain METH_O function: `print` calls it twice a line, and the class's own call path costs as much as the rest.
+PyObject* write(PyObject* self, PyObject* text)
+{
+    if (!PyUnicode_Check(text))
+        return PyErr_Format(PyExc_TypeError, "write() argument must be str, not %.200s", typeName(text));
+    Py_ssize_t size = 0;
+    if (const char* utf8 = PyUnicode_AsUTF8AndSize(text, &size)) {
+        post(levelOf(self), {utf8, static_cast<std::size_t>(size)});
+        Py_RETURN_NONE;
+    }
+    // Lone surrogates have no UTF-8 form; they are shown escaped rather than lost.
+    PyErr_Clear();
+    PyObject* escaped = PyUnicode_AsEncodedString(text, "utf-8", "backslashreplace");
+    if (!escaped)
+        return nullptr;
+    post(levelOf(self), {PyBytes_AS_STRING(escaped), static_cast<std::size_t>(PyBytes_GET_SIZE(escaped))});
+    Py_DECREF(escaped);
+    Py_RETURN_NONE;
+}
+
+PyMethodDef g_write = {"write", write, METH_O,
+                       "write(text: str) -> None\n\nPosts the text to the message window, exactly as it is.\n\n"
+                       "Raises TypeError when text is not a str. Lone surrogates are shown as escapes."};
+
+void doNothing(const HVPythonStreamCapture& /*capture*/) {}
+
+bool isNoTerminal(const HVPythonStreamCapture& /*capture*/)
+{
+    return false;
+}
+
+std::string encoding(const HVPythonStreamCapture& /*capture*/)
+{
+    return "utf-8";
+}
+
+void restoreLostStream(const char* name, PyObject* capture)
+{
+    PyObject* current = PySys_GetObject(name);
+    if (capture && (!current || current == Py_None))
+        PySys_SetObject(name, capture);
+}
+
+} // namespace
+
+void installStreamCapture(PyObject* mainModule, HVPythonStreamCapture& standardOutput,
+                          HVPythonStreamCapture& standardError)
+{
+    const bp::object main{bp::handle<>(bp::borrowed(mainModule))};
+    const bp::scope inMain(main);
+    bp::class_<HVPythonStreamCapture, boost::noncopyable> captureClass(
+        "__HVPythonStreamCapture",
+        "Stands in for sys.stdout and sys.stderr: what is written appears in the message window.", bp::no_init);
+    captureClass.def("flush", doNothing, bp::args("self"), "flush() -> None\n\nDoes nothing; nothing is held back.")
+        .def("isatty", isNoTerminal, bp::args("self"), "isatty() -> bool\n\nAlways False.")
+        .add_property("encoding", encoding, "The text encoding, always 'utf-8'.");
+    captureClass.attr("write") =
+        owned(PyDescr_NewMethod(reinterpret_cast<PyTypeObject*>(captureClass.ptr()), &g_write));
+
+    const bp::object output{bp::ptr(&standardOutput)};
+    const bp::object error{bp::ptr(&standardError)};
+    g_outputObject = output.ptr();
+    g_errorObject = error.ptr();
+    // Kept for the interpreter's life, so that a script that replaces sys.stdout does not destroy them.
+    bp::incref(g_outputObject);
+    bp::incref(g_errorObject);
+    bp::object sys = bp::import("sys");
+    sys.attr("stdout") = output;
+    sys.attr("stderr") = error;
+}
+
+void restoreLostStreams()
+{
+    restoreLostStream("stdout", g_outputObject);
+    restoreLostStream("stderr", g_errorObject);
+}
+
+} // namespace python
