@@ -1,13 +1,136 @@
 #include "app/workbench/Workbench.h"
 
+#include "app/ProgramSetup.h"
+#include "app/workbench/AppWrapper.h"
+#include "app/workbench/MainWindow.h"
+#include "app/workbench/RunIndicator.h"
+#include "app/workbench/Theme.h"
+#include "editor/HVPythonTextEdit.h"
+#include "host/widgets/HVMessageWindow.h"
+#include "runtime/HVPythonExecutionContext.h"
+
 #include <QApplication>
+#include <QCommandLineParser>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QTimer>
+
+#include <cstdio>
 
 namespace workbench {
 
+namespace {
+
+constexpr int g_statusLeft = 0;
+constexpr int g_statusFailed = 1;
+constexpr int g_statusNotStarted = 2;
+
+struct Options
+{
+    QStringList scripts;
+    bool execute = false;
+    QString screenshot;
+};
+
+Options parseArguments(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Seismic interpretation with Python scripting.\n\n"
+                       "To run a script without the window: strativo run SCRIPT (see strativo run --help)."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addPositionalArgument(QStringLiteral("scripts"), QStringLiteral("Python scripts to open."),
+                                 QStringLiteral("[scripts...]"));
+    const QCommandLineOption execute(QStringLiteral("execute"),
+                                     QStringLiteral("Run the first script after opening it."));
+    const QCommandLineOption screenshot(QStringLiteral("screenshot"),
+                                        QStringLiteral("Save a picture of the window and leave."),
+                                        QStringLiteral("file"));
+    parser.addOptions({execute, screenshot});
+    parser.process(arguments);
+    return {parser.positionalArguments(), parser.isSet(execute), parser.value(screenshot)};
+}
+
+int refuseToStart(const QString& sentence)
+{
+    std::fprintf(stderr, "strativo: %s\n", sentence.toLocal8Bit().constData());
+    if (QGuiApplication::platformName() != QLatin1String("offscreen"))
+        QMessageBox::critical(nullptr, QStringLiteral("Strativo"), sentence);
+    return g_statusNotStarted;
+}
+
+void execute(MainWindow& window, const HVPythonExecutionContext& context, HVPythonTextEdit& editor)
+{
+    if (window.runIndicator()->isRunning()) {
+        window.statusBar()->showMessage(MainWindow::tr("A script is running already."));
+        return;
+    }
+    const QString name =
+        editor.filename().isEmpty() ? QStringLiteral("<%1>").arg(MainWindow::tr("unsaved script")) : editor.filename();
+    const bool finished = context.executePythonCode(editor.plainText(), &editor, name);
+    window.statusBar()->showMessage(finished ? MainWindow::tr("The script has finished.")
+                                             : MainWindow::tr("The script has ended with an error; see the messages."));
+}
+
+int saveScreenshot(MainWindow& window, const QString& path)
+{
+    window.messageWindow()->flush();
+    QCoreApplication::processEvents();
+    if (window.grab().save(path))
+        return g_statusLeft;
+    std::fprintf(stderr, "strativo: cannot write %s\n", path.toLocal8Bit().constData());
+    return g_statusFailed;
+}
+
+} // namespace
+
 int run(int& argc, char** argv)
 {
+    program::coerceLocale();
+    program::choosePlatform();
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
-    return 0;
+    program::setUp();
+    const Options options = parseArguments(QCoreApplication::arguments());
+    if (const QString missing = program::missingPythonTree(); !missing.isEmpty())
+        return refuseToStart(missing);
+
+    applyTheme(storedTheme());
+    MainWindow window;
+    AppWrapper app(window);
+    int status = g_statusLeft;
+    {
+        const HVPythonExecutionContext context(&app);
+        window.actionDispatcher().setHandler(QStringLiteral("EXECUTE_PYTHON_IN_EDITOR"),
+                                             [&](QObject* /*sender*/, QObject* target) {
+                                                 if (auto* editor = qobject_cast<HVPythonTextEdit*>(target))
+                                                     execute(window, context, *editor);
+                                             });
+        window.restoreLayout();
+        window.show();
+        HVPythonTextEdit* first = nullptr;
+        for (const QString& script : options.scripts) {
+            HVPythonTextEdit* editor = window.openScript(script);
+            first = first ? first : editor;
+        }
+        // Once the windows are on the screen.
+        QTimer::singleShot(0, &window, [&] {
+            if (options.execute && first)
+                first->execute();
+            if (!options.screenshot.isEmpty())
+                QCoreApplication::exit(saveScreenshot(window, options.screenshot));
+        });
+        status = QApplication::exec();
+
+        // Python objects may hang on documents; they go while there is an interpreter.
+        window.hide();
+        window.destroyDocuments();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        window.actionDispatcher().setHandler(QStringLiteral("EXECUTE_PYTHON_IN_EDITOR"), {});
+    }
+    return status;
 }
 
 } // namespace workbench

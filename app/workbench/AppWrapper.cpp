@@ -1,0 +1,30 @@
+#include "app/workbench/AppWrapper.h"
+
+#include "app/workbench/MainWindow.h"
+#include "app/workbench/RunIndicator.h"
+
+#include <QCoreApplication>
+
+namespace workbench {
+
+QMainWindow* AppWrapper::mainWindow() const
+{
+    return &m_window;
+}
+
+HVMessageWindow* AppWrapper::messageWindow() const
+{
+    return m_window.messageWindow();
+}
+
+IRunObserver* AppWrapper::runObserver() const
+{
+    return m_window.runIndicator();
+}
+
+QString AppWrapper::version() const
+{
+    return QCoreApplication::applicationVersion();
+}
+
+} // namespace workbench

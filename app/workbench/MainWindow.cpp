@@ -1,0 +1,234 @@
+#include "app/workbench/MainWindow.h"
+
+#include "app/workbench/EmptyWorkspace.h"
+#include "app/workbench/MainMenus.h"
+#include "app/workbench/RecentScripts.h"
+#include "app/workbench/RunIndicator.h"
+#include "editor/HVPythonTextEdit.h"
+#include "host/services/HVEventBus.h"
+#include "host/services/HVIconStore.h"
+#include "host/widgets/HVMessageWindow.h"
+
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QScreen>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace workbench {
+
+namespace {
+
+const QString g_geometryKey = QStringLiteral("workbench/geometry");
+const QString g_stateKey = QStringLiteral("workbench/state");
+constexpr int g_stateVersion = 1;
+constexpr QSize g_preferredSize(1280, 860);
+constexpr int g_messageMilliseconds = 8000;
+
+QString scriptFilter()
+{
+    return MainWindow::tr("Python scripts (*.py);;All files (*)");
+}
+
+} // namespace
+
+MainWindow::MainWindow()
+    : m_workspace(new QMdiArea), m_messages(new HVMessageWindow), m_messageDock(new QDockWidget(tr("Messages"))),
+      m_toolBar(new QToolBar(tr("Main Tool Bar")))
+{
+    setWindowTitle(QStringLiteral("Strativo"));
+    setWindowIcon(HVIconStore::icon(QStringLiteral("horizon_24")));
+    setObjectName(QStringLiteral("mainWindow"));
+
+    m_workspace->setViewMode(QMdiArea::TabbedView);
+    m_workspace->setTabsClosable(true);
+    m_workspace->setTabsMovable(true);
+    m_workspace->setDocumentMode(true);
+    setCentralWidget(m_workspace);
+    auto* empty = new EmptyWorkspace(m_workspace);
+    connect(empty, &EmptyWorkspace::newScriptRequested, this, &MainWindow::newScript);
+    connect(empty, &EmptyWorkspace::openScriptRequested, this, &MainWindow::chooseScript);
+    connect(empty, &EmptyWorkspace::recentScriptRequested, this, &MainWindow::openScript);
+
+    m_messageDock->setObjectName(QStringLiteral("messagesDock"));
+    m_messageDock->setWidget(m_messages);
+    addDockWidget(Qt::BottomDockWidgetArea, m_messageDock);
+
+    m_toolBar->setObjectName(QStringLiteral("mainToolBar"));
+    m_toolBar->setIconSize({20, 20});
+    addToolBar(m_toolBar);
+
+    m_runIndicator = new RunIndicator(this, m_messages);
+    m_menus = new MainMenus(*this);
+    m_runIndicator->setStopButton(m_toolBar->widgetForAction(m_runIndicator->stopAction()));
+    connect(m_runIndicator, &RunIndicator::runningChanged, this, [this](bool running) {
+        if (!running && std::exchange(m_closeAfterRun, false))
+            QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
+    });
+}
+
+MainWindow::~MainWindow()
+{
+    // Signals of dying documents must not reach a half-destroyed window.
+    m_workspace->disconnect();
+}
+
+QMdiSubWindow* MainWindow::addDocument(QWidget* widget)
+{
+    QMdiSubWindow* document = m_workspace->addSubWindow(widget);
+    document->setAttribute(Qt::WA_DeleteOnClose);
+    document->setWindowIcon(widget->windowIcon());
+    document->installEventFilter(this);
+    document->showMaximized();
+    return document;
+}
+
+void MainWindow::destroyDocuments()
+{
+    for (QMdiSubWindow* document : m_workspace->subWindowList())
+        delete document;
+}
+
+HVPythonTextEdit* MainWindow::activeEditor() const
+{
+    const QMdiSubWindow* document = m_workspace->activeSubWindow();
+    // While another window is in front, the area still knows which document was.
+    if (!document)
+        document = m_workspace->currentSubWindow();
+    return document ? qobject_cast<HVPythonTextEdit*>(document->widget()) : nullptr;
+}
+
+HVPythonTextEdit* MainWindow::addEditor()
+{
+    auto* editor = new HVPythonTextEdit;
+    connect(editor, &HVPythonTextEdit::sendActionToMdi, this,
+            [this](QObject* sender, QObject* target, const QString& action) {
+                m_dispatcher.dispatch(sender, target, action);
+            });
+    addDocument(editor);
+    editor->setFocus();
+    return editor;
+}
+
+HVPythonTextEdit* MainWindow::newScript()
+{
+    return addEditor();
+}
+
+HVPythonTextEdit* MainWindow::openScript(const QString& path)
+{
+    const QFileInfo info(path);
+    for (QMdiSubWindow* document : m_workspace->subWindowList()) {
+        auto* editor = qobject_cast<HVPythonTextEdit*>(document->widget());
+        if (editor && !editor->filename().isEmpty() && QFileInfo(editor->filename()) == info) {
+            m_workspace->setActiveSubWindow(document);
+            return editor;
+        }
+    }
+    // Tried first, so that a failure leaves no empty window behind.
+    QFile file(info.absoluteFilePath());
+    if (info.isDir() || !file.open(QIODevice::ReadOnly)) {
+        removeRecentScript(path);
+        const QString reason = info.isDir() ? tr("It is a folder.") : file.errorString();
+        HVEventBus::instance().sendMessage(MessageLevel::Error, tr("Unable to open %1: %2").arg(path, reason), true);
+        return nullptr;
+    }
+    file.close();
+    HVPythonTextEdit* editor = addEditor();
+    editor->loadFile(info.absoluteFilePath());
+    addRecentScript(path);
+    return editor;
+}
+
+void MainWindow::chooseScript()
+{
+    const QStringList paths = QFileDialog::getOpenFileNames(this, tr("Open Script"), scriptFolder(), scriptFilter());
+    for (const QString& path : paths)
+        openScript(path);
+}
+
+bool MainWindow::saveScript()
+{
+    HVPythonTextEdit* editor = activeEditor();
+    if (!editor)
+        return false;
+    return editor->filename().isEmpty() ? saveScriptAs() : saveUnder(*editor, editor->filename());
+}
+
+bool MainWindow::saveScriptAs()
+{
+    HVPythonTextEdit* editor = activeEditor();
+    if (!editor)
+        return false;
+    const QString start = editor->filename().isEmpty() ? scriptFolder() : editor->filename();
+    QString path = QFileDialog::getSaveFileName(this, tr("Save Script As"), start, scriptFilter());
+    if (path.isEmpty())
+        return false;
+    if (QFileInfo(path).suffix().isEmpty())
+        path += QStringLiteral(".py");
+    return saveUnder(*editor, path);
+}
+
+bool MainWindow::saveUnder(HVPythonTextEdit& editor, const QString& path)
+{
+    const QString before = editor.filename();
+    editor.setFilename(path);
+    if (!editor.saveToFile()) {
+        editor.setFilename(before);
+        return false;
+    }
+    addRecentScript(path);
+    statusBar()->showMessage(tr("Saved %1").arg(path), g_messageMilliseconds);
+    return true;
+}
+
+void MainWindow::restoreLayout()
+{
+    const QSettings settings;
+    if (!restoreGeometry(settings.value(g_geometryKey).toByteArray())) {
+        const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+        resize(g_preferredSize.boundedTo(screen.size() * 9 / 10));
+        move(screen.center() - rect().center());
+        resizeDocks({m_messageDock}, {height() / 4}, Qt::Vertical);
+    }
+    restoreState(settings.value(g_stateKey).toByteArray(), g_stateVersion);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    // In an event loop of the script's own, which must end before its windows may go.
+    if (m_runIndicator->isRunning()) {
+        m_closeAfterRun = true;
+        event->ignore();
+        return;
+    }
+    m_workspace->closeAllSubWindows();
+    if (!m_workspace->subWindowList().isEmpty()) {
+        event->ignore();
+        return;
+    }
+    QSettings settings;
+    settings.setValue(g_geometryKey, saveGeometry());
+    settings.setValue(g_stateKey, saveState(g_stateVersion));
+    event->accept();
+}
+
+bool MainWindow::eventFilter(QObject* receiver, QEvent* event)
+{
+    // The script's own editor is in use during a run.
+    const auto* document = qobject_cast<QMdiSubWindow*>(receiver);
+    if (event->type() == QEvent::Close && m_runIndicator->isRunning() && document &&
+        qobject_cast<HVPythonTextEdit*>(document->widget())) {
+        statusBar()->showMessage(tr("A script is running; stop it first."), g_messageMilliseconds);
+        event->ignore();
+        return true;
+    }
+    return QMainWindow::eventFilter(receiver, event);
+}
+
+} // namespace workbench

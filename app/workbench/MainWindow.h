@@ -1,0 +1,71 @@
+#pragma once
+
+#include "host/services/HVActionDispatcher.h"
+
+#include <QMainWindow>
+
+class HVMessageWindow;
+class HVPythonTextEdit;
+class QMdiArea;
+class QMdiSubWindow;
+class QToolBar;
+
+namespace workbench {
+
+class MainMenus;
+class RunIndicator;
+
+/// The application's main window: a tabbed document area, the message window in a dock, menus, tool bar and status
+/// bar. Cheap to make, since programs without a screen make one as well; what only a person sees comes with
+/// restoreLayout(). GUI thread only.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    QMdiArea* workspace() const { return m_workspace; }
+    HVMessageWindow* messageWindow() const { return m_messages; }
+    QDockWidget* messageDock() const { return m_messageDock; }
+    QToolBar* toolBar() const { return m_toolBar; }
+    RunIndicator* runIndicator() const { return m_runIndicator; }
+    /// Where documents send their actions; the program adds the handlers.
+    HVActionDispatcher& actionDispatcher() { return m_dispatcher; }
+
+    /// Adds `widget` to the document area, which owns it from then on. The sub-window deletes itself when closed.
+    QMdiSubWindow* addDocument(QWidget* widget);
+    /// Closes and destroys all documents without asking.
+    void destroyDocuments();
+
+    HVPythonTextEdit* activeEditor() const;
+    HVPythonTextEdit* newScript();
+    /// The editor that shows the file, which may be open already; null after a message when it cannot be read.
+    HVPythonTextEdit* openScript(const QString& path);
+    void chooseScript();
+    bool saveScript();
+    bool saveScriptAs();
+
+    /// Geometry, docks and tool bars as they were left, and a sensible size the first time.
+    void restoreLayout();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+    HVPythonTextEdit* addEditor();
+    bool saveUnder(HVPythonTextEdit& editor, const QString& path);
+
+    QMdiArea* m_workspace;
+    HVMessageWindow* m_messages;
+    QDockWidget* m_messageDock;
+    QToolBar* m_toolBar;
+    RunIndicator* m_runIndicator;
+    MainMenus* m_menus;
+    HVActionDispatcher m_dispatcher;
+    bool m_closeAfterRun = false;
+};
+
+} // namespace workbench

@@ -1,0 +1,89 @@
+#include "app/workbench/RunIndicator.h"
+
+#include "host/services/HVIconStore.h"
+#include "host/widgets/HVMessageWindow.h"
+
+#include <QAction>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMainWindow>
+#include <QStatusBar>
+
+namespace workbench {
+
+RunIndicator::RunIndicator(QMainWindow* window, HVMessageWindow* messages)
+    : QObject(window), m_window(window), m_messages(messages),
+      m_stop(new QAction(HVIconStore::icon(QStringLiteral("pythonstop24")), tr("Stop Script"), this)),
+      m_label(new QLabel), m_title(window->windowTitle())
+{
+    m_stop->setShortcut(tr("Shift+F5"));
+    m_stop->setToolTip(tr("Stop the running script (Shift+F5, or Esc twice)"));
+    m_stop->setStatusTip(tr("Interrupts the running script with KeyboardInterrupt"));
+    m_stop->setEnabled(false);
+    connect(m_stop, &QAction::triggered, this, &RunIndicator::askToStop);
+    connect(&m_input, &HeldInput::stopKeysPressed, this, &RunIndicator::askToStop);
+    m_label->setContentsMargins(6, 0, 6, 0);
+    m_label->hide();
+    window->statusBar()->addWidget(m_label);
+}
+
+void RunIndicator::setStopButton(QWidget* button)
+{
+    m_input.setStopControl(button, m_stop->shortcut());
+}
+
+void RunIndicator::askToStop()
+{
+    if (!m_running)
+        return;
+    m_stopAsked = true;
+    m_label->setText(tr("Stopping %1 ...").arg(m_script));
+}
+
+void RunIndicator::runStarted(const QString& fileName)
+{
+    m_script = QFileInfo(fileName).fileName();
+    m_clock.start();
+    m_running = true;
+    m_stopAsked = false;
+    m_stop->setEnabled(true);
+    Q_EMIT runningChanged(true);
+}
+
+bool RunIndicator::breathe()
+{
+    m_messages->flushSome();
+    showState();
+    m_input.processEvents();
+    return std::exchange(m_stopAsked, false);
+}
+
+void RunIndicator::showState()
+{
+    if (!m_shown) {
+        m_shown = true;
+        m_window->statusBar()->clearMessage();
+        m_window->setWindowTitle(tr("%1 (running)").arg(m_title));
+        m_window->setCursor(Qt::BusyCursor);
+        m_label->show();
+    }
+    const QString state =
+        tr("Running %1 for %2 s. Press Esc twice to stop.").arg(m_script).arg(m_clock.elapsed() / 1000);
+    if (!m_stopAsked && m_label->text() != state)
+        m_label->setText(state);
+}
+
+void RunIndicator::runFinished()
+{
+    m_running = false;
+    m_stop->setEnabled(false);
+    if (m_shown) {
+        m_shown = false;
+        m_label->hide();
+        m_window->unsetCursor();
+        m_window->setWindowTitle(m_title);
+    }
+    Q_EMIT runningChanged(false);
+}
+
+} // namespace workbench

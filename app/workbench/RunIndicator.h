@@ -1,0 +1,58 @@
+#pragma once
+
+#include "app/workbench/HeldInput.h"
+#include "host/services/IAppWrapper.h"
+
+#include <QElapsedTimer>
+#include <QPointer>
+
+class HVMessageWindow;
+class QAction;
+class QLabel;
+class QMainWindow;
+
+namespace workbench {
+
+/// Shows that a script is running and lets the user stop it. GUI thread only.
+///
+/// What takes less than a breath leaves no trace on the screen.
+class RunIndicator final : public QObject, public IRunObserver
+{
+    Q_OBJECT
+
+public:
+    /// `window` owns the indicator; `messages` lives as long as the window.
+    RunIndicator(QMainWindow* window, HVMessageWindow* messages);
+
+    /// Enabled during a run; asks for the script to be interrupted.
+    QAction* stopAction() const { return m_stop; }
+    /// The button of stopAction(), which works while the script runs.
+    void setStopButton(QWidget* button);
+
+    bool isRunning() const { return m_running; }
+    void askToStop();
+
+    void runStarted(const QString& fileName) override;
+    bool breathe() override;
+    void runFinished() override;
+
+Q_SIGNALS:
+    void runningChanged(bool running);
+
+private:
+    void showState();
+
+    QMainWindow* m_window;
+    HVMessageWindow* m_messages;
+    QAction* m_stop;
+    QLabel* m_label;
+    HeldInput m_input;
+    QElapsedTimer m_clock;
+    QString m_script;
+    const QString m_title; // of the window without a document's name, which the document area adds
+    bool m_running = false;
+    bool m_shown = false;
+    bool m_stopAsked = false;
+};
+
+} // namespace workbench
