@@ -96,6 +96,8 @@ void startInterpreter(const std::wstring& searchPath)
     config.optimization_level = 1;
     // With this set, printing a SystemExit that some handler raised never ends the process.
     config.inspect = 1;
+    // Frozen modules have no file, so that their source could not be shown.
+    config.use_frozen_modules = 0;
     setSearchPath(config, searchPath);
 
     const std::wstring executable = utils::ConstructPythonExecutablePath();

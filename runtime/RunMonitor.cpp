@@ -119,7 +119,8 @@ void RunMonitor::install()
 void enableKeyboardInterrupt()
 {
     const bp::object signal = bp::import("_signal");
-    signal.attr("signal")(SIGINT, signal.attr("default_int_handler"));
+    const bp::object handler = signal.attr("default_int_handler");
+    signal.attr("signal")(SIGINT, handler);
 }
 
 } // namespace python

@@ -5,6 +5,7 @@
 #include "runtime/GilLock.h"
 
 #include <boost/python.hpp>
+#include <boost/python/stl_iterator.hpp>
 
 namespace bp = boost::python;
 
@@ -64,7 +65,12 @@ PyMethodDef g_write = {"write", write, METH_O,
 
 void doNothing(const HVPythonStreamCapture& /*capture*/) {}
 
-bool isNoTerminal(const HVPythonStreamCapture& /*capture*/)
+bool always(const HVPythonStreamCapture& /*capture*/)
+{
+    return true;
+}
+
+bool never(const HVPythonStreamCapture& /*capture*/)
 {
     return false;
 }
@@ -72,6 +78,28 @@ bool isNoTerminal(const HVPythonStreamCapture& /*capture*/)
 std::string encoding(const HVPythonStreamCapture& /*capture*/)
 {
     return "utf-8";
+}
+
+std::string errors(const HVPythonStreamCapture& /*capture*/)
+{
+    return "backslashreplace";
+}
+
+void writeLines(const bp::object& self, const bp::object& lines)
+{
+    for (bp::stl_input_iterator<bp::object> line(lines), end; line != end; ++line)
+        owned(write(self.ptr(), line->ptr()));
+}
+
+bp::object enter(const bp::object& self)
+{
+    return self;
+}
+
+bool leave(const HVPythonStreamCapture& /*capture*/, const bp::object& /*type*/, const bp::object& /*value*/,
+           const bp::object& /*traceback*/)
+{
+    return false;
 }
 
 void restoreLostStream(const char* name, PyObject* capture)
@@ -92,8 +120,20 @@ void installStreamCapture(PyObject* mainModule, HVPythonStreamCapture& standardO
         "__HVPythonStreamCapture",
         "Stands in for sys.stdout and sys.stderr: what is written appears in the message window.", bp::no_init);
     captureClass.def("flush", doNothing, bp::args("self"), "flush() -> None\n\nDoes nothing; nothing is held back.")
-        .def("isatty", isNoTerminal, bp::args("self"), "isatty() -> bool\n\nAlways False.")
-        .add_property("encoding", encoding, "The text encoding, always 'utf-8'.");
+        .def("isatty", never, bp::args("self"), "isatty() -> bool\n\nAlways False.");
+    // What programs that take sys.stdout for an ordinary file expect beyond that.
+    captureClass
+        .def("writelines", writeLines, bp::args("self", "lines"),
+             "writelines(lines: Iterable[str]) -> None\n\nWrites each text; adds no line ends.")
+        .def("close", doNothing, bp::args("self"), "close() -> None\n\nDoes nothing; the message window stays.")
+        .def("writable", always, bp::args("self"), "writable() -> bool\n\nAlways True.")
+        .def("readable", never, bp::args("self"), "readable() -> bool\n\nAlways False.")
+        .def("seekable", never, bp::args("self"), "seekable() -> bool\n\nAlways False.")
+        .def("__enter__", enter, bp::args("self"))
+        .def("__exit__", leave, bp::args("self", "type", "value", "traceback"))
+        .add_property("closed", never, "Always False.")
+        .add_property("encoding", encoding, "The text encoding, always 'utf-8'.")
+        .add_property("errors", errors, "What becomes of text without a UTF-8 form: 'backslashreplace'.");
     captureClass.attr("write") =
         owned(PyDescr_NewMethod(reinterpret_cast<PyTypeObject*>(captureClass.ptr()), &g_write));
 
