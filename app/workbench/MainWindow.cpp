@@ -18,6 +18,7 @@
 #include <QMdiSubWindow>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QToolBar>
 
 namespace workbench {
@@ -49,6 +50,8 @@ MainWindow::MainWindow()
     m_workspace->setTabsClosable(true);
     m_workspace->setTabsMovable(true);
     m_workspace->setDocumentMode(true);
+    for (QTabBar* tabs : m_workspace->findChildren<QTabBar*>())
+        tabs->setExpanding(false);
     setCentralWidget(m_workspace);
     auto* empty = new EmptyWorkspace(m_workspace);
     connect(empty, &EmptyWorkspace::newScriptRequested, this, &MainWindow::newScript);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QString>
+
+/// app: the program, as workbench (app/workbench) and as headless runner (app/headless); what both need first is here.
+namespace program {
+
+/// Gives a process that was started in the plain "C" locale UTF-8 text. Before the application object.
+void coerceLocale();
+
+/// Lets a process without a display run all the same. Before the application object.
+void choosePlatform();
+
+/// Names the application, keeps its settings in the user-data folder and tells the scripting layer where it lies.
+/// After the application object.
+void setUp();
+
+/// One sentence naming what is missing of the Python tree beside the program; empty when it is there.
+QString missingPythonTree();
+
+} // namespace program

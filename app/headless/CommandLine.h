@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace headless {
+
+/// What `strativo run` was asked to do.
+struct CommandLine
+{
+    enum class Source
+    {
+        File,
+        StandardInput,
+        Code,
+    };
+
+    Source source = Source::File;
+    /// The script's path, or the code itself.
+    QString script;
+    /// Handed to the script as sys.argv[1:].
+    QStringList arguments;
+    QString project;
+    QStringList plugins;
+    bool verbose = false;
+    bool help = false;
+    /// One sentence when the command line cannot be understood, else empty.
+    QString error;
+};
+
+/// Reads the words after "run". Options end at the script: all that follows belongs to it.
+CommandLine parseCommandLine(const QStringList& words);
+
+QString usage();
+
+} // namespace headless

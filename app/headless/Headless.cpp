@@ -1,0 +1,156 @@
+#include "app/headless/Headless.h"
+
+#include "app/ProgramSetup.h"
+#include "app/headless/CommandLine.h"
+#include "app/headless/StandardStreams.h"
+#include "app/workbench/AppWrapper.h"
+#include "app/workbench/MainWindow.h"
+#include "runtime/GilLock.h"
+#include "runtime/HVPythonExecutionContext.h"
+#include "runtime/RunMonitor.h"
+#include "runtime/ScriptArguments.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
+
+namespace headless {
+
+namespace {
+
+constexpr int g_statusRan = 0;
+constexpr int g_statusFailed = 1;
+constexpr int g_statusNotStarted = 2;
+
+/// The workbench's objects for a user who sits at a terminal.
+class TerminalApp final : public workbench::AppWrapper
+{
+public:
+    using AppWrapper::AppWrapper;
+    bool isTerminalProgram() const override { return true; }
+    IRunObserver* runObserver() const override { return nullptr; }
+};
+
+/// Qt's own remarks about the platform are of no use to a script's user.
+void hideQtWarnings(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
+}
+
+int refuse(const QString& sentence)
+{
+    std::fprintf(stderr, "strativo: %s\n", sentence.toLocal8Bit().constData());
+    return g_statusNotStarted;
+}
+
+struct Script
+{
+    QByteArray source;
+    /// The name under which it is compiled.
+    QString name;
+    /// sys.argv[0], the first folder of the search path, `__file__`.
+    QString argument;
+    QString directory;
+    QString file;
+};
+
+/// A sentence when the script cannot be read, else empty.
+QString readScript(const CommandLine& line, Script& script)
+{
+    switch (line.source) {
+    case CommandLine::Source::Code:
+        script = {line.script.toUtf8(), QStringLiteral("<string>"), QStringLiteral("-c"), QString(), QString()};
+        return {};
+    case CommandLine::Source::StandardInput: {
+        QFile input;
+        if (!input.open(stdin, QIODevice::ReadOnly))
+            return QStringLiteral("cannot read standard input: %1").arg(input.errorString());
+        script = {input.readAll(), QStringLiteral("<stdin>"), QStringLiteral("-"), QString(), QString()};
+        return {};
+    }
+    case CommandLine::Source::File:
+        break;
+    }
+    const QFileInfo info(line.script);
+    if (!info.exists())
+        return QStringLiteral("no such file: %1").arg(line.script);
+    QFile file(line.script);
+    if (info.isDir() || !file.open(QIODevice::ReadOnly))
+        return QStringLiteral("cannot read %1: %2")
+            .arg(line.script, info.isDir() ? QStringLiteral("it is a directory") : file.errorString());
+    script = {file.readAll(), line.script, line.script, info.absolutePath(), line.script};
+    return {};
+}
+
+int runScript(const HVPythonExecutionContext& context, const Script& script, const QStringList& arguments)
+{
+    QString code;
+    QString error;
+    if (!python::decodeScript(script.source, code, error)) {
+        std::fprintf(stderr,
+                     "strativo: %s is not text: %s; save it as UTF-8 or name its encoding in a coding comment\n",
+                     script.name.toLocal8Bit().constData(), error.toLocal8Bit().constData());
+        return g_statusFailed;
+    }
+    python::setScriptArguments(QStringList(script.argument) + arguments, script.directory, script.file);
+    // An empty program is a program; to the context no code at all means "nothing to run".
+    context.executePythonCode(code.isEmpty() ? QStringLiteral("\n") : code, nullptr, script.name);
+    switch (context.lastRunEnd()) {
+    case python::RunEnd::Finished:
+    case python::RunEnd::ExitedZero:
+        return g_statusRan;
+    default:
+        return g_statusFailed;
+    }
+}
+
+} // namespace
+
+int run(int argc, char** argv)
+{
+    program::coerceLocale();
+    program::choosePlatform();
+    QStringList words;
+    for (int i = 2; i < argc; ++i)
+        words << QString::fromLocal8Bit(argv[i]);
+    const CommandLine line = parseCommandLine(words);
+    if (line.help) {
+        std::fputs(usage().toLocal8Bit().constData(), stdout);
+        return g_statusRan;
+    }
+    if (!line.error.isEmpty()) {
+        std::fputs(usage().toLocal8Bit().constData(), stderr);
+        return refuse(line.error);
+    }
+    if (!line.project.isEmpty())
+        return refuse(QStringLiteral("--project is not available yet"));
+    if (!line.plugins.isEmpty())
+        return refuse(QStringLiteral("--plugin is not available yet"));
+    Script script;
+    if (const QString error = readScript(line, script); !error.isEmpty())
+        return refuse(error);
+
+    if (!line.verbose)
+        qInstallMessageHandler(hideQtWarnings);
+    // Qt must not take words that belong to the script.
+    int ownArguments = 1;
+    QApplication application(ownArguments, argv);
+    program::setUp();
+    if (const QString missing = program::missingPythonTree(); !missing.isEmpty())
+        return refuse(missing);
+
+    const StandardStreams streams(line.verbose);
+    workbench::MainWindow window;
+    TerminalApp app(window);
+    const HVPythonExecutionContext context(&app);
+    {
+        const python::GilLock lock;
+        python::enableKeyboardInterrupt();
+    }
+    return runScript(context, script, line.arguments);
+}
+
+} // namespace headless

@@ -1,0 +1,182 @@
+"""strativo run from outside: streams, exit status, hostile scripts, leaving."""
+import os
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+
+PROGRAM = sys.argv.pop(1)
+PYTHON = "/usr/bin/python3"
+
+
+def strativo(*words, stdin="", **options):
+    return subprocess.run([PROGRAM, "run", *words], input=stdin, capture_output=True, text=True, timeout=120, **options)
+
+
+class RunnerCase(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = Path(folder.name)
+
+    def script(self, source, name="script.py"):
+        path = self.folder / name
+        path.write_bytes(source if isinstance(source, bytes) else source.encode())
+        return str(path)
+
+    def expect(self, result, status, out=None, err=None):
+        self.assertEqual(result.returncode, status, result.stderr[-2000:])
+        if out is not None:
+            self.assertEqual(result.stdout, out)
+        if err is not None:
+            self.assertIn(err, result.stderr)
+
+
+class CommandLine(RunnerCase):
+    def test_sources_arguments_and_imports(self):
+        self.script("def twice(x): return 2 * x", "helper_beside.py")
+        path = self.script("import sys, helper_beside\nprint(sys.argv[1:], __file__ == sys.argv[0], helper_beside.twice(4))")
+        self.expect(strativo(path, "--verbose", "-x", "a b"), 0, "['--verbose', '-x', 'a b'] True 8\n", "")
+        self.expect(strativo("-c", "import sys; print(sys.argv)", "1"), 0, "['-c', '1']\n")
+        self.expect(strativo("-", "q", stdin="import sys; print(sys.argv)"), 0, "['-', 'q']\n")
+        self.assertFalse((self.folder / "__pycache__").exists())
+
+    def test_status_two_means_not_started(self):
+        for words, text in (
+            ([], "no script given"),
+            (["--no-such", "x.py"], "unknown option --no-such"),
+            (["-c"], "-c needs"),
+            ([str(self.folder / "absent.py")], "no such file"),
+            ([str(self.folder)], "it is a directory"),
+        ):
+            result = strativo(*words)
+            self.expect(result, 2, "", text)
+
+    def test_notices_only_when_verbose(self):
+        self.expect(strativo("-c", "pass"), 0, "", "")
+        self.assertEqual(strativo("-c", "pass").stderr, "")
+        self.expect(strativo("--verbose", "-c", "pass"), 0, "", "Python Path: ")
+
+    def test_missing_tree_is_one_sentence(self):
+        libraries = Path(PROGRAM).parent.parent / "lib"
+        shutil.copy(PROGRAM, self.folder / "strativo")
+        result = subprocess.run(
+            [self.folder / "strativo", "run", "-c", "pass"], capture_output=True, text=True,
+            env=dict(os.environ, LD_LIBRARY_PATH=str(libraries)), timeout=60)
+        self.expect(result, 2, "", "the Python tree is incomplete")
+        self.assertEqual(result.stderr.count("\n"), 1)
+
+
+class Outcomes(RunnerCase):
+    def test_status_follows_the_script(self):
+        self.expect(strativo("-c", "x = 1"), 0)
+        self.expect(strativo("-c", "1/0"), 1, "", "ZeroDivisionError: division by zero")
+        self.expect(strativo("-c", "a b"), 1, "", "SyntaxError")
+        self.expect(strativo("-c", "import sys; sys.exit()"), 0, "", "SystemExit exception raised in")
+        self.expect(strativo("-c", "import sys; sys.exit(3)"), 1)
+        self.expect(strativo("-c", "import sys; sys.exit(object())"), 1)
+
+    def test_traceback_shows_the_source_line(self):
+        path = self.script("def f(x):\n    return x / 0\n\nf(1)\n")
+        self.expect(strativo(path), 1, "", 'script.py", line 2, in f\n    return x / 0')
+
+    def test_source_encodings(self):
+        self.expect(strativo(self.script(b"\xef\xbb\xbfprint('\xc3\xa9')\r\n")), 0, "\u00e9\n")
+        self.expect(strativo(self.script(b"# -*- coding: latin-1 -*-\nprint('\xe9')\n")), 0, "\u00e9\n")
+        self.expect(strativo(self.script(b"print('\xe9')\n")), 1, "", "is not text")
+        self.expect(strativo(self.script(b"# coding: nonsense\n")), 1, "", "unknown encoding")
+        self.expect(strativo(self.script(b"print(1)\x00\nprint(2)\n")), 1, "", "null characters")
+        self.expect(strativo(self.script(b"")), 0, "", "")
+
+    def test_large_script_and_large_output(self):
+        source = "x = '" + "s" * 1000 + "'  # filler\n"
+        self.expect(strativo(self.script(source * (10_000_000 // len(source)) + "print(len(x))\n")), 0, "1000\n")
+        result = strativo("-c", "for i in range(1000000): print(i)")
+        self.expect(result, 0)
+        self.assertEqual(result.stdout, "".join("%d\n" % i for i in range(1000000)))
+
+    def test_streams_that_scripts_break(self):
+        keeps = "print('earlier', flush=True)\n"
+        self.expect(strativo("-c", keeps + "print('\\ud800')"), 0, "earlier\n\\ud800\n")
+        self.expect(strativo("-c", keeps + "import sys\nwith sys.stdout as out: out.writelines(['a', 'b'])\n"
+                             "sys.stdout.close(); print(sys.stdout.closed)"), 0, "earlier\nabFalse\n")
+        self.expect(strativo("-c", keeps + "import sys; sys.stderr = None; 1/0"), 1, "earlier\n", "ZeroDivisionError")
+        self.expect(strativo("-c", keeps + "def f(): f()\nf()"), 1, "earlier\n", "RecursionError")
+        self.expect(strativo("-c", keeps + "class E(Exception):\n def __str__(s): 1/0\nraise E()"), 1, "earlier\n",
+                    "<exception str() failed>")
+
+    def test_ten_threads_write_whole_lines(self):
+        result = strativo("-c", (
+            "import sys, threading\n"
+            "def work(n):\n"
+            "    for i in range(2000): sys.stdout.write('%d-%d;\\n' % (n, i))\n"
+            "threads = [threading.Thread(target=work, args=(n,)) for n in range(10)]\n"
+            "[t.start() for t in threads]; [t.join() for t in threads]"))
+        self.expect(result, 0)
+        self.assertEqual(sorted(result.stdout.split()), sorted("%d-%d;" % (n, i) for n in range(10) for i in range(2000)))
+
+    def test_input_reads_the_terminal(self):
+        self.expect(strativo("-c", "print(input('Name? ') + '!')", stdin="Ann\u00e9\n"), 0, "Name? Ann\u00e9!\n")
+        self.expect(strativo("-c", "input()"), 1, "", "EOFError")
+
+    def test_control_c_interrupts(self):
+        for code in ("while True: pass", "import time; time.sleep(60)"):
+            process = subprocess.Popen([PROGRAM, "run", "-c", "print('ready')\n" + code],
+                                       stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+            self.assertEqual(process.stdout.readline(), "ready\n")
+            sent = time.monotonic()
+            process.send_signal(signal.SIGINT)
+            _, errors = process.communicate(timeout=30)
+            self.assertLess(time.monotonic() - sent, 10)
+            self.assertEqual((process.returncode, errors.count("KeyboardInterrupt")), (1, 1))
+
+
+class AsPlainPython(RunnerCase):
+    def test_standard_library_programs(self):
+        data = self.script('{"b": [1, 2.5, null], "a": "\\u00e9"}', "data.json")
+        for module, arguments in (
+            ("this", []),
+            ("json.tool", ["--sort-keys", data]),
+            ("calendar", ["2026", "11"]),
+            ("base64", ["-t"]),
+            ("tokenize", ["-e", data]),
+        ):
+            driver = "import runpy, sys\nsys.argv[1:] = %r\nrunpy.run_module(%r, run_name='__main__', alter_sys=True)" % (
+                arguments, module)
+            plain = subprocess.run([PYTHON, "-I", "-m", module, *arguments], capture_output=True, text=True)
+            ours = strativo("-c", driver)
+            self.expect(ours, 0)
+            self.assertEqual(ours.stdout, plain.stdout, module)
+            self.assertNotEqual(ours.stdout, "")
+        timing = strativo("-c", "import runpy, sys\nsys.argv[1:] = ['-n', '10', 'pass']\n"
+                                "runpy.run_module('timeit', run_name='__main__', alter_sys=True)")
+        self.expect(timing, 0)
+        self.assertRegex(timing.stdout, r"^10 loops, best of 5: \S+ [num]?sec per loop\n$")
+
+
+class Leaving(RunnerCase):
+    def test_a_hundred_starts_with_threads_and_numpy(self):
+        code = (
+            "import threading, time, sys\n"
+            "try:\n    import numpy; held = numpy.arange(1000.0)\n"
+            "except ImportError: pass\n"
+            "def busy():\n    while True: pass\n"
+            "def asleep(): time.sleep(1000)\n"
+            "number = %d\n"
+            "targets = [busy, lambda: [print('.', end='') for _ in iter(int, 1)]] + [asleep] * (number %% 10 == 0)\n"
+            "for target in targets: threading.Thread(target=target, daemon=number %% 20 == 0).start()\n"
+            "sys.modules['kept'] = sys.stdout\n"
+        )
+        with ThreadPoolExecutor(2) as pool:
+            results = list(pool.map(lambda i: strativo("-c", code % i), range(100)))
+        self.assertEqual([r.returncode for r in results], [0] * 100, results[0].stderr)
+        self.assertEqual({r.stderr for r in results if "Fatal" in r.stderr}, set())
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=1)
