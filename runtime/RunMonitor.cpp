@@ -18,7 +18,7 @@ namespace python {
 
 namespace {
 
-constexpr std::chrono::milliseconds g_interval{50};
+constexpr std::chrono::milliseconds g_interval{40};
 
 /// Ignored by default everywhere, so a late one harms nobody. The interpreter turns it into a call between two
 /// instructions; unlike a pending call it also wakes time.sleep and select.

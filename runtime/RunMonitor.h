@@ -7,7 +7,7 @@ class IRunObserver;
 namespace python {
 
 /// Keeps the application alive while Python code occupies the GUI thread: for its lifetime the observer breathes about
-/// every 50 ms, between two instructions of the code or in the middle of a blocking call such as time.sleep, and a
+/// every 40 ms, between two instructions of the code or in the middle of a blocking call such as time.sleep, and a
 /// request to stop raises KeyboardInterrupt there.
 ///
 /// Made and destroyed on the GUI thread with the interpreter lock held. Runs nest; the outermost one is observed. A

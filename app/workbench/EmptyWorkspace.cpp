@@ -59,7 +59,8 @@ void EmptyWorkspace::fill()
                               "<td style=\"padding-left:24px;color:%3\">%4</td></tr>")
             .arg(link.toHtmlEscaped(), text.toHtmlEscaped(), faint, note.toHtmlEscaped());
     };
-    QString html = QStringLiteral("<h2>%1</h2><table cellpadding=\"3\">").arg(tr("No script is open"));
+    QString html = QStringLiteral("<table cellpadding=\"3\"><tr><td colspan=\"2\"><h2>%1</h2></td></tr>")
+                       .arg(tr("No script is open"));
     html += row(QStringLiteral("new"), tr("New Script"), tr("Ctrl+N"));
     html += row(QStringLiteral("open"), tr("Open Script..."), tr("Ctrl+O"));
     const QStringList recent = recentScripts().mid(0, g_recentShown);

@@ -1,10 +1,16 @@
 #include "app/workbench/Theme.h"
 
+#include "host/services/HVIconStore.h"
+
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QSettings>
 #include <QStyle>
-#include <QStyleFactory>
+#include <QStyleOption>
+
+#include <optional>
 
 namespace workbench {
 
@@ -19,7 +25,7 @@ struct Colours
 
 constexpr Colours g_light{0xfff3f4f6, 0xffffffff, 0xfff7f8fa, 0xff1f2328, 0xff8a929b, 0xffeceef1,
                           0xffc4c9d0, 0xff1f6fbf, 0xffffffff, 0xff0b62b8, 0xffffffff};
-constexpr Colours g_dark{0xff22262b, 0xff181b1f, 0xff1f2328, 0xffe2e6ea, 0xff7d8590, 0xff2d3238,
+constexpr Colours g_dark{0xff262a30, 0xff181b1f, 0xff1f2328, 0xffe2e6ea, 0xff7d8590, 0xff2d3238,
                          0xff101214, 0xff2f81d6, 0xffffffff, 0xff79b8ff, 0xff2d3238};
 
 QPalette makePalette(const Colours& c)
@@ -43,6 +49,38 @@ QPalette makePalette(const Colours& c)
     return palette;
 }
 
+/// The style's own small icons are black or grey pictures that vanish on a dark ground; these follow the palette.
+class LineIconStyle final : public QProxyStyle
+{
+public:
+    using QProxyStyle::QProxyStyle;
+
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override
+    {
+        switch (icon) {
+        case SP_TitleBarCloseButton:
+        case SP_DockWidgetCloseButton:
+            return HVIconStore::icon(QStringLiteral("close_16"));
+        case SP_TitleBarNormalButton:
+            return HVIconStore::icon(QStringLiteral("cascade_24"));
+        default:
+            return QProxyStyle::standardIcon(icon, option, widget);
+        }
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        if (element != PE_IndicatorTabClose) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        if (option->state.testFlag(State_MouseOver))
+            painter->fillRect(option->rect, option->palette.mid());
+        HVIconStore::icon(QStringLiteral("close_16")).paint(painter, option->rect.adjusted(1, 1, -1, -1));
+    }
+};
+
 } // namespace
 
 Theme storedTheme()
@@ -58,14 +96,14 @@ void applyTheme(Theme theme)
     // What the desktop gave, seen before the first change.
     static const QString systemStyle = QApplication::style()->objectName();
     static const QPalette systemPalette = QApplication::palette();
-    static Theme current = Theme::System;
+    static std::optional<Theme> current;
 
     QSettings().setValue(g_key, theme == Theme::Light  ? QStringLiteral("light")
                                 : theme == Theme::Dark ? QStringLiteral("dark")
                                                        : QStringLiteral("system"));
     if (std::exchange(current, theme) == theme)
         return;
-    QApplication::setStyle(QStyleFactory::create(theme == Theme::System ? systemStyle : QStringLiteral("Fusion")));
+    QApplication::setStyle(new LineIconStyle(theme == Theme::System ? systemStyle : QStringLiteral("Fusion")));
     switch (theme) {
     case Theme::System:
         QApplication::setPalette(systemPalette);

@@ -16,7 +16,7 @@ public:
 
 /// Follows a script that occupies the GUI thread. All calls come on the GUI thread.
 ///
-/// breathe() comes about every 50 ms while Python code runs, between two of its instructions: the observer lets
+/// breathe() comes about every 40 ms while Python code runs, between two of its instructions: the observer lets
 /// pending paints through and looks whether the user asked to stop. It must not run user code and returns quickly.
 class IRunObserver
 {
