@@ -1,0 +1,195 @@
+// Documents, menus and what is remembered between sessions.
+#include "app/workbench/EmptyWorkspace.h"
+#include "app/workbench/MainWindow.h"
+#include "app/workbench/RecentScripts.h"
+#include "app/workbench/RunIndicator.h"
+#include "app/workbench/Theme.h"
+#include "editor/HVPythonTextEdit.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QDockWidget>
+#include <QFile>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBlock>
+#include <QTimer>
+#include <QToolBar>
+
+namespace {
+
+using namespace workbench;
+
+QByteArray contents(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+/// Answers the next message box; the text it had.
+void answerNext(QMessageBox::StandardButton button, QString& asked)
+{
+    QTimer::singleShot(0, qApp, [button, &asked] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(box);
+        asked = box->text();
+        box->button(button)->click();
+    });
+}
+
+class Documents : public ::testing::Test
+{
+protected:
+    Documents()
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("x = '\xc3\xa4'\nprint(x)\n");
+        file.close();
+        window.show();
+    }
+    QAction* menuAction(const char* menu, const char* text)
+    {
+        for (QAction* top : window.menuBar()->actions())
+            if (top->text() == QLatin1String(menu)) {
+                Q_EMIT top->menu()->aboutToShow();
+                for (QAction* action : top->menu()->actions())
+                    if (action->text() == QLatin1String(text))
+                        return action;
+            }
+        return nullptr;
+    }
+
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("a script.py"));
+    MainWindow window;
+};
+
+TEST_F(Documents, openSaveAndCloseKeepTheUsersText)
+{
+    auto* empty = window.workspace()->findChild<EmptyWorkspace*>();
+    EXPECT_TRUE(empty->isVisible());
+    HVPythonTextEdit* editor = window.openScript(path);
+    ASSERT_TRUE(editor);
+    EXPECT_FALSE(empty->isVisible());
+    EXPECT_EQ(window.openScript(path), editor) << "one editor per file";
+    EXPECT_EQ(window.activeEditor(), editor);
+    EXPECT_EQ(editor->windowTitle(), QStringLiteral("a script.py"));
+    EXPECT_EQ(window.openScript(folder.filePath(QStringLiteral("missing.py"))), nullptr);
+    EXPECT_EQ(window.openScript(folder.path()), nullptr);
+    EXPECT_EQ(window.workspace()->subWindowList().size(), 1);
+
+    editor->moveCursor(QTextCursor::End);
+    QTest::keyClicks(editor, QStringLiteral("y = 1"));
+    EXPECT_TRUE(editor->windowTitle().contains(QStringLiteral("[EDITED]")));
+    QString asked;
+    answerNext(QMessageBox::Cancel, asked);
+    EXPECT_FALSE(window.close());
+    EXPECT_EQ(asked, QStringLiteral("This editor contains unsaved changes. Save these changes before closing?"));
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(contents(path), QByteArray("x = '\xc3\xa4'\nprint(x)\n"));
+
+    menuAction("File", "Save")->trigger();
+    EXPECT_EQ(contents(path), QByteArray("x = '\xc3\xa4'\nprint(x)\ny = 1"));
+    QTest::keyClicks(editor, QStringLiteral("2"));
+    answerNext(QMessageBox::Yes, asked);
+    EXPECT_TRUE(window.close());
+    EXPECT_TRUE(contents(path).endsWith("y = 12"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(window.workspace()->subWindowList().isEmpty());
+    EXPECT_EQ(recentScripts().value(0), path);
+}
+
+TEST_F(Documents, aFailedSaveLosesNothing)
+{
+    HVPythonTextEdit* editor = window.openScript(path);
+    editor->insertPlainText(QStringLiteral("new"));
+    editor->setFilename(folder.filePath(QStringLiteral("no such folder/a.py")));
+    QString asked;
+    answerNext(QMessageBox::Ok, asked);
+    EXPECT_FALSE(window.saveScript());
+    EXPECT_TRUE(asked.startsWith(QStringLiteral("Unable to save file ")));
+    EXPECT_TRUE(editor->document()->isModified());
+    window.destroyDocuments();
+}
+
+TEST_F(Documents, theEditorMarksItsOwnErrorsAndAsksToRun)
+{
+    HVPythonTextEdit* editor = window.openScript(path);
+    QObject* target = nullptr;
+    window.actionDispatcher().setHandler(QStringLiteral("EXECUTE_PYTHON_IN_EDITOR"),
+                                         [&](QObject*, QObject* asked) { target = asked; });
+    QTest::keyClick(editor, Qt::Key_F8);
+    EXPECT_EQ(target, editor);
+    const auto marks = [&] { return editor->extraSelections().size(); };
+    const int plain = marks();
+    editor->errorDetected("/elsewhere.py", "", 2);
+    editor->errorDetected(path.toStdString(), "", -1);
+    EXPECT_EQ(marks(), plain);
+    editor->errorDetected(path.toStdString(), "f", 2);
+    EXPECT_EQ(marks(), plain + 1);
+    editor->clearErrors();
+    EXPECT_EQ(marks(), plain);
+}
+
+TEST_F(Documents, menusHaveTheirTitlesAndEveryCommandItsTip)
+{
+    QStringList titles;
+    for (QAction* top : window.menuBar()->actions())
+        titles << top->text();
+    EXPECT_EQ(titles.join(' '), QStringLiteral("File Edit View Modules Tools Window Help Extensions"));
+    for (QAction* action : window.findChildren<QAction*>()) {
+        const QString keys = action->shortcut().toString(QKeySequence::NativeText);
+        EXPECT_TRUE(action->toolTip().contains(keys)) << action->text().toStdString();
+    }
+    QAction* sentence = menuAction("Extensions", "Loaded plug-ins put their commands here");
+    ASSERT_TRUE(sentence);
+    EXPECT_TRUE(sentence->isVisible());
+    EXPECT_FALSE(sentence->isEnabled());
+    window.menuBar()->actions().last()->menu()->addAction(QStringLiteral("Command"));
+    EXPECT_FALSE(menuAction("Extensions", "Loaded plug-ins put their commands here")->isVisible());
+
+    window.openScript(path);
+    window.newScript();
+    EXPECT_TRUE(menuAction("Window", "Python Editor")->isChecked());
+    menuAction("Window", "a script.py")->trigger();
+    EXPECT_EQ(window.activeEditor()->filename(), path);
+}
+
+TEST_F(Documents, layoutThemeAndRecentScriptsComeBack)
+{
+    window.restoreLayout();
+    window.resize(777, 555);
+    window.messageDock()->hide();
+    window.toolBar()->hide();
+    ASSERT_TRUE(window.close());
+    MainWindow next;
+    next.restoreLayout();
+    next.show();
+    EXPECT_EQ(next.size(), QSize(777, 555));
+    EXPECT_TRUE(next.messageDock()->isHidden());
+    EXPECT_TRUE(next.toolBar()->isHidden());
+
+    applyTheme(Theme::Dark);
+    EXPECT_EQ(storedTheme(), Theme::Dark);
+    EXPECT_LT(next.palette().color(QPalette::Window).lightness(), 100);
+    applyTheme(Theme::Light);
+    EXPECT_GT(next.palette().color(QPalette::Window).lightness(), 200);
+    applyTheme(Theme::System);
+
+    clearRecentScripts();
+    for (int i = 0; i < 12; ++i)
+        addRecentScript(folder.filePath(QStringLiteral("%1.py").arg(i)));
+    addRecentScript(folder.filePath(QStringLiteral("5.py")));
+    EXPECT_EQ(recentScripts().size(), 10);
+    EXPECT_TRUE(recentScripts().value(0).endsWith(QStringLiteral("/5.py")));
+    EXPECT_EQ(recentScripts().count(recentScripts().value(0)), 1);
+}
+
+} // namespace
