@@ -11,6 +11,14 @@
 
 namespace workbench {
 
+namespace {
+
+/// Of the run's time, one part in this many goes into showing its output.
+constexpr qint64 g_messageShare = 16;
+constexpr qint64 g_longestSilence = 300; // milliseconds
+
+} // namespace
+
 RunIndicator::RunIndicator(QMainWindow* window, HVMessageWindow* messages)
     : QObject(window), m_window(window), m_messages(messages),
       m_stop(new QAction(HVIconStore::icon(QStringLiteral("pythonstop24")), tr("Stop Script"), this)),
@@ -46,15 +54,21 @@ void RunIndicator::runStarted(const QString& fileName)
     m_clock.start();
     m_running = true;
     m_stopAsked = false;
+    m_nextMessages = 0;
     m_stop->setEnabled(true);
     Q_EMIT runningChanged(true);
 }
 
 bool RunIndicator::breathe()
 {
-    m_messages->flushSome();
+    const qint64 begin = m_clock.elapsed();
+    const bool showMessages = begin >= m_nextMessages;
+    if (showMessages)
+        m_messages->flushSome();
     showState();
     m_input.processEvents();
+    if (showMessages)
+        m_nextMessages = begin + std::min((m_clock.elapsed() - begin) * g_messageShare, g_longestSilence);
     return std::exchange(m_stopAsked, false);
 }
 

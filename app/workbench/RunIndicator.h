@@ -48,6 +48,7 @@ private:
     QLabel* m_label;
     HeldInput m_input;
     QElapsedTimer m_clock;
+    qint64 m_nextMessages = 0; // on the clock, in milliseconds
     QString m_script;
     const QString m_title; // of the window without a document's name, which the document area adds
     bool m_running = false;
