@@ -59,7 +59,7 @@ TEST(Image2d, ExtentsAndContent)
 
 TEST(Image2d, TransposeOfAnySize)
 {
-    const int sizes[][2] = {{1, 1}, {1, 100}, {31, 33}, {32, 64}, {65, 129}, {257, 3}};
+    const int sizes[][2] = {{1, 1}, {1, 100}, {31, 33}, {32, 64}, {65, 129}, {192, 130}, {257, 3}};
     for (const auto& size : sizes) {
         const auto image = Image2d::create(size[0], size[1]);
         std::iota(image->data(), image->data() + image->size(), 0.0f);
