@@ -4,6 +4,8 @@
 
 #include <boost/python.hpp>
 
+#include <deque>
+
 namespace bp = boost::python;
 
 namespace python {
@@ -13,7 +15,8 @@ namespace {
 /// The slot wrapper of `name` that one of the built-in types has: it knows the slot behind the name.
 PyWrapperDescrObject* donorWrapper(const char* name)
 {
-    for (PyTypeObject* donor : {&PyLong_Type, &PyFloat_Type, &PyTuple_Type, &PyList_Type, &PySet_Type, &PyDict_Type}) {
+    for (PyTypeObject* donor :
+         {&PyLong_Type, &PyFloat_Type, &PyTuple_Type, &PyList_Type, &PySet_Type, &PyDict_Type, &PyBaseObject_Type}) {
         PyObject* found = PyDict_GetItemString(donor->tp_dict, name);
         if (found && Py_IS_TYPE(found, &PyWrapperDescr_Type))
             return reinterpret_cast<PyWrapperDescrObject*>(found);
@@ -30,10 +33,17 @@ void setClassAttribute(PyTypeObject* type, const char* name, PyObject* newRefere
 
 } // namespace
 
-void installSlot(PyTypeObject* type, const char* name, void* function)
+void installSlot(PyTypeObject* type, const char* name, void* function, const char* documentation)
 {
+    wrapperbase* base = donorWrapper(name)->d_base;
+    if (documentation) {
+        // The interpreter keeps the address; the class and its description last as long as the process.
+        static std::deque<wrapperbase> documented;
+        base = &documented.emplace_back(*base);
+        base->doc = documentation;
+    }
     // Setting the attribute makes the interpreter put the bare function into the type's slot.
-    setClassAttribute(type, name, PyDescr_NewWrapper(type, donorWrapper(name)->d_base, function));
+    setClassAttribute(type, name, PyDescr_NewWrapper(type, base, function));
 }
 
 void installProperty(PyTypeObject* type, PyGetSetDef& definition)

@@ -11,11 +11,13 @@ namespace python {
 
 /// Installs `function` as the special method `name` ("__add__", "__len__", "__getitem__", ...). The function has the C
 /// signature of the slot behind the name: binaryfunc for number operations (called for either operand, so it checks
-/// both and returns NotImplemented), lenfunc for "__len__", binaryfunc for "__getitem__" (mapping form: any key),
-/// objobjargproc for "__setitem__", getiterfunc for "__iter__", reprfunc for "__repr__" and "__str__", richcmpfunc for
-/// "__eq__" and "__ne__", objobjproc for "__contains__". "__mul__" and "__rmul__" share one slot and need the same
-/// function. Names without a slot wrapper among the built-in types (in-place arithmetic) must be given as methods.
-void installSlot(PyTypeObject* type, const char* name, void* function);
+/// both and returns NotImplemented), initproc for "__init__", lenfunc for "__len__", binaryfunc for "__getitem__"
+/// (mapping form: any key), objobjargproc for "__setitem__", getiterfunc for "__iter__", reprfunc for "__repr__" and
+/// "__str__", richcmpfunc for "__eq__" and "__ne__", objobjproc for "__contains__". "__mul__" and "__rmul__" share one
+/// slot and need the same function. Names without a slot wrapper among the built-in types
+/// (in-place arithmetic) must be given as methods.
+/// `documentation` (static storage) is the docstring; without one the interpreter's general text for the name shows.
+void installSlot(PyTypeObject* type, const char* name, void* function, const char* documentation = nullptr);
 
 /// A property: `definition.name`, getter, setter (null: read-only) and docstring.
 void installProperty(PyTypeObject* type, PyGetSetDef& definition);
