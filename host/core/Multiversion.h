@@ -6,9 +6,9 @@
 /// HV_TARGET_V4, HV_TARGET_V3 and HV_TARGET_DEFAULT mark versions of one function that are written apart, because they
 /// use registers of different widths (64, 32 and 16 bytes); only the last exists where there is no choice at loading.
 ///
-/// Such a function must be free (no template, no lambda that would have to be inlined across instruction sets) and long
-/// enough to be worth an indirect call. Instrumented builds keep the plain version: the sanitizers' run-time part is
-/// not ready yet when the choice is made.
+/// A function with HV_MULTIVERSION must be free (no template, no lambda that would have to be inlined across
+/// instruction sets) and long enough to be worth an indirect call. Instrumented builds keep the plain version: the
+/// sanitizers' run-time part is not ready yet when the choice is made.
 #if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && !defined(__SANITIZE_ADDRESS__)
 #define HV_MULTIVERSION __attribute__((target_clones("arch=x86-64-v4", "arch=x86-64-v3", "default")))
 #define HV_TARGET_V4 __attribute__((target("arch=x86-64-v4")))
