@@ -20,7 +20,9 @@ namespace workbench {
 
 namespace {
 
-constexpr int g_longestStep = 20;      // milliseconds
+constexpr int g_longestStep = 20; // milliseconds
+/// A key left pressed for minutes is no input to deliver.
+constexpr std::size_t g_mostHeld = 1000;
 constexpr qint64 g_escapePause = 1000; // milliseconds between two presses that belong together
 
 bool isPaintingNow()
@@ -163,6 +165,8 @@ void HeldInput::checkStopKeys(QEvent* event)
 
 void HeldInput::hold(QObject* receiver, std::unique_ptr<QEvent> event)
 {
+    if (m_held.size() >= g_mostHeld)
+        return;
     m_held.push_back({receiver, std::move(event)});
     m_delivery.start();
 }

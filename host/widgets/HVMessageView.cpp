@@ -191,6 +191,14 @@ void HVMessageView::changeEvent(QEvent* event)
         recolour();
 }
 
+void HVMessageView::resizeEvent(QResizeEvent* event)
+{
+    const bool following = isAtEnd();
+    QPlainTextEdit::resizeEvent(event);
+    if (following)
+        goToEnd();
+}
+
 void HVMessageView::recolour()
 {
     QTextCursor cursor(document());

@@ -36,6 +36,7 @@ public:
 protected:
     QMimeData* createMimeDataFromSelection() const override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void appendText(const QString& text, const QTextCharFormat& format);

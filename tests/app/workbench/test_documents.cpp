@@ -160,6 +160,11 @@ TEST_F(Documents, menusHaveTheirTitlesAndEveryCommandItsTip)
     EXPECT_TRUE(menuAction("Window", "Python Editor")->isChecked());
     menuAction("Window", "a script.py")->trigger();
     EXPECT_EQ(window.activeEditor()->filename(), path);
+    menuAction("Window", "Close All")->trigger();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return window.workspace()->subWindowList().isEmpty(); }, 1000));
+    EXPECT_TRUE(window.workspace()->findChild<EmptyWorkspace*>()->isVisible());
+    EXPECT_EQ(window.activeEditor(), nullptr);
+    EXPECT_FALSE(menuAction("Tools", "Run Script")->isEnabled());
 }
 
 TEST_F(Documents, layoutThemeAndRecentScriptsComeBack)

@@ -103,6 +103,8 @@ TEST_F(MessageWindow, keepsTheNewestLinesAndFollowsOnlyAtTheEnd)
         send(5, std::to_string(i) + "\n");
     window.flush();
     EXPECT_TRUE(view->isAtEnd());
+    window.resize(600, 120);
+    EXPECT_TRUE(view->isAtEnd());
     view->verticalScrollBar()->setValue(40);
     const QString top = view->topLine().block().text();
     for (int i = 90; i < 110; ++i)
