@@ -43,7 +43,11 @@ test: build
 bench: setup build/release/build.ninja
 	cmake --preset release -DSTRATIVO_BUILD_BENCHMARKS=ON
 	$(BUILD) release
-	@for program in build/release/bin/bench_*; do echo "== $$program"; QT_QPA_PLATFORM=offscreen "$$program" || exit 1; done
+	@export QT_QPA_PLATFORM=offscreen; shopt -s nullglob; status=0; \
+	for script in benchmarks/bench_*.py; do \
+	  build/release/bin/strativo run "$$script" build/release/benchmarks/modules || status=1; done; \
+	for program in build/release/bin/bench_*; do echo "== $$program"; "$$program" || status=1; done; \
+	exit $$status
 
 format:
 	clang-format -i $(SOURCES)
