@@ -1,14 +1,17 @@
 #include "runtime/Interpreter.h"
 
+#include "runtime/Errors.h"
 #include "runtime/GilLock.h"
 #include "runtime/PythonPaths.h"
 
-#include <boost/python/detail/wrap_python.hpp>
+#include <boost/python.hpp>
 
 #include <chrono>
 #include <string_view>
 #include <thread>
 #include <vector>
+
+namespace bp = boost::python;
 
 namespace python {
 
@@ -81,6 +84,24 @@ void endOtherThreads()
     }
 }
 
+/// Modules that are compiled into the interpreter have no file when the standard library is not where it was built;
+/// scripts expect one, of `os` above all.
+void nameFrozenModules(const std::wstring& home)
+{
+    bp::object sys = bp::import("sys");
+    const bp::object library = owned(PyUnicode_FromWideChar((home + L"/python36.zip").c_str(), -1));
+    sys.attr("_stdlib_dir") = library; // for those that are imported later
+    const bp::list modules = bp::dict(sys.attr("modules")).items();
+    for (Py_ssize_t i = 0; i < bp::len(modules); ++i) {
+        const bp::object name = modules[i][0];
+        bp::object module = modules[i][1];
+        const bp::object spec = bp::getattr(module, "__spec__", bp::object());
+        const bp::object origin = bp::getattr(spec, "origin", bp::object());
+        if (origin == "frozen" && !PyObject_HasAttrString(module.ptr(), "__file__"))
+            module.attr("__file__") = library + "/" + name.attr("replace")(".", "/") + ".py";
+    }
+}
+
 } // namespace
 
 void startInterpreter(const std::wstring& searchPath)
@@ -96,8 +117,6 @@ void startInterpreter(const std::wstring& searchPath)
     config.optimization_level = 1;
     // With this set, printing a SystemExit that some handler raised never ends the process.
     config.inspect = 1;
-    // Frozen modules have no file, so that their source could not be shown.
-    config.use_frozen_modules = 0;
     setSearchPath(config, searchPath);
 
     const std::wstring executable = utils::ConstructPythonExecutablePath();
@@ -112,6 +131,7 @@ void startInterpreter(const std::wstring& searchPath)
 
     check(Py_InitializeFromConfig(&config));
     PyConfig_Clear(&config);
+    nameFrozenModules(home);
 }
 
 void stopInterpreter()

@@ -27,7 +27,8 @@ echo "The traceback names the line; the status is 1, as expected."
 
 step "The workbench, with the first script executed"
 rm -f out/workbench.png
-"$strativo" --execute examples/scripts/first_script.py --screenshot out/workbench.png
+QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1440x900x24" \
+  "$strativo" --execute examples/scripts/first_script.py --screenshot out/workbench.png
 if [[ ! -s out/workbench.png ]]; then
   echo "demo: no picture was written" >&2
   exit 1

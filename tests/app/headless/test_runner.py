@@ -159,6 +159,16 @@ class AsPlainPython(RunnerCase):
         self.assertRegex(timing.stdout, r"^10 loops, best of 5: \S+ [num]?sec per loop\n$")
 
 
+    def test_interpreter_is_at_home_in_its_own_tree(self):
+        result = strativo("-c", "import json, os, runpy, stat, sys\n"
+                          "for m in (os, stat, runpy, json): print(m.__file__)\nprint(sys.executable)\nprint(*sys.path, sep='\\n')")
+        home = os.path.join(os.path.dirname(os.path.abspath(PROGRAM)), "python")
+        lines = result.stdout.split("\n")
+        self.assertEqual([line.startswith(home + "/python36.zip/") for line in lines[:4]], [True] * 4, lines)
+        self.assertEqual(lines[4], home + "/python3")
+        self.assertEqual(lines[5:9], ["", home + "/python36.zip", home, home + "/site-packages"])
+
+
 class Leaving(RunnerCase):
     def test_a_hundred_starts_with_threads_and_numpy(self):
         code = (
