@@ -62,6 +62,13 @@ def write_section(title, body):
     os.replace(temporary, RESULTS)
 
 
+def report(title, lines, remark=""):
+    """Prints the lines of a result and keeps them, with the command and the machine, as the section `title`."""
+    table = "\n".join(lines)
+    print("== %s\n%s" % (title, table))
+    write_section(title, "`%s`\n\n%s.\n\n%s\n%s" % (command_line(), machine(), table, "\n" + remark if remark else ""))
+
+
 class Bench:
     """The cases of one section. `subject` is held against `reference`, at most `limit` times its time (None: no
     limit). Times are in nanoseconds per execution of a statement."""
@@ -102,13 +109,10 @@ class Bench:
         for name, least, ratio in self.rows:
             cells = ["%.1f" % least[who] if who in least else "" for who in self.candidates]
             lines.append("| `%s` | %s | %s |" % (name, " | ".join(cells), "" if ratio is None else "%.2f" % ratio))
-        return "\n".join(lines)
+        return lines
 
     def finish(self, remark=""):
-        body = "`%s`\n\n%s.\n\n%s\n%s" % (command_line(), machine(), self.table(), "\n" + remark if remark else "")
-        write_section(self.title, body)
-        print("== " + self.title)
-        print(self.table())
+        report(self.title, self.table(), remark)
         if self.too_slow:
             print("\n".join(["too slow:"] + self.too_slow))
             raise SystemExit(1)
