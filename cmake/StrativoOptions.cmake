@@ -34,6 +34,7 @@ target_compile_options(strativo_build_flags INTERFACE
   -fno-semantic-interposition
   -fpch-preprocess)
 if(STRATIVO_SANITIZE)
-  target_compile_options(strativo_build_flags INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer)
+  target_compile_options(strativo_build_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+    -fno-omit-frame-pointer)
   target_link_options(strativo_build_flags INTERFACE -fsanitize=address,undefined)
 endif()
