@@ -5,7 +5,7 @@ BUILD := cmake --build --preset
 TEST := ctest -j $(shell nproc) --preset
 SOURCES = $(shell git ls-files '*.h' '*.cpp')
 
-.PHONY: help setup build debug sanitize demo test bench format format-check clean
+.PHONY: help setup build debug sanitize demo test bench format format-check tidy clean
 
 help:
 	@echo "make demo          set up, build, run the examples and take a picture of the workbench"
@@ -16,6 +16,7 @@ help:
 	@echo "make bench         build and run the benchmarks"
 	@echo "make format        format the C++ sources"
 	@echo "make format-check  fail when a C++ source is not formatted"
+	@echo "make tidy          run clang-tidy over the sources"
 	@echo "make clean         remove build/ and out/"
 
 setup:
@@ -54,6 +55,9 @@ format:
 
 format-check:
 	clang-format --dry-run -Werror $(SOURCES)
+
+tidy:
+	scripts/tidy.sh
 
 clean:
 	rm -rf build out

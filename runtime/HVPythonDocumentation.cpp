@@ -52,7 +52,7 @@ void HVPythonDocumentation::open(const QUrl& url)
     // Qt does not pass on why it failed; a handler that does not exist is the usual reason.
     if (errno == 0)
         errno = ENOENT;
-    reportFailure(QStringLiteral("URL: %1").arg(url.toString()));
+    reportFailure(QStringLiteral("URL: %1").arg(target.toString()));
 }
 
 void HVPythonDocumentation::openIndex()
