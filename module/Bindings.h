@@ -4,6 +4,16 @@
 /// class, enumeration or submodule in the current scope; its file has the same name in one of the families' folders.
 namespace python {
 
+void bindNoValue();
+void bindScanOrientation();
+void bindScaleType();
+void bindUnit();
+void bindDomain();
+void bindCrs();
+void bindImageBase();
+void bindImage2d();
+void bindImage3d();
+void bindBlockSpace();
 void bindUtils();
 void bindSegy();
 

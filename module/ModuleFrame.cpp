@@ -16,6 +16,16 @@ BOOST_PYTHON_MODULE(strativo_python)
     // The order matters: a family may name types of an earlier one in its signatures and default values.
     python::registerTextConversion();
     python::registerVariantConversion();
+    python::bindNoValue();
+    python::bindScanOrientation();
+    python::bindScaleType();
+    python::bindUnit();
+    python::bindDomain();
+    python::bindCrs();
+    python::bindImageBase();
+    python::bindImage2d();
+    python::bindImage3d();
+    python::bindBlockSpace();
     python::bindUtils();
     python::bindSegy();
 }

@@ -17,6 +17,25 @@ void raise(PyObject* type, const char* format, ...)
     raisePending();
 }
 
+void raiseFromPending(PyObject* type, const char* format, ...)
+{
+    PyObject *causeType, *cause, *trace;
+    PyErr_Fetch(&causeType, &cause, &trace);
+    PyErr_NormalizeException(&causeType, &cause, &trace);
+    Py_XDECREF(causeType);
+    Py_XDECREF(trace);
+    va_list arguments;
+    va_start(arguments, format);
+    PyErr_FormatV(type, format, arguments);
+    va_end(arguments);
+    PyObject *errorType, *error, *errorTrace;
+    PyErr_Fetch(&errorType, &error, &errorTrace);
+    PyErr_NormalizeException(&errorType, &error, &errorTrace);
+    PyException_SetCause(error, cause); // takes the reference over
+    PyErr_Restore(errorType, error, errorTrace);
+    raisePending();
+}
+
 void raisePending()
 {
     bp::throw_error_already_set();

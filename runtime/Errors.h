@@ -12,6 +12,9 @@ namespace python {
 /// Sets `type` with a message in PyErr_Format's notation and unwinds to the calling script.
 [[noreturn]] void raise(PyObject* type, const char* format, ...);
 
+/// The same for an error that another one explains: the pending exception becomes the new one's __cause__.
+[[noreturn]] void raiseFromPending(PyObject* type, const char* format, ...);
+
 /// Unwinds with the exception that is already set.
 [[noreturn]] void raisePending();
 
