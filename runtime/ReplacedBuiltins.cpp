@@ -71,12 +71,18 @@ bp::object help(const bp::object& object)
 
 void installReplacedBuiltins()
 {
-    bp::object builtins = bp::import("builtins");
-    const bp::scope inBuiltins(builtins);
+    const bp::object builtins = bp::import("builtins");
     g_originalInput = bp::incref(bp::object(builtins.attr("input")).ptr());
 
-    builtins.attr("input") = bp::make_function(input, bp::default_call_policies(), (bp::arg("prompt") = ""));
-    builtins.attr("help") = bp::make_function(help, bp::default_call_policies(), (bp::arg("object") = bp::object()));
+    const bp::scope inBuiltins(builtins);
+    const bp::docstring_options docstrings(true, false, false);
+    bp::def(
+        "input", input, (bp::arg("prompt") = ""),
+        "input(prompt: object = '') -> str\n\nAsks the user for a line of text, with a dialog or, in a program on a "
+        "terminal, on standard input. Cancelling the dialog gives ''.");
+    bp::def(
+        "help", help, (bp::arg("object") = bp::object()),
+        "help(object: object = None) -> object\n\nOpens the scripting documentation, or prints the help on an object.");
 }
 
 } // namespace python
