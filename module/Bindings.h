@@ -4,6 +4,14 @@
 /// class, enumeration or submodule in the current scope; its file has the same name in one of the families' folders.
 namespace python {
 
+void bindVec2();
+void bindVec3();
+void bindVec4();
+void bindMat3();
+void bindMat4();
+void bindRect2D();
+void bindRect3D();
+
 void bindNoValue();
 void bindScanOrientation();
 void bindScaleType();
@@ -14,6 +22,7 @@ void bindImageBase();
 void bindImage2d();
 void bindImage3d();
 void bindBlockSpace();
+
 void bindUtils();
 void bindSegy();
 

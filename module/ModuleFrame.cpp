@@ -1,6 +1,7 @@
 #include "module/ModuleFrame.h"
 
 #include "module/Bindings.h"
+#include "runtime/NumberArguments.h"
 #include "runtime/TextConversion.h"
 #include "runtime/VariantConversion.h"
 
@@ -16,6 +17,16 @@ BOOST_PYTHON_MODULE(strativo_python)
     // The order matters: a family may name types of an earlier one in its signatures and default values.
     python::registerTextConversion();
     python::registerVariantConversion();
+    python::registerNumberConversion();
+
+    python::bindVec2();
+    python::bindVec3();
+    python::bindVec4();
+    python::bindMat3();
+    python::bindMat4();
+    python::bindRect2D();
+    python::bindRect3D();
+
     python::bindNoValue();
     python::bindScanOrientation();
     python::bindScaleType();
@@ -26,6 +37,7 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindImage2d();
     python::bindImage3d();
     python::bindBlockSpace();
+
     python::bindUtils();
     python::bindSegy();
 }
