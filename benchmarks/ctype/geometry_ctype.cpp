@@ -78,22 +78,27 @@ PyObject* inPlaceAdd(PyObject* a, PyObject* b)
 
 PyObject* multiply(PyObject* a, PyObject* b)
 {
-    if (PyObject_TypeCheck(a, &g_matType) && isVec(b)) {
-        const auto& m = reinterpret_cast<Mat4*>(a)->m;
-        const auto& v = vec(b);
-        const double w = m[12] * v[0] + m[13] * v[1] + m[14] * v[2] + m[15];
-        return makeVec((m[0] * v[0] + m[1] * v[1] + m[2] * v[2] + m[3]) / w,
-                       (m[4] * v[0] + m[5] * v[1] + m[6] * v[2] + m[7]) / w,
-                       (m[8] * v[0] + m[9] * v[1] + m[10] * v[2] + m[11]) / w);
-    }
     if (!isVec(a))
         Py_RETURN_NOTIMPLEMENTED;
-    if (isVec(b))
-        return PyFloat_FromDouble(vec(a)[0] * vec(b)[0] + vec(a)[1] * vec(b)[1] + vec(a)[2] * vec(b)[2]);
-    double factor = 0.0;
-    if (!PyFloat_Check(b) || !number(b, factor))
+    if (PyFloat_CheckExact(b)) {
+        const double factor = PyFloat_AS_DOUBLE(b);
+        return makeVec(vec(a)[0] * factor, vec(a)[1] * factor, vec(a)[2] * factor);
+    }
+    if (!isVec(b))
         Py_RETURN_NOTIMPLEMENTED;
-    return makeVec(vec(a)[0] * factor, vec(a)[1] * factor, vec(a)[2] * factor);
+    return PyFloat_FromDouble(vec(a)[0] * vec(b)[0] + vec(a)[1] * vec(b)[1] + vec(a)[2] * vec(b)[2]);
+}
+
+PyObject* multiplyMatrix(PyObject* a, PyObject* b)
+{
+    if (!PyObject_TypeCheck(a, &g_matType) || !isVec(b))
+        Py_RETURN_NOTIMPLEMENTED;
+    const auto& m = reinterpret_cast<Mat4*>(a)->m;
+    const auto& v = vec(b);
+    const double w = m[12] * v[0] + m[13] * v[1] + m[14] * v[2] + m[15];
+    return makeVec((m[0] * v[0] + m[1] * v[1] + m[2] * v[2] + m[3]) / w,
+                   (m[4] * v[0] + m[5] * v[1] + m[6] * v[2] + m[7]) / w,
+                   (m[8] * v[0] + m[9] * v[1] + m[10] * v[2] + m[11]) / w);
 }
 
 PyObject* item(PyObject* self, PyObject* key)
@@ -145,7 +150,7 @@ PyMODINIT_FUNC PyInit_geometry_ctype()
     g_vecNumber.nb_add = add;
     g_vecNumber.nb_inplace_add = inPlaceAdd;
     g_vecNumber.nb_multiply = multiply;
-    g_matNumber.nb_multiply = multiply;
+    g_matNumber.nb_multiply = multiplyMatrix;
     g_vecMapping.mp_subscript = item;
     g_vecType.tp_name = "geometry_ctype.vec3";
     g_vecType.tp_basicsize = sizeof(Vec3);
