@@ -4,6 +4,11 @@
 /// class, enumeration or submodule in the current scope; its file has the same name in one of the families' folders.
 namespace python {
 
+void bindIntArray();
+void bindFloatArray();
+void bindDoubleArray();
+void bindVec3Array();
+
 void bindVec2();
 void bindVec3();
 void bindVec4();

@@ -19,6 +19,11 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::registerVariantConversion();
     python::registerNumberConversion();
 
+    python::bindIntArray();
+    python::bindFloatArray();
+    python::bindDoubleArray();
+    python::bindVec3Array();
+
     python::bindVec2();
     python::bindVec3();
     python::bindVec4();
