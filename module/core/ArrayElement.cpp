@@ -13,14 +13,28 @@ Conversion pendingFailure()
     return Conversion::WrongType;
 }
 
+/// numpy's complex scalars have __float__, which drops the imaginary part; only their memory tells what they are.
+bool isComplex(PyObject* object)
+{
+    Py_buffer view{};
+    if (PyComplex_Check(object) || !PyObject_CheckBuffer(object))
+        return PyComplex_Check(object);
+    if (PyObject_GetBuffer(object, &view, PyBUF_FULL_RO) < 0) {
+        PyErr_Clear();
+        return false;
+    }
+    const bool hasTwoParts = view.format && view.format[0] == 'Z';
+    PyBuffer_Release(&view);
+    return hasTwoParts;
+}
+
 } // namespace
 
 Conversion toDouble(PyObject* object, double& value)
 {
     const PyNumberMethods* methods = Py_TYPE(object)->tp_as_number;
     const bool isReal = PyFloat_Check(object) || (methods && (methods->nb_float || methods->nb_index));
-    // numpy's complex scalars have __float__, which drops the imaginary part.
-    if (!isReal || PyComplex_Check(object))
+    if (!isReal || isComplex(object))
         return Conversion::WrongType;
     value = PyFloat_AsDouble(object);
     return value == -1.0 && PyErr_Occurred() ? pendingFailure() : Conversion::Done;

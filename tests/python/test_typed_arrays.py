@@ -19,6 +19,11 @@ FAMILY = [
 ]
 
 
+def plain(elements):
+    """The elements as values that compare: a vec3 equals only itself."""
+    return [(e.x, e.y, e.z) if isinstance(e, vec3) else e for e in elements]
+
+
 class SizedArray(FloatArray):
     """A subclass with a constructor of its own and an override."""
 
@@ -64,7 +69,7 @@ class Members(Family):
                 self.raises(MemoryError, "%sArray, unable to allocate memory for array of size %d" % (word, size),
                             cls, size)
                 self.raises(MemoryError, "unable to resize array to size %d" % size, a.resize, size)
-            self.assertEqual(list(a), values)
+            self.assertEqual(plain(a), [float(dtype(v)) if element == "float" else v for v in plain(values)])
             a.resize(7)
             self.assertEqual((len(a), numpy.asarray(a).any()), (7, False))
             a.clear()
@@ -72,11 +77,11 @@ class Members(Family):
 
     def test_elements(self):
         for cls, word, element, dtype, values, a in self.each():
-            expected = [float(dtype(v)) if element == "float" else v for v in values]
-            self.assertEqual([a[i] for i in range(5)], expected)
-            self.assertEqual((list(a), list(reversed(a))), (expected, expected[::-1]))
+            expected = plain(float(dtype(v)) if element == "float" else v for v in values)
+            self.assertEqual(plain(a[i] for i in range(5)), expected)
+            self.assertEqual((plain(a), plain(reversed(a))), (expected, expected[::-1]))
             a[True] = values[4]
-            self.assertEqual(a[1], a[4])
+            self.assertEqual(*plain([a[1], a[4]]))
             # The number in the message of reading is not the index; in that of writing it is.
             for bad in (-1, 5, 2**40, 2**70):
                 with self.assertRaisesRegex(IndexError, r"^%sArray, index -?\d+ out of bounds "
@@ -131,7 +136,7 @@ class Members(Family):
             b = copy.copy(a)
             self.assertTrue(a == b and a.__neq__(b) and not a != b and cls() == cls())
             b.reverse()
-            self.assertEqual(list(b), list(a)[::-1])
+            self.assertEqual(plain(b), plain(a)[::-1])
             self.assertTrue(a != b and not a.__neq__(b) and not cls(2) == cls(3))
             self.assertFalse(a == None or a == list(a))  # noqa: E711
             self.raises(RuntimeError, "core::Array, expected type 'core::Array' but got 'NoneType' instead",
@@ -159,7 +164,7 @@ class Members(Family):
         points = Vec3Array(1)
         point = points[0]
         point.x = 5.0
-        self.assertEqual(points[0], vec3())  # reading gives a copy
+        self.assertEqual(points[0].x, 0.0)  # reading gives a copy
         self.assertRaises(TypeError, points.append, (1.0, 2.0, 3.0))
 
 
@@ -173,16 +178,16 @@ class Memory(Family):
             a[0] = values[4]
             self.assertTrue((view[0] == view[4]).all())
             view[1] = view[2]
-            self.assertEqual(a[1], a[2])
-            before = list(a)
+            self.assertEqual(*plain(a[1:3]))
+            before = plain(a)
             for change in (lambda: a.resize(5), lambda: a.resize(9), lambda: a.append(values[0]),
                            lambda: a.extend(values), lambda: a.extend(a), lambda: a.extend([]), a.clear,
                            lambda: a.__init__(3), lambda: a.extend(memoryview(a)),
                            lambda: a.__setstate__(cls().__reduce__()[2])):
                 self.assertRaises(BufferError, change)
-            self.assertEqual(list(a), before)
+            self.assertEqual(plain(a), before)
             a.reverse()
-            self.assertEqual(list(a), before[::-1])
+            self.assertEqual(plain(a), before[::-1])
             del view
             self.assertRaises(BufferError, a.extend, memoryview(a))
             a.append(values[0])
@@ -226,13 +231,13 @@ class Memory(Family):
         self.assertEqual(list(a), [0])
         points = Vec3Array()
         points.extend(numpy.arange(12, dtype=">f4").reshape(2, 6)[:, ::2])
-        self.assertEqual(list(points), [vec3(0, 2, 4), vec3(6, 8, 10)])
+        self.assertEqual(plain(points), [(0, 2, 4), (6, 8, 10)])
         self.assertRaises(ValueError, points.extend, numpy.zeros((3, 2)))
         self.assertRaises(TypeError, points.extend, numpy.zeros(3))
 
     def test_extend_that_fails_changes_nothing(self):
         for cls, word, element, dtype, values, a in self.each():
-            before = list(a)
+            before = plain(a)
             self.raises(TypeError, "%sArray.extend(), expected type '%s' at index 2 but got 'str' instead"
                         % (word, element), a.extend, values[:2] + ["x"])
             for wrong in (5, None, iter(values), {1, 2}):
@@ -253,7 +258,7 @@ class Memory(Family):
                 def __getitem__(self, index):
                     raise KeyError("odd")
             self.assertRaises(KeyError, a.extend, Odd(values))
-            self.assertEqual(list(a), before)
+            self.assertEqual(plain(a), before)
 
     def test_items_with_code_of_their_own(self):
         a, source = FloatArray(2), [1.0]
@@ -289,6 +294,7 @@ class Memory(Family):
 class Objects(Family):
     def test_pickle_and_copy(self):
         for cls, word, element, dtype, values, a in self.each():
+            before = plain(a)
             for other in [pickle.loads(pickle.dumps(a, protocol)) for protocol in range(6)] + \
                     [copy.copy(a), copy.deepcopy(a), pickle.loads(pickle.dumps(a)).__class__()]:
                 self.assertEqual((type(other), len(other) in (0, 5)), (cls, True))
@@ -300,7 +306,7 @@ class Objects(Family):
                 self.assertRaises(ValueError, a.__setstate__, bad)
             for bad in (None, (), good[:3] + ("text", None)):
                 self.assertRaises(TypeError, a.__setstate__, bad)
-            self.assertEqual(list(a)[1:], list(cls.__iter__(a))[1:])
+            self.assertEqual(plain(a), before)
         sized = SizedArray("here", 3)
         FloatArray.__setitem__(sized, 1, 4.0)
         for other in (pickle.loads(pickle.dumps(sized)), copy.deepcopy(sized)):
