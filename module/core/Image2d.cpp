@@ -106,9 +106,7 @@ void bindImage2d()
         "An image of width x height pixels of 32-bit floats: a map of a horizon, a frame of a volume.\n\n"
         "image[x, y] reads and writes one pixel; it is element y * width + x of the buffer. numpy.asarray(image) is an "
         "array of shape (height, width) over the same pixels, without a copy: array[y, x] is image[x, y]. While such a "
-        "view exists the image can not be resized. Images can be copied and pickled.\n\n"
-        "__getitem__(index: tuple[int, int]) -> float\n"
-        "__setitem__(index: tuple[int, int], value: float) -> None",
+        "view exists the image can not be resized. Images can be copied and pickled.",
         bp::no_init);
     imageClass
         .def("__init__",

@@ -185,9 +185,7 @@ void bindImage3d()
         "element (z * height + y) * width + x of the buffer. numpy.asarray(image) is an array of shape (length, "
         "height, "
         "width) over the same pixels, without a copy: array[z, y, x] is image[x, y, z]. While such a view exists the "
-        "image can not be resized. Images can be copied and pickled.\n\n"
-        "__getitem__(index: tuple[int, int, int]) -> float\n"
-        "__setitem__(index: tuple[int, int, int], value: float) -> None",
+        "image can not be resized. Images can be copied and pickled.",
         bp::no_init);
     imageClass
         .def("__init__",

@@ -26,6 +26,10 @@ struct IndexTexts<img::Image2d>
     static constexpr const char* GetValue = "Image2d.getValue()";
     static constexpr const char* SetValue = "Image2d.setValue()";
     static constexpr const char* SetItem = "Image2d";
+    static constexpr const char* GetItemDocumentation =
+        "__getitem__(index: tuple[int, int]) -> float\n\nOne pixel. Raises IndexError outside the image.";
+    static constexpr const char* SetItemDocumentation = "__setitem__(index: tuple[int, int], value: float) -> "
+                                                        "None\n\nSets one pixel. Raises IndexError outside the image.";
 };
 
 template <>
@@ -40,6 +44,10 @@ struct IndexTexts<img::Image3d>
     static constexpr const char* GetValue = "Image3d.getValue()";
     static constexpr const char* SetValue = "Image3d.setValue()";
     static constexpr const char* SetItem = "Image3d";
+    static constexpr const char* GetItemDocumentation =
+        "__getitem__(index: tuple[int, int, int]) -> float\n\nOne pixel. Raises IndexError outside the image.";
+    static constexpr const char* SetItemDocumentation = "__setitem__(index: tuple[int, int, int], value: float) -> "
+                                                        "None\n\nSets one pixel. Raises IndexError outside the image.";
 };
 
 /// Single pixels at the speed of a hand-written C type: image[x, y], image[x, y] = v, getValue() and setValue().
@@ -60,8 +68,8 @@ public:
                                             METH_FASTCALL | METH_KEYWORDS, setDocumentation};
         installMethod(type, getDefinition);
         installMethod(type, setDefinition);
-        installSlot(type, "__getitem__", reinterpret_cast<void*>(getItem));
-        installSlot(type, "__setitem__", reinterpret_cast<void*>(setItem));
+        installSlot(type, "__getitem__", reinterpret_cast<void*>(getItem), Texts::GetItemDocumentation);
+        installSlot(type, "__setitem__", reinterpret_cast<void*>(setItem), Texts::SetItemDocumentation);
     }
 
 private:
