@@ -17,7 +17,8 @@ namespace python {
 ///
 /// Objects of plain values (trivially copyable) are kept for the next one when they die, the way the interpreter keeps
 /// floats: only those of the exact class, with no attributes, no weak references and one holder in its own place. An
-/// object in the pool keeps its reference to the class and, when it held a value, the finished holder.
+/// object in the pool keeps its reference to the class and, when it held a value, the finished holder; the garbage
+/// collector does not know it.
 ///
 /// Needs the interpreter lock. adopt() is called once, right after the class is registered. The state belongs to the
 /// scripting library; hidden, it is reached without a detour through the library's address table.
@@ -132,6 +133,7 @@ private:
             if (s_poolSize > 0) [[likely]] {
                 PyObject* object = s_pool[--s_poolSize];
                 _Py_NewReference(object);
+                PyObject_GC_Track(object);
                 return reinterpret_cast<Object*>(object);
             }
         return reinterpret_cast<Object*>(
@@ -153,6 +155,8 @@ private:
         auto* object = reinterpret_cast<Object*>(raw);
         PyTypeObject* type = Py_TYPE(raw);
         boost::python::instance_holder* holder = object->objects;
+        // The garbage collector must not meet a dead object, neither here nor in the pool.
+        PyObject_GC_UnTrack(raw);
         if (type == s_type && !object->dict && !object->weakrefs &&
             static_cast<void*>(holder) == static_cast<void*>(&object->storage) && !holder->next()) {
             const bool isReference = tableOf(holder) == s_referenceTable;
