@@ -1,5 +1,6 @@
 """Block spaces, point conversion, reference systems and the enumerations that go with them."""
 import copy
+import gc
 import pickle
 import unittest
 
@@ -105,6 +106,13 @@ class Transforms(BlockSpaceCase):
             singular = strativo_python.mat4()
             singular *= 0.0
             self.assertRaises(ValueError, setattr, turned, there, singular)
+
+    def test_values_and_the_garbage_collector(self):
+        matrix = self.space.fromBlockToWorld
+        for _ in range(300):
+            kept = [matrix[0], matrix[3], vec3(1, 2, 3)]
+            gc.collect()
+        self.assertEqual((coordinates(kept[2]), kept[1][3]), ([1, 2, 3], 1))
 
     def test_copies_and_pickles(self):
         self.space.frameIndex = 4

@@ -1,10 +1,741 @@
 # Written by module/stubs/generate.py; do not edit.
-from typing import overload
+from typing import Iterator, Sequence, overload
 from typing_extensions import Buffer
 
 NO_VALUE: float
 from . import utils as utils
 from . import segy as segy
+
+class IntArray:
+    """A growable array of signed 32-bit integers in one block of memory: the carrier of whole numbers (indices,
+    classes) between scripts and the application. Values beyond 32 bits raise OverflowError, floats TypeError.
+
+    Elements are indexed from 0 to len() - 1; negative indices are not counted from the end. numpy.asarray(array) is
+    a view of the same memory, without a copy; while it exists the array can not change its size. Can be copied and
+    pickled.
+    """
+    @overload
+    def __init__(self) -> None:
+        """An empty array, or one of `size` zeros. Raises ValueError for a negative size and MemoryError when the memory
+        is not to be had.
+        """
+    @overload
+    def __init__(self, size: int) -> None: ...
+    def __len__(self) -> int:
+        """The number of elements."""
+    def size(self) -> int:
+        """The number of elements, as len() gives it."""
+    def __str__(self) -> str:
+        """The class and the number of elements."""
+    def __repr__(self) -> str:
+        """The class and the number of elements."""
+    def __eq__(self, other: IntArray) -> bool:
+        """True when both have the same number of elements and every pair is exactly equal (a not-a-number equals
+        nothing). Arrays of another class are never equal.
+        """
+    def __neq__(self, other: IntArray) -> bool:
+        """True when the arrays are equal, as == gives it; != is the operator for the opposite. Raises RuntimeError for
+        None.
+        """
+    def __contains__(self, value: int) -> bool:
+        """Whether an element equals `value`; searched from the start."""
+    def __setitem__(self, index: int, value: int) -> None:
+        """Replaces element `index`, 0 <= index < len(). Raises IndexError for any other index, also a negative one, and
+        TypeError for a value of another type.
+        """
+    @overload
+    def __getitem__(self, index: int) -> int:
+        """Element `index`, 0 <= index < len(), or a list of the elements that a slice selects. Nothing is counted from
+        the end: a negative index, or a slice that selects a position outside, raises IndexError.
+        """
+    @overload
+    def __getitem__(self, index: slice) -> list: ...
+    def resize(self, size: int) -> None:
+        """Changes the number of elements to `size`; all of them are zero afterwards. Raises ValueError for a negative
+        size, MemoryError when the memory is not to be had and BufferError while a view (a numpy array) uses the
+        memory.
+        """
+    def index(self, value: int) -> int:
+        """The position of the first element equal to `value`. Raises ValueError when there is none."""
+    def rindex(self, value: int) -> int:
+        """Not usable: raises IndexError for every array and value."""
+    def reverse(self) -> None:
+        """Reverses the order in place."""
+    def append(self, value: int) -> None:
+        """Adds one element at the end. Raises MemoryError when the memory is not to be had and BufferError while a view
+        uses the memory.
+        """
+    def extend(self, sequence: Sequence[int]) -> None:
+        """Adds every item of a sequence at the end. Memory of numbers (numpy arrays, array.array, other typed arrays)
+        is copied at once, also from other widths and byte orders. Raises TypeError for an item of another type,
+        MemoryError and BufferError as append; the array is unchanged then.
+        """
+    def clear(self) -> None:
+        """Removes all elements and gives their memory back. Raises BufferError while a view uses the memory."""
+    def sort(self) -> None:
+        """Not implemented: raises NotImplementedError."""
+    def __iter__(self) -> Iterator[int]:
+        """The elements in order."""
+
+class FloatArray:
+    """A growable array of 32-bit floats in one block of memory: the carrier of samples, maps and attributes between
+    scripts and the application. Numbers are rounded to 32 bits; beyond their range they become infinite.
+
+    Elements are indexed from 0 to len() - 1; negative indices are not counted from the end. numpy.asarray(array) is
+    a view of the same memory, without a copy; while it exists the array can not change its size. Can be copied and
+    pickled.
+    """
+    @overload
+    def __init__(self) -> None:
+        """An empty array, or one of `size` zeros. Raises ValueError for a negative size and MemoryError when the memory
+        is not to be had.
+        """
+    @overload
+    def __init__(self, size: int) -> None: ...
+    def __len__(self) -> int:
+        """The number of elements."""
+    def size(self) -> int:
+        """The number of elements, as len() gives it."""
+    def __str__(self) -> str:
+        """The class and the number of elements."""
+    def __repr__(self) -> str:
+        """The class and the number of elements."""
+    def __eq__(self, other: FloatArray) -> bool:
+        """True when both have the same number of elements and every pair is exactly equal (a not-a-number equals
+        nothing). Arrays of another class are never equal.
+        """
+    def __neq__(self, other: FloatArray) -> bool:
+        """True when the arrays are equal, as == gives it; != is the operator for the opposite. Raises RuntimeError for
+        None.
+        """
+    def __contains__(self, value: float) -> bool:
+        """Whether an element equals `value`; searched from the start."""
+    def __setitem__(self, index: int, value: float) -> None:
+        """Replaces element `index`, 0 <= index < len(). Raises IndexError for any other index, also a negative one, and
+        TypeError for a value of another type.
+        """
+    @overload
+    def __getitem__(self, index: int) -> float:
+        """Element `index`, 0 <= index < len(), or a list of the elements that a slice selects. Nothing is counted from
+        the end: a negative index, or a slice that selects a position outside, raises IndexError.
+        """
+    @overload
+    def __getitem__(self, index: slice) -> list: ...
+    def resize(self, size: int) -> None:
+        """Changes the number of elements to `size`; all of them are zero afterwards. Raises ValueError for a negative
+        size, MemoryError when the memory is not to be had and BufferError while a view (a numpy array) uses the
+        memory.
+        """
+    def index(self, value: float) -> int:
+        """The position of the first element equal to `value`. Raises ValueError when there is none."""
+    def rindex(self, value: float) -> int:
+        """Not usable: raises IndexError for every array and value."""
+    def reverse(self) -> None:
+        """Reverses the order in place."""
+    def append(self, value: float) -> None:
+        """Adds one element at the end. Raises MemoryError when the memory is not to be had and BufferError while a view
+        uses the memory.
+        """
+    def extend(self, sequence: Sequence[float]) -> None:
+        """Adds every item of a sequence at the end. Memory of numbers (numpy arrays, array.array, other typed arrays)
+        is copied at once, also from other widths and byte orders. Raises TypeError for an item of another type,
+        MemoryError and BufferError as append; the array is unchanged then.
+        """
+    def clear(self) -> None:
+        """Removes all elements and gives their memory back. Raises BufferError while a view uses the memory."""
+    def sort(self) -> None:
+        """Not implemented: raises NotImplementedError."""
+    def __iter__(self) -> Iterator[float]:
+        """The elements in order."""
+
+class DoubleArray:
+    """A growable array of 64-bit floats in one block of memory: the carrier of coordinates and other exact numbers
+    between scripts and the application.
+
+    Elements are indexed from 0 to len() - 1; negative indices are not counted from the end. numpy.asarray(array) is
+    a view of the same memory, without a copy; while it exists the array can not change its size. Can be copied and
+    pickled.
+    """
+    @overload
+    def __init__(self) -> None:
+        """An empty array, or one of `size` zeros. Raises ValueError for a negative size and MemoryError when the memory
+        is not to be had.
+        """
+    @overload
+    def __init__(self, size: int) -> None: ...
+    def __len__(self) -> int:
+        """The number of elements."""
+    def size(self) -> int:
+        """The number of elements, as len() gives it."""
+    def __str__(self) -> str:
+        """The class and the number of elements."""
+    def __repr__(self) -> str:
+        """The class and the number of elements."""
+    def __eq__(self, other: DoubleArray) -> bool:
+        """True when both have the same number of elements and every pair is exactly equal (a not-a-number equals
+        nothing). Arrays of another class are never equal.
+        """
+    def __neq__(self, other: DoubleArray) -> bool:
+        """True when the arrays are equal, as == gives it; != is the operator for the opposite. Raises RuntimeError for
+        None.
+        """
+    def __contains__(self, value: float) -> bool:
+        """Whether an element equals `value`; searched from the start."""
+    def __setitem__(self, index: int, value: float) -> None:
+        """Replaces element `index`, 0 <= index < len(). Raises IndexError for any other index, also a negative one, and
+        TypeError for a value of another type.
+        """
+    @overload
+    def __getitem__(self, index: int) -> float:
+        """Element `index`, 0 <= index < len(), or a list of the elements that a slice selects. Nothing is counted from
+        the end: a negative index, or a slice that selects a position outside, raises IndexError.
+        """
+    @overload
+    def __getitem__(self, index: slice) -> list: ...
+    def resize(self, size: int) -> None:
+        """Changes the number of elements to `size`; all of them are zero afterwards. Raises ValueError for a negative
+        size, MemoryError when the memory is not to be had and BufferError while a view (a numpy array) uses the
+        memory.
+        """
+    def index(self, value: float) -> int:
+        """The position of the first element equal to `value`. Raises ValueError when there is none."""
+    def rindex(self, value: float) -> int:
+        """Not usable: raises IndexError for every array and value."""
+    def reverse(self) -> None:
+        """Reverses the order in place."""
+    def append(self, value: float) -> None:
+        """Adds one element at the end. Raises MemoryError when the memory is not to be had and BufferError while a view
+        uses the memory.
+        """
+    def extend(self, sequence: Sequence[float]) -> None:
+        """Adds every item of a sequence at the end. Memory of numbers (numpy arrays, array.array, other typed arrays)
+        is copied at once, also from other widths and byte orders. Raises TypeError for an item of another type,
+        MemoryError and BufferError as append; the array is unchanged then.
+        """
+    def clear(self) -> None:
+        """Removes all elements and gives their memory back. Raises BufferError while a view uses the memory."""
+    def sort(self) -> None:
+        """Not implemented: raises NotImplementedError."""
+    def __iter__(self) -> Iterator[float]:
+        """The elements in order."""
+
+class Vec3Array:
+    """A growable array of vec3 points in one block of memory: the carrier of point sets between scripts and the
+    application. Elements are read and written by copy: changing a vec3 got from the array does not change the array.
+    As a buffer (numpy.asarray) it is of shape (n, 3).
+
+    Elements are indexed from 0 to len() - 1; negative indices are not counted from the end. numpy.asarray(array) is
+    a view of the same memory, without a copy; while it exists the array can not change its size. Can be copied and
+    pickled.
+    """
+    @overload
+    def __init__(self) -> None:
+        """An empty array, or one of `size` zeros. Raises ValueError for a negative size and MemoryError when the memory
+        is not to be had.
+        """
+    @overload
+    def __init__(self, size: int) -> None: ...
+    def __len__(self) -> int:
+        """The number of elements."""
+    def size(self) -> int:
+        """The number of elements, as len() gives it."""
+    def __str__(self) -> str:
+        """The class and the number of elements."""
+    def __repr__(self) -> str:
+        """The class and the number of elements."""
+    def __eq__(self, other: Vec3Array) -> bool:
+        """True when both have the same number of elements and every pair is exactly equal (a not-a-number equals
+        nothing). Arrays of another class are never equal.
+        """
+    def __neq__(self, other: Vec3Array) -> bool:
+        """True when the arrays are equal, as == gives it; != is the operator for the opposite. Raises RuntimeError for
+        None.
+        """
+    def __contains__(self, value: vec3) -> bool:
+        """Whether an element equals `value`; searched from the start."""
+    def __setitem__(self, index: int, value: vec3) -> None:
+        """Replaces element `index`, 0 <= index < len(). Raises IndexError for any other index, also a negative one, and
+        TypeError for a value of another type.
+        """
+    @overload
+    def __getitem__(self, index: int) -> vec3:
+        """Element `index`, 0 <= index < len(), or a list of the elements that a slice selects. Nothing is counted from
+        the end: a negative index, or a slice that selects a position outside, raises IndexError.
+        """
+    @overload
+    def __getitem__(self, index: slice) -> list: ...
+    def resize(self, size: int) -> None:
+        """Changes the number of elements to `size`; all of them are zero afterwards. Raises ValueError for a negative
+        size, MemoryError when the memory is not to be had and BufferError while a view (a numpy array) uses the
+        memory.
+        """
+    def index(self, value: vec3) -> int:
+        """The position of the first element equal to `value`. Raises ValueError when there is none."""
+    def rindex(self, value: vec3) -> int:
+        """Not usable: raises IndexError for every array and value."""
+    def reverse(self) -> None:
+        """Reverses the order in place."""
+    def append(self, value: vec3) -> None:
+        """Adds one element at the end. Raises MemoryError when the memory is not to be had and BufferError while a view
+        uses the memory.
+        """
+    def extend(self, sequence: Sequence[vec3]) -> None:
+        """Adds every item of a sequence at the end. Memory of numbers (numpy arrays of shape (n, 3), array.array, other
+        typed arrays) is copied at once, also from other widths and byte orders. Raises TypeError for an item of
+        another type, MemoryError and BufferError as append; the array is unchanged then.
+        """
+    def clear(self) -> None:
+        """Removes all elements and gives their memory back. Raises BufferError while a view uses the memory."""
+    def sort(self) -> None:
+        """Not implemented: raises NotImplementedError."""
+    def __iter__(self) -> Iterator[vec3]:
+        """The elements in order."""
+
+class vec2:
+    """A vector of 2 floats: a point or a direction in the plane. Vectors are compared and hashed by identity."""
+    @overload
+    def __init__(self) -> None:
+        """All components are 0."""
+    @overload
+    def __init__(self, x: float, y: float) -> None:
+        """A vector of these components."""
+    def __getitem__(self, index: int) -> float:
+        """The component. Raises IndexError when there is none, OverflowError for a negative index."""
+    def __setitem__(self, index: int, value: float) -> None:
+        """Sets the component. Raises IndexError when there is none, OverflowError for a negative index."""
+    def __add__(self, other: vec2) -> vec2:
+        """Component-wise sum."""
+    def __sub__(self, other: vec2) -> vec2:
+        """Component-wise difference."""
+    @overload
+    def __mul__(self, other: vec2) -> float:
+        """The dot product, the scaled vector, or the transposed matrix applied to the vector."""
+    @overload
+    def __mul__(self, factor: float) -> vec2: ...
+    @overload
+    def __mul__(self, matrix: mat3) -> vec2: ...
+    def __rmul__(self, matrix: mat3) -> vec2:
+        """The matrix applied to the vector."""
+    def __truediv__(self, divisor: float) -> vec2:
+        """Component-wise division. Raises ZeroDivisionError."""
+    def __neg__(self) -> vec2:
+        """The opposite vector."""
+    def __iadd__(self, other: vec2) -> vec2:
+        """Adds in place."""
+    def __isub__(self, other: vec2) -> vec2:
+        """Subtracts in place."""
+    def __imul__(self, factor: float) -> vec2:
+        """Scales in place."""
+    def __itruediv__(self, divisor: float) -> vec2:
+        """Divides in place. Raises ZeroDivisionError."""
+    def __xor__(self, other: vec2) -> vec3:
+        """The cross product."""
+    def __str__(self) -> str: ...
+    def __repr__(self) -> str: ...
+    @property
+    def length(self) -> float:
+        """The Euclidean length."""
+    @property
+    def lengthSquared(self) -> float:
+        """The sum of the squared components."""
+    def normalize(self) -> vec2:
+        """Divides the vector by its length, in place, and returns it. The zero vector becomes not-a-number."""
+    @property
+    def x(self) -> float:
+        """The first component."""
+    @x.setter
+    def x(self, value: float) -> None: ...
+    @property
+    def y(self) -> float:
+        """The second component."""
+    @y.setter
+    def y(self, value: float) -> None: ...
+
+class vec3:
+    """A vector of 3 floats: a point or a direction in space. Vectors are compared and hashed by identity."""
+    @overload
+    def __init__(self) -> None:
+        """All components are 0."""
+    @overload
+    def __init__(self, x: float, y: float, z: float) -> None:
+        """A vector of these components."""
+    def __getitem__(self, index: int) -> float:
+        """The component. Raises IndexError when there is none, OverflowError for a negative index."""
+    def __setitem__(self, index: int, value: float) -> None:
+        """Sets the component. Raises IndexError when there is none, OverflowError for a negative index."""
+    def __add__(self, other: vec3) -> vec3:
+        """Component-wise sum."""
+    def __sub__(self, other: vec3) -> vec3:
+        """Component-wise difference."""
+    @overload
+    def __mul__(self, other: vec3) -> float:
+        """The dot product, the scaled vector, or the transposed matrix applied to the vector."""
+    @overload
+    def __mul__(self, factor: float) -> vec3: ...
+    @overload
+    def __mul__(self, matrix: mat4) -> vec3: ...
+    def __rmul__(self, matrix: mat4) -> vec3:
+        """The matrix applied to the vector."""
+    def __truediv__(self, divisor: float) -> vec3:
+        """Component-wise division. Raises ZeroDivisionError."""
+    def __neg__(self) -> vec3:
+        """The opposite vector."""
+    def __iadd__(self, other: vec3) -> vec3:
+        """Adds in place."""
+    def __isub__(self, other: vec3) -> vec3:
+        """Subtracts in place."""
+    def __imul__(self, factor: float) -> vec3:
+        """Scales in place."""
+    def __itruediv__(self, divisor: float) -> vec3:
+        """Divides in place. Raises ZeroDivisionError."""
+    def __xor__(self, other: vec3) -> vec3:
+        """The cross product."""
+    def __str__(self) -> str: ...
+    def __repr__(self) -> str: ...
+    @property
+    def length(self) -> float:
+        """The Euclidean length."""
+    @property
+    def lengthSquared(self) -> float:
+        """The sum of the squared components."""
+    def normalize(self) -> vec3:
+        """Divides the vector by its length, in place, and returns it. The zero vector becomes not-a-number."""
+    @property
+    def x(self) -> float:
+        """The first component."""
+    @x.setter
+    def x(self, value: float) -> None: ...
+    @property
+    def y(self) -> float:
+        """The second component."""
+    @y.setter
+    def y(self, value: float) -> None: ...
+    @property
+    def z(self) -> float:
+        """The third component."""
+    @z.setter
+    def z(self, value: float) -> None: ...
+
+class vec4:
+    """A vector of 4 floats: four numbers, such as a point in homogeneous coordinates. Vectors are compared and hashed
+    by identity.
+    """
+    @overload
+    def __init__(self) -> None:
+        """All components are 0."""
+    @overload
+    def __init__(self, x: float, y: float, z: float, w: float) -> None:
+        """A vector of these components."""
+    def __getitem__(self, index: int) -> float:
+        """The component. Raises IndexError when there is none, OverflowError for a negative index."""
+    def __setitem__(self, index: int, value: float) -> None:
+        """Sets the component. Raises IndexError when there is none, OverflowError for a negative index."""
+    def __add__(self, other: vec4) -> vec4:
+        """Component-wise sum."""
+    def __sub__(self, other: vec4) -> vec4:
+        """Component-wise difference."""
+    @overload
+    def __mul__(self, other: vec4) -> float:
+        """The dot product, the scaled vector, or the transposed matrix applied to the vector."""
+    @overload
+    def __mul__(self, factor: float) -> vec4: ...
+    @overload
+    def __mul__(self, matrix: mat4) -> vec4: ...
+    def __rmul__(self, matrix: mat4) -> vec4:
+        """The matrix applied to the vector."""
+    def __truediv__(self, divisor: float) -> vec4:
+        """Component-wise division. Raises ZeroDivisionError."""
+    def __neg__(self) -> vec4:
+        """The opposite vector."""
+    def __iadd__(self, other: vec4) -> vec4:
+        """Adds in place."""
+    def __isub__(self, other: vec4) -> vec4:
+        """Subtracts in place."""
+    def __imul__(self, factor: float) -> vec4:
+        """Scales in place."""
+    def __itruediv__(self, divisor: float) -> vec4:
+        """Divides in place. Raises ZeroDivisionError."""
+    def __str__(self) -> str: ...
+    def __repr__(self) -> str: ...
+    @property
+    def length(self) -> float:
+        """The Euclidean length."""
+    @property
+    def lengthSquared(self) -> float:
+        """The sum of the squared components."""
+    def normalize(self) -> vec4:
+        """Divides the vector by its length, in place, and returns it. The zero vector becomes not-a-number."""
+    @property
+    def x(self) -> float:
+        """The first component."""
+    @x.setter
+    def x(self, value: float) -> None: ...
+    @property
+    def y(self) -> float:
+        """The second component."""
+    @y.setter
+    def y(self, value: float) -> None: ...
+    @property
+    def z(self) -> float:
+        """The third component."""
+    @z.setter
+    def z(self, value: float) -> None: ...
+    @property
+    def w(self) -> float:
+        """The fourth component."""
+    @w.setter
+    def w(self, value: float) -> None: ...
+
+class mat3:
+    """A 3 x 3 matrix of floats, row by row. It acts on column vectors: matrix * vector. Matrices are compared element
+    by element and hashed by identity.
+    """
+    @overload
+    def __init__(self) -> None:
+        """All elements are 0."""
+    @overload
+    def __init__(self, value: float) -> None:
+        """All elements are value."""
+    @overload
+    def __init__(self, row0: vec3, row1: vec3, row2: vec3) -> None:
+        """A matrix of these rows."""
+    def __getitem__(self, row: int) -> vec3:
+        """The row, as a reference: what is assigned to its components changes the matrix. Raises IndexError when there
+        is no such row.
+        """
+    def __setitem__(self, row: int, value: vec3) -> None:
+        """Replaces the row. Raises IndexError when there is no such row."""
+    def __add__(self, other: mat3) -> mat3:
+        """Element-wise sum."""
+    def __sub__(self, other: mat3) -> mat3:
+        """Element-wise difference."""
+    @overload
+    def __mul__(self, other: mat3) -> mat3:
+        """The matrix product, or the scaled matrix."""
+    @overload
+    def __mul__(self, factor: float) -> mat3: ...
+    def __rmul__(self, factor: float) -> mat3:
+        """The scaled matrix."""
+    def __truediv__(self, divisor: float) -> mat3:
+        """Every element times 1 / divisor; zero gives infinities."""
+    def __iadd__(self, other: mat3) -> mat3:
+        """Adds in place."""
+    def __isub__(self, other: mat3) -> mat3:
+        """Subtracts in place."""
+    def __imul__(self, factor: float) -> mat3:
+        """Scales in place."""
+    def __str__(self) -> str: ...
+    def __repr__(self) -> str: ...
+    @property
+    def determinant(self) -> float:
+        """The determinant."""
+    def transpose(self) -> mat3:
+        """The transposed matrix; this one is not changed."""
+    def isInvertible(self) -> bool:
+        """True when the determinant is not exactly 0."""
+    def invert(self) -> mat3:
+        """The inverse matrix; this one is not changed. Raises RuntimeError when the determinant is exactly 0."""
+    def __idiv__(self, divisor: float) -> mat3:
+        """Divides in place and returns the matrix; zero gives infinities. The operator /= makes a new matrix instead."""
+    def __eq__(self, other: object) -> bool: ...
+    def __ne__(self, other: object) -> bool: ...
+
+class mat4:
+    """A 4 x 4 matrix of floats, row by row. It acts on column vectors: matrix * vector. Matrices are compared and
+    hashed by identity.
+    """
+    @overload
+    def __init__(self) -> None:
+        """All elements are 0."""
+    @overload
+    def __init__(self, value: float) -> None:
+        """All elements are value."""
+    @overload
+    def __init__(self, row0: vec4, row1: vec4, row2: vec4, row3: vec4) -> None:
+        """A matrix of these rows."""
+    def __getitem__(self, row: int) -> vec4:
+        """The row, as a reference: what is assigned to its components changes the matrix. Raises IndexError when there
+        is no such row.
+        """
+    def __setitem__(self, row: int, value: vec4) -> None:
+        """Replaces the row. Raises IndexError when there is no such row."""
+    def __add__(self, other: mat4) -> mat4:
+        """Element-wise sum."""
+    def __sub__(self, other: mat4) -> mat4:
+        """Element-wise difference."""
+    @overload
+    def __mul__(self, other: mat4) -> mat4:
+        """The matrix product, or the scaled matrix."""
+    @overload
+    def __mul__(self, factor: float) -> mat4: ...
+    def __rmul__(self, factor: float) -> mat4:
+        """The scaled matrix."""
+    def __truediv__(self, divisor: float) -> mat4:
+        """Every element times 1 / divisor; zero gives infinities."""
+    def __iadd__(self, other: mat4) -> mat4:
+        """Adds in place."""
+    def __isub__(self, other: mat4) -> mat4:
+        """Subtracts in place."""
+    def __imul__(self, factor: float) -> mat4:
+        """Scales in place."""
+    def __str__(self) -> str: ...
+    def __repr__(self) -> str: ...
+    @property
+    def determinant(self) -> float:
+        """The determinant."""
+    def transpose(self) -> mat4:
+        """The transposed matrix; this one is not changed."""
+    def isInvertible(self) -> bool:
+        """True when the determinant is not exactly 0."""
+    def invert(self) -> mat4:
+        """The inverse matrix; this one is not changed. Raises RuntimeError when the determinant is exactly 0."""
+    def __idiv__(self, divisor: float) -> mat4:
+        """Divides in place and returns the matrix; zero gives infinities. The operator /= makes a new matrix instead."""
+
+class Rect2D:
+    """A closed rectangle of floats given by its edges; touching rectangles intersect. Rectangles are compared and
+    hashed by identity.
+    """
+    @overload
+    def __init__(self) -> None:
+        """All edges are 0."""
+    @overload
+    def __init__(self, topLeft: vec2, bottomRight: vec2) -> None:
+        """The rectangle between two opposite corners."""
+    def isValid(self) -> bool:
+        """True when no extent is negative."""
+    def isNull(self) -> bool:
+        """True when all extents are exactly 0."""
+    def intersects(self, other: Rect2D) -> bool:
+        """True when the two have a point in common; touching is enough."""
+    def intersection(self, other: Rect2D) -> Rect2D:
+        """What the two have in common; not valid when that is nothing."""
+    def __str__(self) -> str: ...
+    def __repr__(self) -> str: ...
+    @property
+    def left(self) -> float:
+        """The left edge (x)."""
+    @left.setter
+    def left(self, value: float) -> None: ...
+    @property
+    def top(self) -> float:
+        """The top edge (y), the smaller one of a valid rectangle."""
+    @top.setter
+    def top(self, value: float) -> None: ...
+    @property
+    def right(self) -> float:
+        """The right edge (x)."""
+    @right.setter
+    def right(self, value: float) -> None: ...
+    @property
+    def bottom(self) -> float:
+        """The bottom edge (y), the larger one of a valid rectangle."""
+    @bottom.setter
+    def bottom(self, value: float) -> None: ...
+    @property
+    def width(self) -> float:
+        """right - left. Setting it moves the right edge."""
+    @width.setter
+    def width(self, value: float) -> None: ...
+    @property
+    def height(self) -> float:
+        """bottom - top. Setting it moves the bottom edge."""
+    @height.setter
+    def height(self, value: float) -> None: ...
+    @property
+    def topLeft(self) -> vec2:
+        """The corner (left, top). Setting it moves these two edges."""
+    @topLeft.setter
+    def topLeft(self, value: vec2) -> None: ...
+    @property
+    def bottomLeft(self) -> vec2:
+        """The corner (left, bottom). Setting it moves these two edges."""
+    @bottomLeft.setter
+    def bottomLeft(self, value: vec2) -> None: ...
+    @property
+    def topRight(self) -> vec2:
+        """The corner (right, top). Setting it moves these two edges."""
+    @topRight.setter
+    def topRight(self, value: vec2) -> None: ...
+    @property
+    def bottomRight(self) -> vec2:
+        """The corner (right, bottom). Setting it moves these two edges."""
+    @bottomRight.setter
+    def bottomRight(self, value: vec2) -> None: ...
+    @property
+    def center(self) -> vec2:
+        """The middle of the rectangle."""
+
+class Rect3D:
+    """A closed box of floats given by its faces; touching boxes intersect. Boxes are compared number by number and
+    hashed by identity.
+    """
+    @overload
+    def __init__(self) -> None:
+        """All faces are 0."""
+    @overload
+    def __init__(self, topLeftFront: vec3, bottomRightBack: vec3) -> None:
+        """The box between two opposite corners."""
+    def isValid(self) -> bool:
+        """True when no extent is negative."""
+    def isNull(self) -> bool:
+        """True when all extents are exactly 0."""
+    def intersects(self, other: Rect3D) -> bool:
+        """True when the two have a point in common; touching is enough."""
+    def intersection(self, other: Rect3D) -> Rect3D:
+        """What the two have in common; not valid when that is nothing."""
+    def __str__(self) -> str: ...
+    def __repr__(self) -> str: ...
+    def __eq__(self, other: object) -> bool: ...
+    def __ne__(self, other: object) -> bool: ...
+    @property
+    def left(self) -> float:
+        """The left face (x)."""
+    @left.setter
+    def left(self, value: float) -> None: ...
+    @property
+    def top(self) -> float:
+        """The top face (y), the smaller one of a valid box."""
+    @top.setter
+    def top(self, value: float) -> None: ...
+    @property
+    def front(self) -> float:
+        """The front face (z), the smaller one of a valid box."""
+    @front.setter
+    def front(self, value: float) -> None: ...
+    @property
+    def right(self) -> float:
+        """The right face (x)."""
+    @right.setter
+    def right(self, value: float) -> None: ...
+    @property
+    def bottom(self) -> float:
+        """The bottom face (y), the larger one of a valid box."""
+    @bottom.setter
+    def bottom(self, value: float) -> None: ...
+    @property
+    def back(self) -> float:
+        """The back face (z), the larger one of a valid box."""
+    @back.setter
+    def back(self, value: float) -> None: ...
+    @property
+    def width(self) -> float:
+        """right - left. Setting it moves the right face."""
+    @width.setter
+    def width(self, value: float) -> None: ...
+    @property
+    def height(self) -> float:
+        """bottom - top. Setting it moves the bottom face."""
+    @height.setter
+    def height(self, value: float) -> None: ...
+    @property
+    def depth(self) -> float:
+        """back - front. Setting it moves the back face."""
+    @depth.setter
+    def depth(self, value: float) -> None: ...
+    @property
+    def center(self) -> vec3:
+        """The middle of the box."""
 
 class ScanOrientation(int):
     """The axis of a block that frames are cut across: an Inline frame has one inline number (block y), a Crossline

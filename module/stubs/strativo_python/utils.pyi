@@ -1,7 +1,7 @@
 """Conversion of points between block, survey and world coordinates."""
 # Written by module/stubs/generate.py; do not edit.
 from typing import overload
-from strativo_python import BlockSpace
+from strativo_python import BlockSpace, Vec3Array, vec3
 
 @overload
 def blockToSurvey(point: vec3, blockSpace: BlockSpace) -> vec3:
