@@ -77,6 +77,16 @@ public:
         return reinterpret_cast<PyObject*>(object);
     }
 
+    /// New reference to an object that holds a new T(), for values that are not copied; null with MemoryError pending.
+    static PyObject* makeDefault()
+    {
+        Object* object = blank();
+        static_assert(!s_isPooled, "an object from the pool has the value of its former life");
+        if (object)
+            place<Holder>(object, reinterpret_cast<PyObject*>(object));
+        return reinterpret_cast<PyObject*>(object);
+    }
+
     /// New reference to an object that stands for `target` inside `owner`; see ReferenceHolder.
     static PyObject* makeReference(T* target, PyObject* owner)
     {

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <functional>
 #include <limits>
+#include <utility>
 
 namespace core {
 
@@ -126,6 +127,19 @@ bool Array<T>::assign(const Array& other)
     m_count = other.m_count;
     m_extentY = other.m_extentY;
     m_extentZ = other.m_extentZ;
+    return true;
+}
+
+template <typename T>
+bool Array<T>::takeOver(Array& other)
+{
+    if (isExported() || other.isExported())
+        return false;
+    std::swap(m_data, other.m_data);
+    std::swap(m_count, other.m_count);
+    std::swap(m_capacity, other.m_capacity);
+    std::swap(m_extentY, other.m_extentY);
+    std::swap(m_extentZ, other.m_extentZ);
     return true;
 }
 

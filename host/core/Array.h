@@ -59,6 +59,9 @@ public:
     [[nodiscard]] bool clear();
     /// The count, content and extents of `other`.
     [[nodiscard]] bool assign(const Array& other);
+    /// The same without a copy: the buffer itself changes hands and `other` gets the former one with its content. Fails
+    /// only while one of the two is exported.
+    [[nodiscard]] bool takeOver(Array& other);
 
     [[nodiscard]] bool append(const T& value)
     {

@@ -52,7 +52,7 @@ public:
     /// New reference to an object with an empty array, which comes back in `array`.
     static PyObject* make(Array*& array)
     {
-        PyObject* object = PyObject_CallNoArgs(reinterpret_cast<PyObject*>(ValueInstance<Array>::type()));
+        PyObject* object = ValueInstance<Array>::makeDefault();
         array = object ? get(object) : nullptr;
         return object;
     }

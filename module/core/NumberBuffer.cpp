@@ -1,5 +1,7 @@
 #include "module/core/NumberBuffer.h"
 
+#include <QtEndian>
+
 #include <bit>
 #include <cstring>
 #include <limits>
@@ -18,13 +20,19 @@ struct Half
     unsigned char bytes[2];
 };
 
+/// Of any alignment.
 template <typename Source>
 Source load(const unsigned char* from, bool swapped)
 {
-    unsigned char bytes[sizeof(Source)];
-    for (std::size_t i = 0; i < sizeof(Source); ++i)
-        bytes[i] = from[swapped ? sizeof(Source) - 1 - i : i];
-    return std::bit_cast<Source>(bytes);
+    using Bits = std::conditional_t<
+        sizeof(Source) == 1, quint8,
+        std::conditional_t<sizeof(Source) == 2, quint16, std::conditional_t<sizeof(Source) == 4, quint32, quint64>>>;
+    Bits bits = 0;
+    std::memcpy(&bits, from, sizeof bits);
+    if constexpr (sizeof(Source) > 1)
+        if (swapped)
+            bits = qbswap(bits);
+    return std::bit_cast<Source>(bits);
 }
 
 template <typename Target, typename Source>

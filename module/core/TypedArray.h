@@ -4,6 +4,7 @@
 #include "module/core/TypedArrayExtend.h"
 #include "module/core/TypedArrayIterator.h"
 #include "module/core/TypedArrayPickle.h"
+#include "module/core/TypedArraySearch.h"
 #include "module/core/TypedArraySlice.h"
 #include "runtime/ClassSlots.h"
 
@@ -35,13 +36,25 @@ public:
         if (sizeObject && !readSize(sizeObject, size))
             return -1;
         Array* array = Instance::getOrCreate(self);
-        if (!array || !requireResizable(*array))
-            return -1;
-        if (size == 0 ? array->clear() : fitsMemory<T>(size) && array->resize(size))
-            return 0;
-        PyErr_Format(PyExc_MemoryError, "%sArray, unable to allocate memory for array of size %ld", Element::word,
-                     static_cast<long>(size));
-        return -1;
+        return array && fill(*array, size) ? 0 : -1;
+    }
+
+    /// The call of the class itself, without the way through __new__ and __init__.
+    static PyObject* construct(PyObject* type, PyObject* const* arguments, std::size_t count, PyObject* keywordNames)
+    {
+        const Py_ssize_t given = PyVectorcall_NARGS(count);
+        if (given > 1 || keywordNames)
+            return constructOrdinarily(type, arguments, count, keywordNames);
+        std::int64_t size = 0;
+        if (given == 1 && !readSize(arguments[0], size))
+            return nullptr;
+        Array* array = nullptr;
+        PyObject* self = Instance::make(array);
+        if (!self)
+            return PyErr_Format(PyExc_MemoryError, "%sArray, unable to allocate memory for array", Element::word);
+        if (size > 0 && !fill(*array, size))
+            Py_CLEAR(self);
+        return self;
     }
 
     static Py_ssize_t length(PyObject* self)
@@ -64,66 +77,6 @@ public:
         const QString form =
             QStringLiteral("[ %1Array, size = %2 ]").arg(QLatin1String(Element::word)).arg(array->count());
         return PyUnicode_FromString(form.toUtf8().constData());
-    }
-
-    static PyObject* compare(PyObject* self, PyObject* other, int operation)
-    {
-        if ((operation != Py_EQ && operation != Py_NE) || !Instance::check(self) || !Instance::check(other))
-            Py_RETURN_NOTIMPLEMENTED;
-        bool equal = false;
-        if (!areEqual(self, other, equal))
-            return nullptr;
-        return PyBool_FromLong(equal == (operation == Py_EQ));
-    }
-
-    /// True for equal arrays, whatever the name says: scripts rely on it.
-    static PyObject* neq(PyObject* self, PyObject* other)
-    {
-        if (other == Py_None)
-            return PyErr_Format(PyExc_RuntimeError,
-                                "core::Array, expected type 'core::Array' but got 'NoneType' instead");
-        if (!Instance::check(other))
-            return PyErr_Format(PyExc_TypeError, "%sArray.__neq__(), expected '%sArray' but got '%s' instead",
-                                Element::word, Element::word, typeName(other));
-        bool equal = false;
-        return areEqual(self, other, equal) ? PyBool_FromLong(equal) : nullptr;
-    }
-
-    static int contains(PyObject* self, PyObject* value)
-    {
-        std::int64_t position = -1;
-        return find(self, value, "__contains__", position) ? position >= 0 : -1;
-    }
-
-    static PyObject* index(PyObject* self, PyObject* value)
-    {
-        std::int64_t position = -1;
-        if (!find(self, value, "index", position))
-            return nullptr;
-        if (position < 0)
-            return PyErr_Format(PyExc_ValueError, "%sArray.index(), element not found in %sArray", Element::word,
-                                Element::word);
-        return PyLong_FromLongLong(position);
-    }
-
-    /// The scan begins one position behind the last element, which is out of range: it never gets further. Scripts may
-    /// rely on the IndexError.
-    static PyObject* rindex(PyObject* self, PyObject* value)
-    {
-        T wanted{};
-        if (!convertArgument(value, "rindex", wanted))
-            return nullptr;
-        const Array* array = Instance::get(self);
-        if (!array)
-            return nullptr;
-        for (std::int64_t position = array->count(); position >= 0; --position) {
-            if (!isValidIndex(position, array->count()))
-                return raiseOutOfRange(position, array->count());
-            if ((*array)[position] == wanted)
-                return PyLong_FromLongLong(position);
-        }
-        return PyErr_Format(PyExc_ValueError, "%sArray.rindex(), element not found in %sArray", Element::word,
-                            Element::word);
     }
 
     static PyObject* item(PyObject* self, Py_ssize_t position)
@@ -212,7 +165,7 @@ public:
     static PyObject* append(PyObject* self, PyObject* value)
     {
         T converted{};
-        if (!convertArgument(value, "append", converted))
+        if (!convertArgument<T>(value, "append", converted))
             return nullptr;
         Array* array = Instance::get(self);
         if (!array)
@@ -248,6 +201,18 @@ public:
     }
 
 private:
+    /// `size` zeros instead of what the array held.
+    static bool fill(Array& array, std::int64_t size)
+    {
+        if (!requireResizable(array))
+            return false;
+        if (size == 0 ? array.clear() : fitsMemory<T>(size) && array.resize(size))
+            return true;
+        PyErr_Format(PyExc_MemoryError, "%sArray, unable to allocate memory for array of size %ld", Element::word,
+                     static_cast<long>(size));
+        return false;
+    }
+
     /// A size beyond 64 bits becomes the greatest one, which no memory can hold.
     static bool readSize(PyObject* object, std::int64_t& size)
     {
@@ -282,38 +247,6 @@ private:
         PyErr_Format(PyExc_IndexError, "%sArray, index %d out of bounds (valid range: %d -> %d)", Element::word, first,
                      0, shown(count - 1));
         return -1;
-    }
-
-    static bool convertArgument(PyObject* object, const char* method, T& value)
-    {
-        if (Element::fromPythonAtOnce(object, value)) [[likely]]
-            return true;
-        const Conversion conversion = Element::fromPython(object, value);
-        if (conversion == Conversion::WrongType)
-            PyErr_Format(PyExc_TypeError, "%sArray.%s(), expected type '%s' but got '%s' instead", Element::word,
-                         method, Element::typeName, typeName(object));
-        return conversion == Conversion::Done;
-    }
-
-    /// -1 in `position` when there is no such element.
-    static bool find(PyObject* self, PyObject* value, const char* method, std::int64_t& position)
-    {
-        T wanted{};
-        if (!convertArgument(value, method, wanted))
-            return false;
-        Array* array = Instance::get(self);
-        if (array)
-            position = onElements(*array, *array, [&] { return array->indexOf(wanted); });
-        return array != nullptr;
-    }
-
-    static bool areEqual(PyObject* self, PyObject* other, bool& equal)
-    {
-        Array* first = Instance::get(self);
-        Array* second = first ? Instance::get(other) : nullptr;
-        if (second)
-            equal = onElements(*first, *second, [=] { return *first == *second; });
-        return second != nullptr;
     }
 
     static PyObject* sliceList(Array& array, PyObject* slice)

@@ -13,6 +13,7 @@ class TypedArrayBinding
 {
     using Element = ArrayElement<T>;
     using Members = TypedArray<T>;
+    using Search = TypedArraySearch<T>;
 
 public:
     explicit TypedArrayBinding(const char* description)
@@ -33,13 +34,13 @@ public:
         method("size", Members::size, METH_NOARGS, "size() -> int\n\nThe number of elements, as len() gives it.");
         slot("__str__", Members::text, "__str__() -> str\n\nThe class and the number of elements.");
         slot("__repr__", Members::text, "__repr__() -> str\n\nThe class and the number of elements.");
-        slot("__eq__", Members::compare,
+        slot("__eq__", Search::compare,
              "__eq__(other: {A}) -> bool\n\nTrue when both have the same number of elements and every pair is exactly "
              "equal (a not-a-number equals nothing). Arrays of another class are never equal.");
-        method("__neq__", Members::neq, METH_O,
+        method("__neq__", Search::neq, METH_O,
                "__neq__(other: {A}) -> bool\n\nTrue when the arrays are equal, as == gives it; != is the operator for "
                "the opposite. Raises RuntimeError for None.");
-        slot("__contains__", Members::contains,
+        slot("__contains__", Search::contains,
              "__contains__(value: {E}) -> bool\n\nWhether an element equals `value`; searched from the start.");
         slot("__setitem__", Members::assign,
              "__setitem__(index: int, value: {E}) -> None\n\nReplaces element `index`, 0 <= index < len(). Raises "
@@ -52,10 +53,10 @@ public:
                "resize(size: int) -> None\n\nChanges the number of elements to `size`; all of them are zero "
                "afterwards. Raises ValueError for a negative size, MemoryError when the memory is not to be had and "
                "BufferError while a view (a numpy array) uses the memory.");
-        method("index", Members::index, METH_O,
+        method("index", Search::index, METH_O,
                "index(value: {E}) -> int\n\nThe position of the first element equal to `value`. Raises ValueError "
                "when there is none.");
-        method("rindex", Members::rindex, METH_O,
+        method("rindex", Search::rindex, METH_O,
                "rindex(value: {E}) -> int\n\nNot usable: raises IndexError for every array and value.");
         method("reverse", Members::reverse, METH_NOARGS, "reverse() -> None\n\nReverses the order in place.");
         method("append", Members::append, METH_O,
@@ -80,10 +81,11 @@ public:
         method("__setstate__", TypedArrayPickle<T>::setState, METH_O,
                "__setstate__(state: tuple) -> None\n\nFor pickle and copy. Raises ValueError for a state of another "
                "class.");
+        installConstructor(m_type, Members::construct);
         installSequence(m_type, Members::length, Members::item);
         installBuffer(m_type, TypedArrayBuffer<T>::get, TypedArrayBuffer<T>::release);
         // The names of the other comparisons are those of `object`, so the interpreter would look all of them up first.
-        m_type->tp_richcompare = Members::compare;
+        m_type->tp_richcompare = Search::compare;
         PyType_Modified(m_type);
     }
 

@@ -40,7 +40,7 @@ public:
             return false;
         if (ArrayInstance<T>::check(sequence)) {
             const Array* other = ArrayInstance<T>::get(sequence);
-            return other && (room(array, other->count()) && append(array, *other));
+            return other && room(array, other->count()) && append(array, *other);
         }
         for (const auto way : {fromNumbers, fromPlainItems})
             if (const Outcome outcome = way(array, sequence); outcome != Outcome::NotThisWay)

@@ -65,7 +65,7 @@ public:
         Array* array = ArrayInstance<T>::getOrCreate(self);
         if (!array || !requireResizable(*array))
             return nullptr;
-        if (!array->assign(fresh))
+        if (!array->takeOver(fresh))
             return PyErr_NoMemory();
         if (hasAttributes) {
             PyObject* own = PyObject_GetAttrString(self, "__dict__");
