@@ -20,6 +20,9 @@ namespace python {
 /// object in the pool keeps its reference to the class and, when it held a value, the finished holder; the garbage
 /// collector does not know it.
 ///
+/// Such objects are not tracked by the cyclic garbage collector: it would find those in the pool and take them for
+/// garbage, and it never looks into the attributes of the binding layer's instances anyway.
+///
 /// Needs the interpreter lock. adopt() is called once, right after the class is registered. The state belongs to the
 /// scripting library; hidden, it is reached without a detour through the library's address table.
 template <typename T>
@@ -45,6 +48,7 @@ public:
                 base = base->tp_base;
             s_deallocate = base->tp_dealloc;
             type->tp_dealloc = release;
+            type->tp_alloc = allocate;
             PyType_Modified(type);
         }
     }
@@ -160,6 +164,15 @@ private:
         return holder;
     }
 
+    /// For the class itself; the interpreter gives subclasses its general function.
+    static PyObject* allocate(PyTypeObject* type, Py_ssize_t extraBytes)
+    {
+        PyObject* object = PyType_GenericAlloc(type, extraBytes);
+        if (object && PyType_IS_GC(type))
+            PyObject_GC_UnTrack(object);
+        return object;
+    }
+
     static void release(PyObject* raw)
     {
         auto* object = reinterpret_cast<Object*>(raw);
@@ -180,6 +193,8 @@ private:
                 return;
             }
         }
+        if (PyType_IS_GC(type))
+            PyObject_GC_UnTrack(raw);
         s_deallocate(raw);
         Py_DECREF(type);
     }
