@@ -17,8 +17,7 @@ namespace python {
 ///
 /// Objects of plain values (trivially copyable) are kept for the next one when they die, the way the interpreter keeps
 /// floats: only those of the exact class, with no attributes, no weak references and one holder in its own place. An
-/// object in the pool keeps its reference to the class and, when it held a value, the finished holder; the garbage
-/// collector does not know it.
+/// object in the pool keeps its reference to the class and, when it held a value, the finished holder.
 ///
 /// Such objects are not tracked by the cyclic garbage collector: it would find those in the pool and take them for
 /// garbage, and it never looks into the attributes of the binding layer's instances anyway.
@@ -147,7 +146,6 @@ private:
             if (s_poolSize > 0) [[likely]] {
                 PyObject* object = s_pool[--s_poolSize];
                 _Py_NewReference(object);
-                PyObject_GC_Track(object);
                 return reinterpret_cast<Object*>(object);
             }
         return reinterpret_cast<Object*>(
@@ -178,8 +176,6 @@ private:
         auto* object = reinterpret_cast<Object*>(raw);
         PyTypeObject* type = Py_TYPE(raw);
         boost::python::instance_holder* holder = object->objects;
-        // The garbage collector must not meet a dead object, neither here nor in the pool.
-        PyObject_GC_UnTrack(raw);
         if (type == s_type && !object->dict && !object->weakrefs &&
             static_cast<void*>(holder) == static_cast<void*>(&object->storage) && !holder->next()) {
             const bool isReference = tableOf(holder) == s_referenceTable;
@@ -193,6 +189,7 @@ private:
                 return;
             }
         }
+        // An object of a subclass is tracked, and the collector must not meet it half dead.
         if (PyType_IS_GC(type))
             PyObject_GC_UnTrack(raw);
         s_deallocate(raw);
