@@ -127,7 +127,7 @@ private:
 
     /// Any other holder and the first call: the holder knows its value. The plain holder's virtual table and the place
     /// of the value in it are remembered.
-    static T* find(boost::python::instance_holder* holder)
+    [[gnu::noinline, gnu::cold]] static T* find(boost::python::instance_holder* holder)
     {
         if (s_referenceTable && tableOf(holder) == s_referenceTable)
             return static_cast<Reference*>(holder)->target();

@@ -145,7 +145,7 @@ PyObject* text(PyObject* object)
 
 /// TypeError for the right operand of an in-place operation.
 template <typename T>
-PyObject* refuseOperand(const char* operation, const char* wanted, PyObject* given)
+[[gnu::noinline, gnu::cold]] PyObject* refuseOperand(const char* operation, const char* wanted, PyObject* given)
 {
     return PyErr_Format(PyExc_TypeError, "%s.%s(), expected '%s' but got '%s'", className<T>(), operation, wanted,
                         typeName(given));

@@ -143,7 +143,6 @@ private:
         return 0;
     }
 
-    /// A number counts on the right only.
     static PyObject* multiply(PyObject* left, PyObject* right)
     {
         if (const V* v = operand<V>(left)) {
@@ -151,6 +150,14 @@ private:
                 return Value::make(*v * PyFloat_AS_DOUBLE(right));
             if (const V* w = operand<V>(right))
                 return PyFloat_FromDouble(dot(*v, *w));
+        }
+        return multiplyOthers(left, right);
+    }
+    /// Apart from the frequent operands, whose function then needs no stack for matrices. A number counts on the right
+    /// only.
+    [[gnu::noinline]] static PyObject* multiplyOthers(PyObject* left, PyObject* right)
+    {
+        if (const V* v = operand<V>(left)) {
             if (const M* m = operand<M>(right))
                 return Value::make(transformed(m->transposed(), *v));
             if (double factor = 0.0; isNumber(right))
