@@ -12,9 +12,10 @@ namespace python {
 /// their held type (what ValueInstance.h does for classes held by value). The pointer is shared: a host object that
 /// outlives the Python one keeps a copy of it.
 ///
-/// Needs the interpreter lock. adopt() is called once, right after the class is registered.
+/// Needs the interpreter lock. adopt() is called once, right after the class is registered. The state belongs to the
+/// scripting library; hidden, it is reached without a detour through the library's address table.
 template <typename T>
-class HeldInstance
+class __attribute__((visibility("hidden"))) HeldInstance
 {
     using Pointer = std::shared_ptr<T>;
     using Holder = boost::python::objects::pointer_holder<Pointer, T>;

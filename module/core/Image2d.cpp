@@ -74,7 +74,7 @@ void resize(Image2d& image, int width, int height)
 ImagePointer transpose(Image2d& image)
 {
     ImagePointer result;
-    if (isMemoryAvailable(image.byteSize()))
+    if (isMemoryAvailableForCopy(image.byteSize()))
         result = withoutLock(image, [&] { return image.transposed(); });
     if (!result)
         raise(PyExc_MemoryError, "Image2d.transpose(), unable to allocate memory for transposed Image2d");

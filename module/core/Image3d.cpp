@@ -104,7 +104,7 @@ std::shared_ptr<Image2d> getImage(Image3d& image, int orientation, int frame)
     std::shared_ptr<Image2d> result;
     if (!isValidIndex(frame, image.frameCount(scan)))
         PyErr_Format(PyExc_IndexError, "frame index %d out of range (0 -> %d)", frame, image.frameCount(scan) - 1);
-    else if (isMemoryAvailable(imageBytes(image.frameWidth(scan), image.frameHeight(scan))))
+    else if (isMemoryAvailableForCopy(imageBytes(image.frameWidth(scan), image.frameHeight(scan))))
         result = withoutLock(image, [&] { return image.frame(scan, frame); });
     if (!result)
         raiseFromPending(PyExc_MemoryError, "Image3d, getImage() unable to allocate memory for 'Image2d' for frame %d",

@@ -33,4 +33,12 @@ inline bool isMemoryAvailable(std::int64_t bytes, std::int64_t freed = 0)
     return bytes <= hv::availableMemory() - freed;
 }
 
+/// The same for images made from others. Asking takes the system longer than it takes to copy a frame, so small ones
+/// are left to the allocation itself.
+inline bool isMemoryAvailableForCopy(std::int64_t bytes)
+{
+    constexpr std::int64_t Small = 16 << 20;
+    return bytes <= Small || isMemoryAvailable(bytes);
+}
+
 } // namespace python

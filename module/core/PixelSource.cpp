@@ -28,13 +28,18 @@ Item load(const char* source)
 template <typename Item, bool Swapped>
 void readRow(const char* source, std::ptrdiff_t stride, float* target, std::size_t count)
 {
-    // Two loops: with a constant step the first one becomes vector code.
-    if (stride == sizeof(Item))
+    // A step that the compiler knows makes vector code.
+    const auto loop = [=](auto step) {
         for (std::size_t i = 0; i < count; ++i)
-            target[i] = static_cast<float>(load<Item, Swapped>(source + i * sizeof(Item)));
+            target[i] = static_cast<float>(load<Item, Swapped>(source + static_cast<std::ptrdiff_t>(i) * step));
+    };
+    constexpr std::ptrdiff_t Size = sizeof(Item);
+    if (stride == Size)
+        loop(std::integral_constant<std::ptrdiff_t, Size>());
+    else if (stride == -Size)
+        loop(std::integral_constant<std::ptrdiff_t, -Size>());
     else
-        for (std::size_t i = 0; i < count; ++i, source += stride)
-            target[i] = static_cast<float>(load<Item, Swapped>(source));
+        loop(stride);
 }
 
 template <typename Item>

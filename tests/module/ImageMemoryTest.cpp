@@ -72,8 +72,8 @@ expect("done", cube.resize, 10, 7, 3)
 
 TEST_F(ImageMemory, DerivedImagesAreRefused)
 {
-    ASSERT_TRUE(run("image = Image2d(10, 10); cube = Image3d(10, 10, 3)"));
-    runWith(399, R"py(
+    ASSERT_TRUE(run("image = Image2d(2048, 2049); cube = Image3d(2048, 2049, 2)"));
+    runWith(4 * 2048 * 2049 - 1, R"py(
 expect("MemoryError: Image2d.transpose(), unable to allocate memory for transposed Image2d", image.transpose)
 expect("MemoryError: Image3d, getImage() unable to allocate memory for 'Image2d' for frame 1",
        cube.getImage, ScanOrientation.Timeslice, 1)

@@ -285,7 +285,7 @@ class Views(ImageCase):
         gc.collect()
         grown = tracemalloc.get_traced_memory()[0] - before
         tracemalloc.stop()
-        self.assertLess(grown, 20000)
+        self.assertLess(grown, 50000)  # one forgotten object of 32 bytes a round is 64000
         self.assertEqual(sys.getrefcount(image), count)
 
 
