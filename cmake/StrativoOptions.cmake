@@ -34,7 +34,9 @@ target_compile_options(strativo_build_flags INTERFACE
   -fno-semantic-interposition
   -fpch-preprocess)
 if(STRATIVO_SANITIZE)
-  target_compile_options(strativo_build_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+  # Without vptr: Boost.Python asks for the dynamic type of an object whose destructor has run.
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize=vptr)
+  target_compile_options(strativo_build_flags INTERFACE ${sanitizers} -fno-sanitize-recover=undefined
     -fno-omit-frame-pointer)
-  target_link_options(strativo_build_flags INTERFACE -fsanitize=address,undefined)
+  target_link_options(strativo_build_flags INTERFACE ${sanitizers})
 endif()
