@@ -3,6 +3,7 @@
 #include <QString>
 
 class HVMessageWindow;
+class HVProject;
 class QMainWindow;
 
 /// The progress bars of the application, as far as others need them.
@@ -45,4 +46,6 @@ public:
     /// True for a program whose user sits at its standard input: input() then reads from there as in plain Python
     /// instead of asking with a dialog.
     virtual bool isTerminalProgram() const = 0;
+    /// The open project, null when there is none. Not owned; it may be closed between two calls.
+    virtual HVProject* currentProject() const { return nullptr; }
 };

@@ -1,0 +1,364 @@
+#include "host/data/HVProject.h"
+
+#include "host/data/JsonFile.h"
+#include "host/data/ObjectListing.h"
+#include "host/data/SettingNames.h"
+#include "host/services/HVEventBus.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int g_formatMajor = 1;
+// Of 255 bytes that a file name may have, some are left for the suffix and for a temporary file's.
+constexpr int g_longestName = 200;
+
+const QString g_versionKey = QStringLiteral("version");
+const QString g_nameKey = QStringLiteral("name");
+const QString g_crsKey = QStringLiteral("crs");
+const QString g_horizontalUnitKey = QStringLiteral("horizontalUnit");
+const QString g_verticalUnitKey = QStringLiteral("verticalUnit");
+const QString g_domainKey = QStringLiteral("domain");
+
+QString absolute(const QString& path)
+{
+    return QDir::cleanPath(QDir::current().absoluteFilePath(path));
+}
+
+QString shown(const QString& path)
+{
+    return QDir::toNativeSeparators(path);
+}
+
+} // namespace
+
+HVProject::HVProject(QString path, QJsonObject settings) : m_path(std::move(path)), m_settings(std::move(settings)) {}
+
+HVProject::~HVProject() = default;
+
+std::unique_ptr<HVProject> HVProject::create(const QString& folder, const QString& name, QString* error)
+{
+    const QDir directory(absolute(folder));
+    const QString path = directory.absolutePath();
+    if (QFileInfo::exists(directory.filePath(projectFileName()))) {
+        hv::fail(error, tr("There is a project in '%1' already.").arg(shown(path)));
+        return nullptr;
+    }
+    const bool isNew = !QFileInfo::exists(path);
+    if (!directory.mkpath(QStringLiteral("."))) {
+        hv::fail(error, tr("Unable to create the folder '%1'.").arg(shown(path)));
+        return nullptr;
+    }
+    const QJsonObject settings{{g_versionKey, QStringLiteral("%1.0").arg(g_formatMajor)},
+                               {g_nameKey, name.isEmpty() ? directory.dirName() : name},
+                               {g_horizontalUnitKey, hv::unitName(georef::Unit::Meters)},
+                               {g_domainKey, hv::domainName(georef::Domain::Time)}};
+    if (!hv::writeJsonFile(directory.filePath(projectFileName()), settings, error)) {
+        if (isNew)
+            directory.rmdir(QStringLiteral("."));
+        return nullptr;
+    }
+    return std::unique_ptr<HVProject>(new HVProject(path, settings));
+}
+
+std::unique_ptr<HVProject> HVProject::open(const QString& path, QString* error)
+{
+    QString folder = absolute(path);
+    const QFileInfo info(folder);
+    if (info.isFile() && info.fileName() == projectFileName())
+        folder = info.path();
+    QString problem;
+    QJsonObject settings;
+    if (!QFileInfo::exists(folder))
+        problem = tr("There is no folder '%1'.").arg(shown(folder));
+    else if (!QFileInfo(folder).isDir())
+        problem = tr("'%1' is not a project: it is not a folder.").arg(shown(folder));
+    else if (!QFileInfo::exists(QDir(folder).filePath(projectFileName())))
+        problem = tr("'%1' is not a project: it has no file '%2'.").arg(shown(folder), projectFileName());
+    else
+        hv::readJsonFile(QDir(folder).filePath(projectFileName()), g_formatMajor, settings, &problem);
+    if (!problem.isEmpty()) {
+        hv::fail(error, problem);
+        return nullptr;
+    }
+    return std::unique_ptr<HVProject>(new HVProject(folder, settings));
+}
+
+QString HVProject::file() const
+{
+    return m_path + QLatin1Char('/') + projectFileName();
+}
+
+bool HVProject::change(const QString& key, const QJsonValue& value, QString* error)
+{
+    // What somebody else has changed since then, in a text editor or by an update from version control, is kept.
+    QJsonObject settings = m_settings;
+    if (QFileInfo::exists(file()) && !hv::readJsonFile(file(), g_formatMajor, settings, error))
+        return false;
+    if (value.isUndefined())
+        settings.remove(key);
+    else
+        settings.insert(key, value);
+    if (!hv::writeJsonFile(file(), settings, error))
+        return false;
+    m_settings = settings;
+    m_crs.reset();
+    if (key != g_crsKey)
+        Q_EMIT settingsChanged();
+    return true;
+}
+
+QString HVProject::name() const
+{
+    const QString name = m_settings.value(g_nameKey).toString();
+    return name.isEmpty() ? QDir(m_path).dirName() : name;
+}
+
+bool HVProject::setName(const QString& name, QString* error)
+{
+    return change(g_nameKey, name, error);
+}
+
+georef::Crs HVProject::crs() const
+{
+    if (!m_crs) {
+        const QString wkt = m_settings.value(g_crsKey).toString();
+        QString error;
+        m_crs = wkt.isEmpty() ? georef::Crs() : georef::Crs::fromWkt(wkt, &error);
+        if (!error.isEmpty() && m_crs->isNull())
+            HVEventBus::instance().sendMessage(
+                MessageLevel::Error, tr("The reference system in '%1' cannot be read: %2").arg(shown(file()), error),
+                true);
+    }
+    return *m_crs;
+}
+
+bool HVProject::setCrs(const georef::Crs& crs, QString* error)
+{
+    if (!change(g_crsKey, crs.isNull() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(crs.toWkt()), error))
+        return false;
+    m_crs = crs;
+    Q_EMIT crsChanged();
+    return true;
+}
+
+georef::Unit HVProject::horizontalUnit() const
+{
+    return hv::unitFromName(m_settings.value(g_horizontalUnitKey).toString()).value_or(georef::Unit::Meters);
+}
+
+bool HVProject::setHorizontalUnit(georef::Unit unit, QString* error)
+{
+    return change(g_horizontalUnitKey, hv::unitName(unit), error);
+}
+
+georef::Unit HVProject::verticalUnit() const
+{
+    const auto usual = domain() == georef::Domain::Depth ? georef::Unit::Meters : georef::Unit::Milliseconds;
+    return hv::unitFromName(m_settings.value(g_verticalUnitKey).toString()).value_or(usual);
+}
+
+bool HVProject::setVerticalUnit(georef::Unit unit, QString* error)
+{
+    return change(g_verticalUnitKey, hv::unitName(unit), error);
+}
+
+georef::Domain HVProject::domain() const
+{
+    return hv::domainFromName(m_settings.value(g_domainKey).toString()).value_or(georef::Domain::Time);
+}
+
+bool HVProject::setDomain(georef::Domain domain, QString* error)
+{
+    return change(g_domainKey, hv::domainName(domain), error);
+}
+
+QString HVProject::folder(ObjectKind kind) const
+{
+    return m_path + QLatin1Char('/') + QLatin1String(objectKindInfo(kind).folder);
+}
+
+QStringList HVProject::objectNames(ObjectKind kind) const
+{
+    QStringList names;
+    for (hv::ObjectFile& object : hv::listObjects(folder(kind), objectKindInfo(kind)))
+        names << std::move(object.name);
+    return names;
+}
+
+QStringList HVProject::objects(ObjectKind kind) const
+{
+    const QString base = folder(kind) + QLatin1Char('/');
+    QStringList paths;
+    for (const hv::ObjectFile& object : hv::listObjects(folder(kind), objectKindInfo(kind)))
+        paths << base + object.fileName;
+    return paths;
+}
+
+QStringList HVProject::objects() const
+{
+    QStringList paths;
+    for (const ObjectKindInfo& info : objectKinds())
+        paths << objects(info.kind);
+    return paths;
+}
+
+QStringList HVProject::existing(ObjectKind kind, const QStringList& names) const
+{
+    const QSet<QString> wanted(names.begin(), names.end());
+    QStringList found;
+    for (const hv::ObjectFile& object : hv::listObjects(folder(kind), objectKindInfo(kind)))
+        if (wanted.contains(object.name))
+            found << object.name;
+    return found;
+}
+
+bool HVProject::isObjectName(const QString& name)
+{
+    return !name.isEmpty() && QFile::encodeName(name).size() <= g_longestName &&
+           std::none_of(name.begin(), name.end(),
+                        [](QChar c) { return c == QLatin1Char('/') || c.category() == QChar::Other_Control; });
+}
+
+QString HVProject::filename(ObjectKind kind, const QString& name) const
+{
+    if (!isObjectName(name))
+        return {};
+    const QString stem = folder(kind) + QLatin1Char('/') + name;
+    const ObjectKindInfo& info = objectKindInfo(kind);
+    for (const QString& suffix : QString::fromLatin1(info.suffixes).split(QLatin1Char(' ')))
+        for (const QString& path : {stem + QLatin1Char('.') + suffix, stem + QLatin1Char('.') + suffix.toUpper()})
+            if (QFileInfo::exists(path))
+                return path;
+    return stem + info.suffix();
+}
+
+bool HVProject::ensureFolder(ObjectKind kind, QString* error)
+{
+    const QString path = folder(kind);
+    if (QFileInfo(path).isDir())
+        return true;
+    if (!QDir().mkpath(path))
+        return hv::fail(error, tr("Unable to create the folder '%1'.").arg(shown(path)));
+    if (m_watcher)
+        m_watcher->addPath(path);
+    return true;
+}
+
+QString HVProject::newFilename(ObjectKind kind, const QString& name, QString* error)
+{
+    if (!isObjectName(name)) {
+        hv::fail(error, tr("'%1' cannot be the name of an object.").arg(name));
+        return {};
+    }
+    if (!ensureFolder(kind, error))
+        return {};
+    QString path = filename(kind, name);
+    for (int number = 2; QFileInfo::exists(path); ++number)
+        path = filename(kind, QStringLiteral("%1 %2").arg(name, QString::number(number)));
+    return path;
+}
+
+std::optional<ObjectKind> HVProject::kindOf(const QString& filename) const
+{
+    const QFileInfo info(filename);
+    for (const ObjectKindInfo& kind : objectKinds())
+        if (info.absolutePath() == folder(kind.kind) && !kind.objectName(info.fileName()).isEmpty())
+            return kind.kind;
+    return std::nullopt;
+}
+
+bool HVProject::renameObject(ObjectKind kind, const QString& name, const QString& newName, QString* error)
+{
+    if (name == newName)
+        return true;
+    if (!isObjectName(newName))
+        return hv::fail(error, tr("'%1' cannot be the name of an object.").arg(newName));
+    const QString before = filename(kind, name);
+    if (QFileInfo::exists(filename(kind, newName)))
+        return hv::fail(error, tr("There is an object '%1' already.").arg(newName));
+    QFile object(before);
+    const QString after = folder(kind) + QLatin1Char('/') + newName + QLatin1Char('.') + QFileInfo(before).suffix();
+    if (!object.rename(after))
+        return hv::fail(error, tr("Unable to rename '%1': %2.").arg(shown(before), object.errorString()));
+    if (!directories(kind).renameObject(name, newName, error)) {
+        object.rename(before);
+        return false;
+    }
+    Q_EMIT objectsChanged(kind);
+    return true;
+}
+
+bool HVProject::removeObject(ObjectKind kind, const QString& name, Removal removal, QString* error)
+{
+    const QString path = filename(kind, name);
+    QFile object(path);
+    if (!(removal == Removal::ToTrash ? object.moveToTrash() : object.remove()))
+        return hv::fail(error, (removal == Removal::ToTrash ? tr("Unable to move '%1' to the trash: %2.")
+                                                            : tr("Unable to delete '%1': %2."))
+                                   .arg(shown(path), object.errorString()));
+    // Its place in a virtual directory stays, so that it is back where it was when it comes back from the trash.
+    if (removal == Removal::Permanent)
+        directories(kind).unfileObjects({name});
+    Q_EMIT objectsChanged(kind);
+    return true;
+}
+
+HVVirtualDirectories& HVProject::directories(ObjectKind kind)
+{
+    auto& held = m_directories[kind];
+    if (!held) {
+        const QString path =
+            QStringLiteral("%1/directories/%2.json").arg(m_path, QLatin1String(objectKindInfo(kind).folder));
+        held = std::make_unique<HVVirtualDirectories>(path);
+        connect(held.get(), &HVVirtualDirectories::changed, this, [this, kind] { Q_EMIT directoriesChanged(kind); });
+    }
+    return *held;
+}
+
+QStringList HVProject::directoryNames()
+{
+    QStringList names;
+    for (const ObjectKindInfo& info : objectKinds())
+        names << directories(info.kind).directories();
+    names.removeDuplicates();
+    return names;
+}
+
+void HVProject::watchFolders()
+{
+    if (m_watcher)
+        return;
+    m_watcher = std::make_unique<QFileSystemWatcher>();
+    connect(m_watcher.get(), &QFileSystemWatcher::directoryChanged, this, [this](const QString& changed) {
+        for (const ObjectKindInfo& info : objectKinds())
+            if (changed == folder(info.kind))
+                Q_EMIT objectsChanged(info.kind);
+        if (changed == m_path) {
+            watchAll();
+            refresh();
+        }
+    });
+    watchAll();
+}
+
+void HVProject::watchAll()
+{
+    QStringList paths{m_path};
+    for (const ObjectKindInfo& info : objectKinds())
+        if (QFileInfo(folder(info.kind)).isDir())
+            paths << folder(info.kind);
+    m_watcher->addPaths(paths);
+}
+
+void HVProject::refresh(std::optional<ObjectKind> kind)
+{
+    for (const ObjectKindInfo& info : objectKinds())
+        if (!kind || *kind == info.kind)
+            Q_EMIT objectsChanged(info.kind);
+}

@@ -1,0 +1,76 @@
+#include "host/data/HVProjectService.h"
+
+#include <QSettings>
+
+namespace {
+
+constexpr int g_most = 10;
+const QString g_key = QStringLiteral("workbench/recentProjects");
+
+} // namespace
+
+HVProjectService::HVProjectService(QObject* parent) : QObject(parent) {}
+
+HVProjectService::~HVProjectService()
+{
+    close();
+}
+
+bool HVProjectService::open(const QString& path, QString* error)
+{
+    auto project = HVProject::open(path, error);
+    if (!project)
+        return false;
+    replace(std::move(project));
+    return true;
+}
+
+bool HVProjectService::create(const QString& folder, const QString& name, QString* error)
+{
+    auto project = HVProject::create(folder, name, error);
+    if (!project)
+        return false;
+    replace(std::move(project));
+    return true;
+}
+
+void HVProjectService::close()
+{
+    if (m_project)
+        replace(nullptr);
+}
+
+void HVProjectService::replace(std::unique_ptr<HVProject> project)
+{
+    if (m_project) {
+        Q_EMIT projectAboutToClose(m_project.get());
+        m_project.reset();
+    }
+    m_project = std::move(project);
+    Q_EMIT projectChanged(m_project.get());
+}
+
+QStringList HVProjectService::recentProjects()
+{
+    return QSettings().value(g_key).toStringList();
+}
+
+void HVProjectService::addRecentProject(const QString& path)
+{
+    QStringList projects = recentProjects();
+    projects.removeAll(path);
+    projects.prepend(path);
+    QSettings().setValue(g_key, QStringList(projects.mid(0, g_most)));
+}
+
+void HVProjectService::removeRecentProject(const QString& path)
+{
+    QStringList projects = recentProjects();
+    projects.removeAll(path);
+    QSettings().setValue(g_key, projects);
+}
+
+void HVProjectService::clearRecentProjects()
+{
+    QSettings().remove(g_key);
+}

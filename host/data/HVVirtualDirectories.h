@@ -1,0 +1,96 @@
+#pragma once
+
+#include <QDateTime>
+#include <QElapsedTimer>
+#include <QHash>
+#include <QJsonObject>
+#include <QMap>
+#include <QObject>
+#include <QStringList>
+#include <QTimer>
+
+#include <vector>
+
+/// The number under which the application's directory service files the folders of a project's objects. The others
+/// (1 to 7) were directories on disk.
+constexpr int g_virtualDirectoryCategory = 8;
+
+/// The virtual directories of one kind of object: named folders into which objects are filed without moving their
+/// files. They form a tree; a name is used once per kind. An object is in one directory at most and is known by its
+/// name, whether its file exists or not, so a file that comes back is where it was.
+///
+/// Kept in one text file, read at the first use and again when somebody else has changed it. A change is written at
+/// once; changes in quick succession are collected for a moment (a script that files objects one by one), and flush()
+/// or the destructor writes what is left. GUI thread only.
+class HVVirtualDirectories : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit HVVirtualDirectories(QString path, QObject* parent = nullptr);
+    ~HVVirtualDirectories() override;
+
+    /// Names in the order of creation.
+    QStringList directories();
+    bool contains(const QString& directory);
+    /// Empty for a top-level directory.
+    QString parentOf(const QString& directory);
+    /// Names of the objects filed in the directory, in no order; of no directory: nothing.
+    QStringList objects(const QString& directory);
+    /// Empty when the object is in none.
+    QString directoryOf(const QString& object);
+
+    // Each of these returns false with a sentence, and changes nothing, when it cannot be done: the directory is
+    // there already or is not there, the name is empty or holds control characters or a slash, the file cannot be
+    // read or written.
+
+    bool addDirectory(const QString& name, const QString& parent, QString* error = nullptr);
+    /// What is in the directory moves up: to its parent, or out of all directories.
+    bool removeDirectory(const QString& name, QString* error = nullptr);
+    bool renameDirectory(const QString& name, const QString& newName, QString* error = nullptr);
+    bool fileObjects(const QStringList& objects, const QString& directory, QString* error = nullptr);
+    /// Objects that are in no directory are passed over.
+    bool unfileObjects(const QStringList& objects, QString* error = nullptr);
+    /// The object's new name takes over its place.
+    bool renameObject(const QString& object, const QString& newName, QString* error = nullptr);
+
+    /// Writes what is not yet written.
+    bool flush(QString* error = nullptr);
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    struct Directory
+    {
+        QString name;
+        QString parent;
+        QJsonObject unknown; // members of a later version
+    };
+    struct State
+    {
+        std::vector<Directory> directories;
+        QHash<QString, QString> directoryOf; // object -> directory
+        QJsonObject unknown;
+    };
+    using Places = QMap<QString, QString>;
+
+    bool load(QString* error = nullptr);
+    bool store(QString* error);
+    void writeCollected();
+    bool replace(State next, QString* error);
+    bool place(const Places& places, QString* error);
+    void put(const Places& places);
+    QJsonObject toJson() const;
+    static State fromJson(QJsonObject object);
+
+    QString m_path;
+    State m_state;
+    QString m_problem; // why the file cannot be read; nothing is written then
+    bool m_loaded = false;
+    bool m_dirty = false;
+    QDateTime m_stamp;
+    qint64 m_size = -1;
+    QElapsedTimer m_sinceWrite;
+    QTimer m_writeLater;
+};

@@ -1,0 +1,204 @@
+// The project's folder: settings, objects as files, hostile folders and names.
+#include "TestFiles.h"
+#include "host/data/HVProjectService.h"
+#include "host/data/NaturalOrder.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+namespace {
+
+class Project : public ::testing::Test
+{
+protected:
+    Project() { project = HVProject::create(folder, QString(), &error); }
+    void reopen()
+    {
+        project.reset();
+        project = HVProject::open(folder, &error);
+        ASSERT_TRUE(project) << error.toStdString();
+    }
+    QString file(const char* name = "project.strativo") const { return folder + '/' + QLatin1String(name); }
+    /// The sentence with which opening is refused.
+    QString refusal()
+    {
+        error.clear();
+        EXPECT_FALSE(HVProject::open(folder, &error));
+        return error;
+    }
+
+    QTemporaryDir temporary;
+    const QString folder = temporary.filePath(QStringLiteral("Gr\u00f6ne \"Bank\""));
+    QString error;
+    std::unique_ptr<HVProject> project;
+};
+
+TEST_F(Project, settingsComeBackAndUnknownOnesStay)
+{
+    ASSERT_TRUE(project) << error.toStdString();
+    EXPECT_EQ(project->name(), QStringLiteral("Gr\u00f6ne \"Bank\""));
+    EXPECT_FALSE(project->hasCrs());
+    EXPECT_EQ(project->verticalUnit(), georef::Unit::Milliseconds);
+    // As a later minor version and a person with an editor leave it.
+    writeFile(file(), readFile(file()).replace("\"1.0\"", "\"1.7\",\n \"later\": {\"kept\": [1, 2]}"));
+    const auto utm = georef::Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("32631"));
+    QSignalSpy changed(project.get(), &HVProject::crsChanged);
+    EXPECT_TRUE(project->setCrs(utm, &error)) << error.toStdString();
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_TRUE(project->setDomain(georef::Domain::Depth));
+    EXPECT_TRUE(project->setHorizontalUnit(georef::Unit::FeetUS));
+    EXPECT_TRUE(project->setName(QStringLiteral("N\u00f8rd")));
+    reopen();
+    EXPECT_EQ(project->crs(), utm);
+    EXPECT_EQ(project->domain(), georef::Domain::Depth);
+    EXPECT_EQ(project->verticalUnit(), georef::Unit::Meters);
+    EXPECT_EQ(project->horizontalUnit(), georef::Unit::FeetUS);
+    EXPECT_EQ(project->name(), QStringLiteral("N\u00f8rd"));
+    EXPECT_TRUE(readFile(file()).contains("\"kept\"")) << readFile(file()).toStdString();
+    EXPECT_TRUE(readFile(file()).contains("\"1.7\""));
+    EXPECT_TRUE(project->setCrs({}));
+    reopen();
+    EXPECT_FALSE(project->hasCrs());
+
+    EXPECT_FALSE(HVProject::create(folder, QStringLiteral("again"), &error));
+    EXPECT_TRUE(error.contains(QStringLiteral("already"))) << error.toStdString();
+    EXPECT_EQ(HVProject::open(file(), &error)->path(), folder) << "the file stands for the folder";
+}
+
+TEST_F(Project, whatIsNoProjectIsRefusedWithTheReason)
+{
+    const QByteArray good = readFile(file());
+    writeFile(file(), "{\n\"version\": \"1.0\",\n oops\n}");
+    EXPECT_TRUE(refusal().contains(QStringLiteral("line 3"))) << error.toStdString();
+    writeFile(file(), "[1, 2]");
+    EXPECT_TRUE(refusal().contains(QStringLiteral("no format version"))) << error.toStdString();
+    writeFile(file(), "{\"version\": \"2.0\", \"name\": \"x\"}");
+    EXPECT_TRUE(refusal().contains(QStringLiteral("later version"))) << error.toStdString();
+    EXPECT_FALSE(project->setName(QStringLiteral("y"), &error)) << "a later version's file is not overwritten";
+    EXPECT_EQ(readFile(file()), QByteArray("{\"version\": \"2.0\", \"name\": \"x\"}"));
+    QFile::remove(file());
+    EXPECT_TRUE(refusal().contains(QStringLiteral("has no file"))) << error.toStdString();
+    EXPECT_FALSE(HVProject::open(folder + QStringLiteral("/none"), &error));
+    EXPECT_TRUE(error.contains(QStringLiteral("There is no folder"))) << error.toStdString();
+
+    // A project whose file was deleted while it was open gets it back with the next change.
+    EXPECT_TRUE(project->setName(QStringLiteral("back"), &error)) << error.toStdString();
+    reopen();
+    EXPECT_EQ(project->name(), QStringLiteral("back"));
+    blockFolder(folder);
+    EXPECT_FALSE(project->setName(QStringLiteral("lost"), &error));
+    EXPECT_TRUE(error.contains(QStringLiteral("Unable to write"))) << error.toStdString();
+    EXPECT_EQ(project->name(), QStringLiteral("back"));
+    EXPECT_TRUE(refusal().contains(QStringLiteral("not a folder"))) << error.toStdString();
+    EXPECT_TRUE(project->objects().isEmpty());
+    EXPECT_TRUE(project->newFilename(ObjectKind::Well, QStringLiteral("a"), &error).isEmpty());
+    EXPECT_TRUE(error.contains(QStringLiteral("Unable to create the folder"))) << error.toStdString();
+}
+
+TEST_F(Project, objectsAreWhatLiesInTheFolders)
+{
+    const auto horizon = [&](const QString& name) { return folder + QStringLiteral("/horizons-3d/") + name; };
+    const QStringList names{QStringLiteral(".hidden"), QStringLiteral("a \"quoted\" 'name'"),
+                            QStringLiteral("H 2"),     QStringLiteral("h 10"),
+                            QStringLiteral("v1.2"),    QStringLiteral("\u00c9tage")};
+    for (const QString& name : names)
+        writeFile(horizon(name + QStringLiteral(".horizon")));
+    writeFile(horizon(QStringLiteral("notes.txt")));
+    writeFile(horizon(QStringLiteral(".horizon")));
+    writeFile(horizon(QStringLiteral("H 2.horizon.A1b2C3")));
+    QDir().mkpath(horizon(QStringLiteral("folder.horizon")));
+    writeFile(folder + QStringLiteral("/wells/34_10-A.LAS"));
+    writeFile(folder + QStringLiteral("/color-bars/Red.cpt"));
+    writeFile(folder + QStringLiteral("/color-bars/Red.json"));
+
+    EXPECT_EQ(project->objectNames(ObjectKind::Horizon3d), names);
+    EXPECT_EQ(project->objects(ObjectKind::ColorBar), QStringList{folder + QStringLiteral("/color-bars/Red.json")});
+    EXPECT_EQ(project->objects().size(), names.size() + 2);
+    EXPECT_EQ(project->filename(ObjectKind::Well, QStringLiteral("34_10-A")),
+              folder + QStringLiteral("/wells/34_10-A.LAS"));
+    EXPECT_EQ(project->kindOf(horizon(QStringLiteral("H 2.horizon"))), ObjectKind::Horizon3d);
+    EXPECT_EQ(project->kindOf(horizon(QStringLiteral("notes.txt"))), std::nullopt);
+
+    EXPECT_EQ(project->newFilename(ObjectKind::Horizon3d, QStringLiteral("H")), horizon(QStringLiteral("H.horizon")));
+    EXPECT_EQ(project->newFilename(ObjectKind::Horizon3d, QStringLiteral("\u00c9tage")),
+              horizon(QStringLiteral("\u00c9tage 2.horizon")));
+    for (const char* bad : {"", "a/b", "../x", "a\nb"}) {
+        EXPECT_TRUE(project->newFilename(ObjectKind::Horizon3d, QLatin1String(bad), &error).isEmpty()) << bad;
+        EXPECT_TRUE(project->filename(ObjectKind::Horizon3d, QLatin1String(bad)).isEmpty()) << bad;
+    }
+    EXPECT_FALSE(HVProject::isObjectName(QString(100, QChar(0x20ac))));
+}
+
+TEST_F(Project, renamingAndRemovingLoseNothing)
+{
+    const ObjectKind kind = ObjectKind::Wavelet;
+    const auto name = [](const char* text) { return QString::fromUtf8(text); };
+    writeFile(project->newFilename(kind, name("a")), "A");
+    writeFile(project->newFilename(kind, name("b")), "B");
+    project->directories(kind).addDirectory(name("D"), QString());
+    project->directories(kind).fileObjects({name("a")}, name("D"));
+    QSignalSpy changed(project.get(), &HVProject::objectsChanged);
+    EXPECT_FALSE(project->renameObject(kind, name("a"), name("b"), &error));
+    EXPECT_FALSE(project->renameObject(kind, name("gone"), name("c"), &error));
+    EXPECT_FALSE(project->renameObject(kind, name("a"), name("x/y"), &error));
+    EXPECT_EQ(changed.count(), 0);
+    EXPECT_EQ(readFile(project->filename(kind, name("b"))), QByteArray("B"));
+    EXPECT_TRUE(project->renameObject(kind, name("a"), name("\u00e4"), &error)) << error.toStdString();
+    EXPECT_EQ(project->directories(kind).objects(name("D")), QStringList{name("\u00e4")});
+    EXPECT_EQ(readFile(project->filename(kind, name("\u00e4"))), QByteArray("A"));
+    EXPECT_FALSE(project->removeObject(kind, name("a"), HVProject::Removal::Permanent, &error));
+    EXPECT_TRUE(project->removeObject(kind, name("\u00e4"), HVProject::Removal::Permanent, &error))
+        << error.toStdString();
+    EXPECT_EQ(project->objectNames(kind), QStringList{name("b")});
+    EXPECT_TRUE(project->directories(kind).objects(name("D")).isEmpty());
+    EXPECT_EQ(changed.count(), 2);
+}
+
+TEST_F(Project, watchingNoticesOtherPrograms)
+{
+    project->watchFolders();
+    QSignalSpy changed(project.get(), &HVProject::objectsChanged);
+    writeFile(folder + QStringLiteral("/wells/a.las"));
+    ASSERT_TRUE(changed.wait(2000));
+    changed.clear();
+    writeFile(folder + QStringLiteral("/wells/b.las"));
+    ASSERT_TRUE(changed.wait(2000));
+    EXPECT_EQ(changed.first().first().value<ObjectKind>(), ObjectKind::Well);
+}
+
+TEST_F(Project, theServiceHasOneProjectAndKeepsItWhenAnotherFails)
+{
+    project.reset();
+    HVProjectService service;
+    QSignalSpy changed(&service, &HVProjectService::projectChanged);
+    EXPECT_TRUE(service.open(folder, &error)) << error.toStdString();
+    HVProject* first = service.project();
+    EXPECT_FALSE(service.open(folder + QStringLiteral("x"), &error));
+    EXPECT_FALSE(service.create(folder, QString(), &error));
+    EXPECT_EQ(service.project(), first);
+    QString closing;
+    QObject::connect(&service, &HVProjectService::projectAboutToClose, [&](HVProject* old) { closing = old->name(); });
+    EXPECT_TRUE(service.create(folder + QStringLiteral("2"), QStringLiteral("Two"), &error));
+    EXPECT_EQ(closing, QStringLiteral("Gr\u00f6ne \"Bank\""));
+    service.close();
+    EXPECT_EQ(changed.count(), 3);
+    EXPECT_EQ(service.project(), nullptr);
+
+    for (int i = 0; i < 12; ++i)
+        HVProjectService::addRecentProject(QString::number(i));
+    HVProjectService::addRecentProject(QStringLiteral("5"));
+    HVProjectService::removeRecentProject(QStringLiteral("11"));
+    EXPECT_EQ(HVProjectService::recentProjects().join(' '), QStringLiteral("5 10 9 8 7 6 4 3 2"));
+}
+
+TEST(NaturalOrder, numbersByValueAndAStrictOrder)
+{
+    QStringList names{"Line 10", "line 2", "Line 2", "Line 02", "Line", "Line 2b", "1", "01", ""};
+    std::sort(names.begin(), names.end(), hv::naturalLess);
+    EXPECT_EQ(names.join('|'), QStringLiteral("|01|1|Line|Line 02|Line 2|line 2|Line 2b|Line 10"));
+    for (const QString& a : names)
+        for (const QString& b : names)
+            EXPECT_EQ(int(hv::naturalLess(a, b)) + int(hv::naturalLess(b, a)), int(a != b));
+}
+
+} // namespace
