@@ -3,6 +3,7 @@
 #include "host/georef/PointConversion.h"
 #include "module/Bindings.h"
 #include "module/Submodule.h"
+#include "module/core/ArrayArgument.h"
 #include "runtime/Errors.h"
 #include "runtime/FastArguments.h"
 #include "runtime/GilLock.h"
@@ -24,7 +25,7 @@ using core::Vec3Array;
 using georef::BlocSpace;
 using georef::Frame;
 
-struct Conversion
+struct FrameConversion
 {
     const char* name;
     /// The name as messages show it.
@@ -33,7 +34,7 @@ struct Conversion
 };
 
 /// Converts all points of an array at once. `source` stays where it is although the lock is given away.
-PyObject* convertArray(const Conversion& conversion, Vec3Array& source, const BlocSpace& space)
+PyObject* convertArray(const FrameConversion& conversion, Vec3Array& source, const BlocSpace& space)
 {
     std::unique_ptr<Vec3Array> result(new (std::nothrow) Vec3Array);
     vec3* points = nullptr;
@@ -53,7 +54,8 @@ PyObject* convertArray(const Conversion& conversion, Vec3Array& source, const Bl
     return bp::manage_new_object::apply<Vec3Array*>::type()(result.release());
 }
 
-PyObject* convertOne(const Conversion& conversion, PyObject* const* point, Py_ssize_t count, const BlocSpace& space)
+PyObject* convertOne(const FrameConversion& conversion, PyObject* const* point, Py_ssize_t count,
+                     const BlocSpace& space)
 {
     if (count == 1 && ValueInstance<vec3>::check(*point)) {
         if (const vec3* value = ValueInstance<vec3>::get(*point))
@@ -63,9 +65,13 @@ PyObject* convertOne(const Conversion& conversion, PyObject* const* point, Py_ss
     if (count == 1) {
         auto* array = static_cast<Vec3Array*>(
             bp::converter::get_lvalue_from_python(*point, bp::converter::registered<Vec3Array>::converters));
-        return array ? convertArray(conversion, *array, space)
-                     : PyErr_Format(PyExc_TypeError, "%s, expected 'vec3' or 'Vec3Array' but got '%s'", conversion.call,
-                                    typeName(*point));
+        if (array)
+            return convertArray(conversion, *array, space);
+        if (!PySequence_Check(*point))
+            return PyErr_Format(PyExc_TypeError, "%s, expected 'vec3' or 'Vec3Array' but got '%s'", conversion.call,
+                                typeName(*point));
+        Vec3Array points;
+        return readSequence(points, *point) ? convertArray(conversion, points, space) : nullptr;
     }
     vec3 value;
     for (std::size_t axis = 0; axis < 3; ++axis)
@@ -75,7 +81,8 @@ PyObject* convertOne(const Conversion& conversion, PyObject* const* point, Py_ss
 }
 
 /// Two arguments, a point or points and the block space, or four with the coordinates one by one.
-PyObject* convert(const Conversion& conversion, PyObject* const* arguments, Py_ssize_t positional, PyObject* keywords)
+PyObject* convert(const FrameConversion& conversion, PyObject* const* arguments, Py_ssize_t positional,
+                  PyObject* keywords)
 {
     static constexpr std::array<const char*, 4> Coordinates{"x", "y", "z", "blockSpace"};
     static constexpr std::array<const char*, 2> Point{"point", "blockSpace"};
@@ -108,12 +115,12 @@ PyObject* convert(const Conversion& conversion, PyObject* const* arguments, Py_s
 }
 
 constexpr std::array Conversions{
-    Conversion{"blockToSurvey", "blockToSurvey()", Frame::Block, Frame::Survey},
-    Conversion{"blockToWorld", "blockToWorld()", Frame::Block, Frame::World},
-    Conversion{"surveyToWorld", "surveyToWorld()", Frame::Survey, Frame::World},
-    Conversion{"worldToBlock", "worldToBlock()", Frame::World, Frame::Block},
-    Conversion{"worldToSurvey", "worldToSurvey()", Frame::World, Frame::Survey},
-    Conversion{"surveyToBlock", "surveyToBlock()", Frame::Survey, Frame::Block},
+    FrameConversion{"blockToSurvey", "blockToSurvey()", Frame::Block, Frame::Survey},
+    FrameConversion{"blockToWorld", "blockToWorld()", Frame::Block, Frame::World},
+    FrameConversion{"surveyToWorld", "surveyToWorld()", Frame::Survey, Frame::World},
+    FrameConversion{"worldToBlock", "worldToBlock()", Frame::World, Frame::Block},
+    FrameConversion{"worldToSurvey", "worldToSurvey()", Frame::World, Frame::Survey},
+    FrameConversion{"surveyToBlock", "surveyToBlock()", Frame::Survey, Frame::Block},
 };
 
 template <std::size_t Index>
@@ -122,7 +129,7 @@ PyObject* call(PyObject* /*module*/, PyObject* const* arguments, Py_ssize_t posi
     return convert(Conversions[Index], arguments, positional, keywords);
 }
 
-std::string documentation(const Conversion& conversion)
+std::string documentation(const FrameConversion& conversion)
 {
     const auto frame = [](Frame f) { return f == Frame::Block ? "block" : f == Frame::Survey ? "survey" : "world"; };
     const std::string name = conversion.name;
@@ -130,7 +137,9 @@ std::string documentation(const Conversion& conversion)
            "(x: float, y: float, z: float, blockSpace: BlockSpace) -> vec3\n" + name +
            "(points: Vec3Array, blockSpace: BlockSpace) -> Vec3Array\n\nConverts " + frame(conversion.from) +
            " coordinates to " + frame(conversion.to) +
-           " coordinates; an array of points is converted at once into a new array.\n\n"
+           " coordinates; an array of points is converted at once into a new array. A sequence of vec3 or a numpy "
+           "array "
+           "of shape (n, 3) is taken for an array.\n\n"
            "Block coordinates are (x, y, z) in cells, survey coordinates (inline, crossline, sample), world "
            "coordinates map x, map y and depth or time.\n\nRaises TypeError for other arguments.";
 }
@@ -152,7 +161,7 @@ void addFunctions(bp::object module, std::index_sequence<Index...>)
 void bindUtils()
 {
     bp::object utils = addSubmodule("utils");
-    utils.attr("__doc__") = "Conversion of points between block, survey and world coordinates.";
+    utils.attr("__doc__") = "FrameConversion of points between block, survey and world coordinates.";
     addFunctions(utils, std::make_index_sequence<Conversions.size()>());
 }
 

@@ -153,13 +153,15 @@ class Points(BlockSpaceCase):
                 self.assertEqual(coordinates(converted[i]), one)
                 self.assertEqual(coordinates(function(*numbers[i], self.space)), one)
                 self.assertEqual(coordinates(function(blockSpace=self.space, point=points[i])), one)
+            for plain in (numbers, list(points), tuple(points), np.asfortranarray(numbers)):
+                np.testing.assert_array_equal(np.asarray(function(plain, self.space)), np.asarray(converted))
         self.assertEqual(coordinates(points[7]), list(numbers[7]))
         self.assertEqual(len(utils.blockToWorld(points=Vec3Array(), blockSpace=self.space)), 0)
         self.assertEqual(coordinates(utils.blockToSurvey(10, 20, 5, self.space)), [420, 1020, 20])
 
     def test_wrong_arguments(self):
         p = vec3(1, 2, 3)
-        for arguments in ((), (p,), (p, None), (p, p), (None, self.space), ((1, 2, 3), self.space), (1, 2, self.space),
+        for arguments in ((), (p,), (p, None), (p, p), (None, self.space), (1, 2, self.space),
                           (1, 2, "3", self.space), (1, 2, 3, 4, self.space), (vec3.__new__(vec3), self.space),
                           (p, BlockSpace.__new__(BlockSpace))):
             for name in self.FUNCTIONS:
@@ -167,6 +169,9 @@ class Points(BlockSpaceCase):
                     getattr(utils, name)(*arguments)
                 self.assertTrue(str(caught.exception).startswith(name + "(), "))
         self.assertRaises(TypeError, utils.blockToWorld, p, blocSpace=self.space)
+        with self.assertRaisesRegex(TypeError, "^Vec3Array, invalid sequence element at index 1 of sequence$"):
+            utils.blockToWorld([p, (1, 2, 3)], self.space)
+        self.assertRaises(ValueError, utils.blockToWorld, np.zeros((4, 2)), self.space)
 
 
 class ReferenceSystems(unittest.TestCase):

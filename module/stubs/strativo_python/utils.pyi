@@ -1,11 +1,12 @@
-"""Conversion of points between block, survey and world coordinates."""
+"""FrameConversion of points between block, survey and world coordinates."""
 # Written by module/stubs/generate.py; do not edit.
 from typing import overload
 from strativo_python import BlockSpace, Vec3Array, vec3
 
 @overload
 def blockToSurvey(point: vec3, blockSpace: BlockSpace) -> vec3:
-    """Converts block coordinates to survey coordinates; an array of points is converted at once into a new array.
+    """Converts block coordinates to survey coordinates; an array of points is converted at once into a new array. A
+    sequence of vec3 or a numpy array of shape (n, 3) is taken for an array.
 
     Block coordinates are (x, y, z) in cells, survey coordinates (inline, crossline, sample), world coordinates map
     x, map y and depth or time.
@@ -19,7 +20,8 @@ def blockToSurvey(points: Vec3Array, blockSpace: BlockSpace) -> Vec3Array: ...
 
 @overload
 def blockToWorld(point: vec3, blockSpace: BlockSpace) -> vec3:
-    """Converts block coordinates to world coordinates; an array of points is converted at once into a new array.
+    """Converts block coordinates to world coordinates; an array of points is converted at once into a new array. A
+    sequence of vec3 or a numpy array of shape (n, 3) is taken for an array.
 
     Block coordinates are (x, y, z) in cells, survey coordinates (inline, crossline, sample), world coordinates map
     x, map y and depth or time.
@@ -33,7 +35,8 @@ def blockToWorld(points: Vec3Array, blockSpace: BlockSpace) -> Vec3Array: ...
 
 @overload
 def surveyToWorld(point: vec3, blockSpace: BlockSpace) -> vec3:
-    """Converts survey coordinates to world coordinates; an array of points is converted at once into a new array.
+    """Converts survey coordinates to world coordinates; an array of points is converted at once into a new array. A
+    sequence of vec3 or a numpy array of shape (n, 3) is taken for an array.
 
     Block coordinates are (x, y, z) in cells, survey coordinates (inline, crossline, sample), world coordinates map
     x, map y and depth or time.
@@ -47,7 +50,8 @@ def surveyToWorld(points: Vec3Array, blockSpace: BlockSpace) -> Vec3Array: ...
 
 @overload
 def worldToBlock(point: vec3, blockSpace: BlockSpace) -> vec3:
-    """Converts world coordinates to block coordinates; an array of points is converted at once into a new array.
+    """Converts world coordinates to block coordinates; an array of points is converted at once into a new array. A
+    sequence of vec3 or a numpy array of shape (n, 3) is taken for an array.
 
     Block coordinates are (x, y, z) in cells, survey coordinates (inline, crossline, sample), world coordinates map
     x, map y and depth or time.
@@ -61,7 +65,8 @@ def worldToBlock(points: Vec3Array, blockSpace: BlockSpace) -> Vec3Array: ...
 
 @overload
 def worldToSurvey(point: vec3, blockSpace: BlockSpace) -> vec3:
-    """Converts world coordinates to survey coordinates; an array of points is converted at once into a new array.
+    """Converts world coordinates to survey coordinates; an array of points is converted at once into a new array. A
+    sequence of vec3 or a numpy array of shape (n, 3) is taken for an array.
 
     Block coordinates are (x, y, z) in cells, survey coordinates (inline, crossline, sample), world coordinates map
     x, map y and depth or time.
@@ -75,7 +80,8 @@ def worldToSurvey(points: Vec3Array, blockSpace: BlockSpace) -> Vec3Array: ...
 
 @overload
 def surveyToBlock(point: vec3, blockSpace: BlockSpace) -> vec3:
-    """Converts survey coordinates to block coordinates; an array of points is converted at once into a new array.
+    """Converts survey coordinates to block coordinates; an array of points is converted at once into a new array. A
+    sequence of vec3 or a numpy array of shape (n, 3) is taken for an array.
 
     Block coordinates are (x, y, z) in cells, survey coordinates (inline, crossline, sample), world coordinates map
     x, map y and depth or time.
