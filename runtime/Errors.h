@@ -5,6 +5,9 @@
 
 #include <QString>
 
+#include <algorithm>
+#include <limits>
+
 /// One way to raise, one index rule, one type check: what every binding uses to refuse bad arguments.
 /// All functions here need the interpreter lock.
 namespace python {
@@ -42,6 +45,13 @@ inline bool isInt(PyObject* object)
 inline bool isValidIndex(long long index, long long count)
 {
     return static_cast<unsigned long long>(index) < static_cast<unsigned long long>(count);
+}
+
+/// An index as "%d" shows it: the nearest 32-bit number.
+inline int saturated(long long index)
+{
+    return static_cast<int>(
+        std::clamp<long long>(index, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
 }
 
 /// The text of a str argument; anything else is a TypeError whose `format` holds one "%s" for the type's name.

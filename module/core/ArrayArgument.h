@@ -22,7 +22,7 @@ bool readSequence(core::Array<T>& array, PyObject* sequence)
         Py_DECREF(item);
         if (conversion == Conversion::WrongType)
             PyErr_Format(PyExc_TypeError, "%sArray, invalid sequence element at index %d of sequence", Element::word,
-                         static_cast<int>(std::min<Py_ssize_t>(i, INT_MAX)));
+                         saturated(i));
         if (conversion != Conversion::Done)
             return false;
         if (!array.append(value)) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "module/core/GeometryTexts.h"
 #include "module/core/VectorSlots.h"
 
 namespace python::slots {
@@ -64,19 +65,18 @@ private:
             installMethod(type, method);
     }
 
-    static bool isRow(long long index, const char* access)
+    static bool isRow(long long index, const char* text)
     {
         if (isValidIndex(index, M::Size))
             return true;
-        PyErr_Format(PyExc_IndexError, "%s(), invalid index %lld when %s element of %s", className<M>(), index, access,
-                     className<M>());
+        PyErr_Format(PyExc_IndexError, text, saturated(index));
         return false;
     }
 
     static PyObject* sequenceItem(PyObject* object, Py_ssize_t index)
     {
         M* m = self<M>(object);
-        return m && isRow(index, "getting")
+        return m && isRow(index, GeometryTexts<M>::getting)
                    ? ValueInstance<Row>::makeReference(&(*m)[static_cast<std::size_t>(index)], object)
                    : nullptr;
     }
@@ -93,7 +93,7 @@ private:
         long long index = 0;
         Row row;
         if (!m || !toIndex(key, index, "matrix row, expected 'int' but got '%s'") ||
-            !fromPython<M>(argument, row, "__setitem__()") || !isRow(index, "setting"))
+            !fromPython<M>(argument, row, "__setitem__()") || !isRow(index, GeometryTexts<M>::setting))
             return -1;
         (*m)[static_cast<std::size_t>(index)] = row;
         return 0;
@@ -156,7 +156,8 @@ private:
             return nullptr;
         if (const auto inverse = m->inverse())
             return Value::make(*inverse);
-        return PyErr_Format(PyExc_RuntimeError, "%s.invert(), matrix is not invertible", className<M>());
+        PyErr_SetString(PyExc_RuntimeError, GeometryTexts<M>::singular);
+        return nullptr;
     }
 
     /// For construct(): nothing, one number, or all rows.

@@ -124,7 +124,7 @@ public:
         }
         const std::int64_t position = indexValue(key);
         if (!isValidIndex(position, array->count()))
-            return raiseOutOfBounds(shown(position), array->count());
+            return raiseOutOfBounds(saturated(position), array->count());
         T converted{};
         if (!Element::fromPythonAtOnce(value, converted)) {
             const Conversion conversion = Element::fromPython(value, converted);
@@ -134,7 +134,7 @@ public:
             if (conversion != Conversion::Done)
                 return -1;
             if (!isValidIndex(position, array->count()))
-                return raiseOutOfBounds(shown(position), array->count());
+                return raiseOutOfBounds(saturated(position), array->count());
         }
         (*array)[position] = converted;
         return 0;
@@ -236,16 +236,10 @@ private:
         return overflow > 0 ? LLONG_MAX : overflow < 0 ? LLONG_MIN : value;
     }
 
-    /// The text has room for 32 bits.
-    static int shown(std::int64_t number)
-    {
-        return static_cast<int>(std::clamp<std::int64_t>(number, INT_MIN, INT_MAX));
-    }
-
     static int raiseOutOfBounds(int first, std::int64_t count)
     {
         PyErr_Format(PyExc_IndexError, "%sArray, index %d out of bounds (valid range: %d -> %d)", Element::word, first,
-                     0, shown(count - 1));
+                     0, saturated(count - 1));
         return -1;
     }
 

@@ -141,8 +141,7 @@ private:
                 Element::fromPythonAtOnce(item, value) ? Conversion::Done : Element::fromPython(item, value);
             if (conversion == Conversion::WrongType)
                 PyErr_Format(PyExc_TypeError, "%sArray.extend(), expected type '%s' at index %d but got '%s' instead",
-                             Element::word, Element::typeName, static_cast<int>(std::min<Py_ssize_t>(i, INT_MAX)),
-                             typeName(item));
+                             Element::word, Element::typeName, saturated(i), typeName(item));
             Py_DECREF(item);
             if (conversion != Conversion::Done)
                 return false;

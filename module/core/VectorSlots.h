@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/core/Transform.h"
+#include "module/core/GeometryTexts.h"
 #include "module/core/ValueState.h"
 
 namespace python::slots {
@@ -105,24 +106,22 @@ private:
         installMethod(type, method);
     }
 
-    static bool isComponent(long long index, const char* access)
+    static bool isComponent(long long index, const char* text)
     {
         if (index < 0)
             PyErr_SetString(PyExc_OverflowError, "can't convert negative value to unsigned int");
         else if (index >= static_cast<long long>(V::Size))
-            PyErr_Format(PyExc_IndexError, "%s(), invalid index %lld when %s element of %s", className<V>(), index,
-                         access, className<V>());
+            PyErr_Format(PyExc_IndexError, text, saturated(index));
         else
             return true;
         return false;
     }
-    // Scripts know vec4 by this text.
-    static const char* reading() { return V::Size == 4 ? "setting" : "getting"; }
-
     static PyObject* sequenceItem(PyObject* object, Py_ssize_t index)
     {
         const V* v = self<V>(object);
-        return v && isComponent(index, reading()) ? PyFloat_FromDouble((*v)[static_cast<std::size_t>(index)]) : nullptr;
+        return v && isComponent(index, GeometryTexts<V>::getting)
+                   ? PyFloat_FromDouble((*v)[static_cast<std::size_t>(index)])
+                   : nullptr;
     }
     static PyObject* item(PyObject* object, PyObject* key)
     {
@@ -137,7 +136,7 @@ private:
         long long index = 0;
         double number = 0.0;
         if (!v || !toIndex(key, index, "vector index, expected 'int' but got '%s'") ||
-            !fromPython<V>(argument, number, "__setitem__()") || !isComponent(index, "setting"))
+            !fromPython<V>(argument, number, "__setitem__()") || !isComponent(index, GeometryTexts<V>::setting))
             return -1;
         (*v)[static_cast<std::size_t>(index)] = number;
         return 0;
