@@ -25,6 +25,9 @@ if [[ $status -ne 1 ]]; then
 fi
 echo "The traceback names the line; the status is 1, as expected."
 
+step "A horizon from NumPy: strativo run examples/scripts/image_from_numpy.py out/horizon.png"
+"$strativo" run examples/scripts/image_from_numpy.py out/horizon.png
+
 step "The workbench, with the first script executed"
 rm -f out/workbench.png
 QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1440x900x24" \
@@ -36,7 +39,7 @@ fi
 
 step "Done"
 cat <<END
-Picture:        out/workbench.png
+Pictures:       out/workbench.png, out/horizon.png
 Workbench:      $strativo
 One script:     $strativo run SCRIPT
 Documentation:  build/release/bin/doc/python/index.html
