@@ -7,6 +7,6 @@ target_link_libraries(strativo_python
   PRIVATE strativo_build_flags)
 target_precompile_headers(strativo_python PRIVATE "${PROJECT_SOURCE_DIR}/runtime/Precompiled.h")
 
-foreach(folder runtime module editor)
+foreach(folder runtime module plugins editor)
   add_subdirectory(${folder})
 endforeach()

@@ -11,6 +11,7 @@
 #include "runtime/ReplacedBuiltins.h"
 #include "runtime/RunMonitor.h"
 #include "runtime/RunTimeErrorHandler.h"
+#include "runtime/ScriptCompiler.h"
 #include "runtime/StreamCaptureBinding.h"
 
 /// The scripting module's frame implements it; the runtime only hands it to the interpreter.
@@ -18,36 +19,6 @@ extern "C" PyObject* PyInit_strativo_python();
 
 using python::GilLock;
 using python::RunEnd;
-
-namespace {
-
-/// A null character would end the text early for the compiler, which would then run half of the script.
-bool refuseNullCharacters(const QString& code, const QByteArray& fileName)
-{
-    const int position = code.indexOf(QChar(0));
-    if (position < 0)
-        return false;
-    const int line = code.leftRef(position).count(QLatin1Char('\n')) + 1;
-    PyObject* arguments =
-        Py_BuildValue("(s(Niiz))", "source code cannot contain null characters",
-                      PyUnicode_DecodeFSDefault(fileName.constData()), line, 1, static_cast<const char*>(nullptr));
-    if (arguments) {
-        PyErr_SetObject(PyExc_SyntaxError, arguments);
-        Py_DECREF(arguments);
-    }
-    return true;
-}
-
-/// New reference, or null with the exception pending.
-PyObject* compile(const QString& code, const QString& fileName)
-{
-    const QByteArray file = fileName.toLocal8Bit();
-    if (refuseNullCharacters(code, file))
-        return nullptr;
-    return Py_CompileStringExFlags(code.toUtf8().constData(), file.constData(), Py_file_input, nullptr, -1);
-}
-
-} // namespace
 
 HVPythonExecutionContext::HVPythonExecutionContext(IAppWrapper* app)
 {
@@ -114,7 +85,7 @@ bool HVPythonExecutionContext::executePythonCode(const QString& code, python::Co
 
     const GilLock lock;
     python::restoreLostStreams();
-    PyObject* program = compile(text, fileName);
+    PyObject* program = python::compileScript(text, fileName);
     if (!program) {
         python::reportSyntaxError(editor);
         m_lastRunEnd = RunEnd::CompileError;

@@ -1,0 +1,76 @@
+#include "plugins/PluginModule.h"
+
+#include "runtime/Errors.h"
+#include "runtime/GilLock.h"
+#include "runtime/ScriptArguments.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QTextStream>
+
+namespace python {
+
+PluginModule::~PluginModule()
+{
+    const LateGilLock lock;
+    if (lock)
+        Py_XDECREF(m_module);
+}
+
+QByteArray freshModuleName(const QString& init)
+{
+    PyObject* modules = PyImport_GetModuleDict();
+    for (qint64 second = QDateTime::currentSecsSinceEpoch();; ++second) {
+        const QByteArray name = init.toUtf8() + '_' + QByteArray::number(second);
+        if (!PyDict_GetItemString(modules, name.constData()))
+            return name;
+    }
+}
+
+bool readStartupFile(const QString& path, QString& text, QString& error)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = QStringLiteral("Error opening file %1: %2").arg(path, file.errorString());
+        return false;
+    }
+    const QByteArray bytes = file.readAll();
+    QString reason;
+    if (decodeScript(bytes, text, reason))
+        return true;
+    QTextStream stream(bytes);
+    stream.setAutoDetectUnicode(true);
+    text = stream.readAll();
+    return true;
+}
+
+HookResult callHook(PyObject* hook)
+{
+    PyObject* result = PyObject_CallNoArgs(hook);
+    if (!result) {
+        printPendingError();
+        return HookResult::Raised;
+    }
+    const HookResult answer = result == Py_True    ? HookResult::True
+                              : result == Py_False ? HookResult::False
+                                                   : HookResult::NotBool;
+    Py_DECREF(result);
+    return answer;
+}
+
+PyObject* findHook(PyObject* module, const char* name, QString& error)
+{
+    PyObject* hook = PyObject_GetAttrString(module, name);
+    PyErr_Clear();
+    if (!hook) {
+        error = QStringLiteral("'%1' function not found").arg(QLatin1String(name));
+        return nullptr;
+    }
+    if (PyCallable_Check(hook))
+        return hook;
+    error = QStringLiteral("'%1' must be a function").arg(QLatin1String(name));
+    Py_DECREF(hook);
+    return nullptr;
+}
+
+} // namespace python

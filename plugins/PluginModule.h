@@ -1,0 +1,56 @@
+#pragma once
+
+#include <boost/python/detail/wrap_python.hpp>
+
+#include <QByteArray>
+#include <QString>
+
+/// A plug-in's module on the side of the interpreter. Everything here needs the interpreter lock unless it says so.
+namespace python {
+
+/// The key in a plug-in's globals that holds its folder's absolute path; how functions know which plug-in calls.
+inline constexpr const char* g_pluginDirectoryKey = "__strativo_python_plugin_directory__";
+
+/// The module of a loaded plug-in, shared by the copies of the plug-in object. Destroyed with or without the lock, also
+/// after the interpreter has gone.
+class PluginModule
+{
+public:
+    /// Takes the reference over.
+    explicit PluginModule(PyObject* module) : m_module(module) {}
+    ~PluginModule();
+    PluginModule(const PluginModule&) = delete;
+    PluginModule& operator=(const PluginModule&) = delete;
+
+    PyObject* get() const { return m_module; }
+
+    /// Between a register() and an unregister() that both returned True.
+    bool registered = false;
+
+private:
+    PyObject* m_module;
+};
+
+/// "<init>_<seconds since 1970>". A name that is taken, because another plug-in with such a startup file was loaded in
+/// the same second, makes way for the next second's, so that every load gets a module of its own.
+QByteArray freshModuleName(const QString& init);
+
+/// The text of a startup file: Unicode by its byte-order mark, else what a coding comment names, else the locale's
+/// encoding. False with a text in `error` when the file cannot be opened. Takes the lock itself.
+bool readStartupFile(const QString& path, QString& text, QString& error);
+
+enum class HookResult
+{
+    True,
+    False,
+    NotBool,
+    Raised, ///< printed already
+};
+
+/// Calls the function `hook` of the module; only exactly True and False count as answers.
+HookResult callHook(PyObject* hook);
+
+/// The module's callable attribute `name` as a new reference; null, nothing pending and a text in `error` else.
+PyObject* findHook(PyObject* module, const char* name, QString& error);
+
+} // namespace python

@@ -1,0 +1,34 @@
+#include "runtime/ScriptCompiler.h"
+
+namespace python {
+
+namespace {
+
+/// A null character would end the text early for the compiler, which would then run half of the script.
+bool refuseNullCharacters(const QString& code, const QByteArray& fileName)
+{
+    const int position = code.indexOf(QChar(0));
+    if (position < 0)
+        return false;
+    const int line = code.leftRef(position).count(QLatin1Char('\n')) + 1;
+    PyObject* arguments =
+        Py_BuildValue("(s(Niiz))", "source code cannot contain null characters",
+                      PyUnicode_DecodeFSDefault(fileName.constData()), line, 1, static_cast<const char*>(nullptr));
+    if (arguments) {
+        PyErr_SetObject(PyExc_SyntaxError, arguments);
+        Py_DECREF(arguments);
+    }
+    return true;
+}
+
+} // namespace
+
+PyObject* compileScript(const QString& code, const QString& fileName)
+{
+    const QByteArray file = fileName.toLocal8Bit();
+    if (refuseNullCharacters(code, file))
+        return nullptr;
+    return Py_CompileStringExFlags(code.toUtf8().constData(), file.constData(), Py_file_input, nullptr, -1);
+}
+
+} // namespace python
