@@ -17,6 +17,16 @@ void bindMat4();
 void bindRect2D();
 void bindRect3D();
 
+void bindObject();
+void bindWidget();
+void bindIcon();
+void bindAction();
+void bindMenu();
+void bindToolBar();
+void bindTextEdit();
+void bindSubWindow();
+void bindMainWindow();
+
 void bindNoValue();
 void bindScanOrientation();
 void bindScaleType();
@@ -27,6 +37,8 @@ void bindImageBase();
 void bindImage2d();
 void bindImage3d();
 void bindBlockSpace();
+
+void bindApplicationInterface();
 
 void bindUtils();
 void bindSegy();

@@ -32,6 +32,16 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindRect2D();
     python::bindRect3D();
 
+    python::bindObject();
+    python::bindWidget();
+    python::bindIcon();
+    python::bindAction();
+    python::bindMenu();
+    python::bindToolBar();
+    python::bindTextEdit();
+    python::bindSubWindow();
+    python::bindMainWindow();
+
     python::bindNoValue();
     python::bindScanOrientation();
     python::bindScaleType();
@@ -42,6 +52,8 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindImage2d();
     python::bindImage3d();
     python::bindBlockSpace();
+
+    python::bindApplicationInterface();
 
     python::bindUtils();
     python::bindSegy();

@@ -27,4 +27,9 @@ QString AppWrapper::version() const
     return QCoreApplication::applicationVersion();
 }
 
+QMdiSubWindow* AppWrapper::addSubWindow(QWidget* widget)
+{
+    return m_window.addDocument(widget);
+}
+
 } // namespace workbench

@@ -19,6 +19,7 @@ public:
     IRunObserver* runObserver() const override;
     QString version() const override;
     bool isTerminalProgram() const override { return false; }
+    QMdiSubWindow* addSubWindow(QWidget* widget) override;
 
 private:
     MainWindow& m_window;

@@ -2,9 +2,13 @@
 
 #include <QString>
 
+#include <optional>
+
 class HVMessageWindow;
 class HVProject;
 class QMainWindow;
+class QMdiSubWindow;
+class QWidget;
 
 /// The progress bars of the application, as far as others need them.
 class IProgressService
@@ -48,4 +52,11 @@ public:
     virtual bool isTerminalProgram() const = 0;
     /// The open project, null when there is none. Not owned; it may be closed between two calls.
     virtual HVProject* currentProject() const { return nullptr; }
+    /// Shows the project's objects anew: those of one kind (the numbers of ObjectId), or all.
+    virtual void refreshProject(std::optional<int> /*objectKind*/) {}
+    /// Reads the list of colour bars anew.
+    virtual void refreshPalettes() {}
+    /// Adds `widget`, which is taken over, to the main window's document area; null when there is none, and then the
+    /// widget stays the caller's.
+    virtual QMdiSubWindow* addSubWindow(QWidget* /*widget*/) { return nullptr; }
 };

@@ -65,6 +65,12 @@ void HVPluginContributions::add(const QString& pluginFolder, QObject* object)
         objects.append(object);
 }
 
+void HVPluginContributions::forget(QObject* object)
+{
+    for (QVector<QPointer<QObject>>& objects : m_objects)
+        objects.removeAll(object);
+}
+
 QStringList HVPluginContributions::describe(const QString& pluginFolder) const
 {
     QStringList descriptions;

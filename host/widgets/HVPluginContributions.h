@@ -21,6 +21,12 @@ public:
     /// may name the same object; it goes with the last of them. An empty folder is nobody's and ignored.
     void add(const QString& pluginFolder, QObject* object);
 
+    /// Whether any plug-in put it there.
+    bool contains(QObject* object) const { return isSharedBeyond(QString(), object); }
+
+    /// The object is going on its own.
+    void forget(QObject* object);
+
     /// What of the plug-in is still there, as its user would name it ("menu Velocity"); commands are not listed.
     QStringList describe(const QString& pluginFolder) const;
 

@@ -63,7 +63,7 @@ protected:
     std::string evaluate(const char* expression)
     {
         recorder.posts.clear();
-        EXPECT_TRUE(run((std::string("print(") + expression + ", end='')").c_str()));
+        EXPECT_TRUE(run((std::string("print((") + expression + "), end='')").c_str()));
         return recorder.textOf(5);
     }
 

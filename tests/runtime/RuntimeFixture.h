@@ -18,12 +18,19 @@ namespace fixture {
 class FakeApp : public IAppWrapper, public IProgressService, public IRunObserver
 {
 public:
-    QMainWindow* mainWindow() const override { return nullptr; }
+    QMainWindow* mainWindow() const override { return window; }
     HVMessageWindow* messageWindow() const override { return nullptr; }
     IProgressService* progressService() const override { return const_cast<FakeApp*>(this); }
     IRunObserver* runObserver() const override { return observes ? const_cast<FakeApp*>(this) : nullptr; }
     QString version() const override { return QStringLiteral("1.2.3"); }
-    bool isTerminalProgram() const override { return false; }
+    bool isTerminalProgram() const override { return terminal; }
+    HVProject* currentProject() const override { return project; }
+    void refreshProject(std::optional<int> kind) override
+    {
+        log.push_back("project " + (kind ? std::to_string(*kind) : std::string("all")));
+    }
+    void refreshPalettes() override { log.push_back("palettes"); }
+    QMdiSubWindow* addSubWindow(QWidget* widget) override { return onSubWindow ? onSubWindow(widget) : nullptr; }
 
     bool isAnyRunning() const override { return progressRuns; }
     void closeAll() override { progressRuns = false; }
@@ -36,6 +43,10 @@ public:
     }
     void runFinished() override { log.push_back("finished"); }
 
+    QMainWindow* window = nullptr;
+    std::function<QMdiSubWindow*(QWidget*)> onSubWindow;
+    bool terminal = false;
+    HVProject* project = nullptr;
     bool progressRuns = false;
     bool observes = false;
     int breaths = 0;

@@ -1,5 +1,5 @@
 # Written by module/stubs/generate.py; do not edit.
-from typing import Iterator, Sequence, overload
+from typing import Callable, Iterator, Sequence, overload
 from typing_extensions import Buffer
 
 NO_VALUE: float
@@ -737,6 +737,173 @@ class Rect3D:
     def center(self) -> vec3:
         """The middle of the box."""
 
+class _QObject:
+    """What menus, commands and windows have in common."""
+    @property
+    def deleted(self) -> bool:
+        """Whether the application has destroyed what this object stands for; everything else then raises RuntimeError.
+        Read-only.
+        """
+
+class _QWidget(_QObject):
+    """What all windows and parts of windows have in common."""
+    @property
+    def width(self) -> int:
+        """Width in pixels. Read-only."""
+    @property
+    def height(self) -> int:
+        """Height in pixels. Read-only."""
+    @property
+    def windowTitle(self) -> str:
+        """The text in the title bar or the tab."""
+    @windowTitle.setter
+    def windowTitle(self, value: str) -> None: ...
+    @property
+    def toolTip(self) -> str:
+        """The text that appears under the mouse."""
+    @toolTip.setter
+    def toolTip(self, value: str) -> None: ...
+    @property
+    def enabled(self) -> bool:
+        """Whether the user can use the widget."""
+    @enabled.setter
+    def enabled(self, value: bool) -> None: ...
+    @property
+    def visible(self) -> bool:
+        """Whether the widget is shown."""
+    @visible.setter
+    def visible(self, value: bool) -> None: ...
+    def show(self) -> None:
+        """Shows the widget."""
+    def hide(self) -> None:
+        """Hides the widget."""
+    def close(self) -> bool:
+        """Closes the window; False when it refused, for example over unsaved changes."""
+
+class Widget(_QWidget):
+    """Widget()
+
+    An empty widget.
+    """
+    def __init__(self) -> None:
+        """An empty widget."""
+
+class Icon:
+    """Icon(path: str)
+
+    A small picture for commands and windows, from an image file.
+    """
+    def __init__(self, path: str) -> None:
+        """Reads the image file when the icon is first shown.
+
+        Raises TypeError, FileNotFoundError, PermissionError.
+        """
+    @staticmethod
+    def getPluginIcon(path: str) -> Icon | None:
+        """The icon in a file of the calling plug-in's folder; None outside a plug-in.
+
+        Raises TypeError, FileNotFoundError, PermissionError.
+        """
+    @staticmethod
+    def getBuiltinIcon(name: str) -> Icon:
+        """An icon of the application by its name.
+
+        Raises TypeError, and RuntimeError when there is no such icon.
+        """
+
+class Action(_QObject):
+    """A command in a menu or a tool bar, as addAction() returns it."""
+    @property
+    def text(self) -> str:
+        """What the command is called."""
+    @text.setter
+    def text(self, value: str) -> None: ...
+    @property
+    def toolTip(self) -> str:
+        """The text under the mouse and in the status bar."""
+    @toolTip.setter
+    def toolTip(self, value: str) -> None: ...
+    @property
+    def enabled(self) -> bool:
+        """Whether the user can choose the command."""
+    @enabled.setter
+    def enabled(self, value: bool) -> None: ...
+    def trigger(self) -> None:
+        """Does what choosing the command does; nothing while it is not enabled."""
+
+class Menu(_QWidget):
+    """A menu, as addMainWindowMenu() and getMainWindowMenu() return it."""
+    @property
+    def title(self) -> str:
+        """What the menu is called."""
+    @title.setter
+    def title(self, value: str) -> None: ...
+    def addAction(self, text: str, callable: Callable[[], object], icon: Icon = None) -> Action:
+        """A new command at the end that calls `callable` without arguments. An exception that it raises is printed.
+
+        Raises TypeError for a text that is not a str, an object that can not be called, or a wrong icon.
+        """
+    def addSeparator(self) -> None:
+        """A line between commands."""
+    def addMenu(self, title: str) -> Menu:
+        """A new menu inside this one.
+
+        Raises TypeError when title is not a str.
+        """
+
+class ToolBar(_QWidget):
+    """A tool bar of the main window, as addMainWindowToolBar() returns it."""
+    @property
+    def movable(self) -> bool:
+        """Whether the user can move it."""
+    @movable.setter
+    def movable(self, value: bool) -> None: ...
+    @property
+    def floatable(self) -> bool:
+        """Whether the user can pull it out as a window."""
+    @floatable.setter
+    def floatable(self, value: bool) -> None: ...
+    @property
+    def floating(self) -> bool:
+        """Whether it is a window now. Read-only."""
+    def addAction(self, text: str, callable: Callable[[], object], icon: Icon = None) -> Action:
+        """A new button at the end that calls `callable` without arguments. An exception that it raises is printed.
+
+        Raises TypeError for a text that is not a str, an object that can not be called, or a wrong icon.
+        """
+    def addSeparator(self) -> None:
+        """A line between buttons."""
+
+class TextEdit(_QWidget):
+    """TextEdit()
+
+    A field for text of many lines, shown in letters of one width.
+    """
+    def __init__(self) -> None:
+        """An empty text field."""
+    @property
+    def text(self) -> str:
+        """The text, lines separated by '\\n'."""
+    @text.setter
+    def text(self, value: str) -> None: ...
+    @property
+    def readOnly(self) -> bool:
+        """Whether the user can only look and copy."""
+    @readOnly.setter
+    def readOnly(self, value: bool) -> None: ...
+
+class SubWindow(_QWidget):
+    """A window in the main window's document area, as addSubWindow() returns it."""
+
+class MainWindow(_QWidget):
+    """The application's main window. Calls that would take it from the user raise RuntimeError."""
+    def show(self) -> None:
+        """Always raises RuntimeError."""
+    def hide(self) -> None:
+        """Always raises RuntimeError."""
+    def close(self) -> None:
+        """Always raises RuntimeError."""
+
 class ScanOrientation(int):
     """The axis of a block that frames are cut across: an Inline frame has one inline number (block y), a Crossline
     frame one crossline number (block x), a Timeslice one vertical sample (block z).
@@ -1069,3 +1236,96 @@ class BlockSpace:
     @property
     def verticalResolution(self) -> float:
         """Step of the vertical samples from cell to cell (block z), in the survey's unit. Read-only."""
+
+def pluginDirectory() -> str | None:
+    """The folder of the plug-in whose code calls; None outside a plug-in."""
+
+def version() -> tuple[int, int]:
+    """The application's version: major, minor."""
+
+def mainWindow() -> MainWindow:
+    """The application's main window; None when there is none."""
+
+def hasProject() -> bool:
+    """Whether a project is open."""
+
+def getProject() -> Project | None:
+    """The open project; None when there is none."""
+
+def showDialogBox(message: str) -> None:
+    """Shows a message and waits until the user has seen it. Under `strativo run` the message goes to standard error.
+
+    Raises TypeError when message is not a str.
+    """
+
+def showQuestionBox(message: str, title: str = None) -> bool:
+    """Asks the user; True for Yes. Under `strativo run` the question goes to standard error and the answer is No.
+
+    Raises TypeError when message or title is not a str.
+    """
+
+def addSubWindow(widget: Widget) -> SubWindow:
+    """Shows the widget in the main window's document area, which owns it from then on; closing it there destroys it.
+
+    Raises TypeError for anything but a widget, RuntimeError when there is no document area.
+    """
+
+def addMainWindowMenu(title: str) -> Menu:
+    """The menu with that title in the main window's menu bar, made when there is none yet. Plug-ins only.
+
+    Raises RuntimeError outside a plug-in and for the names of the application's own menus.
+    """
+
+def getMainWindowMenu(title: str) -> Menu | None:
+    """The menu with that title; None when there is none.
+
+    Raises RuntimeError for the names of the application's own menus.
+    """
+
+def removeMainWindowMenu(title: str) -> bool:
+    """Takes the menu out of the menu bar; False when there is none. Plug-ins only.
+
+    Raises RuntimeError outside a plug-in and for the names of the application's own menus.
+    """
+
+def addMainWindowToolBar(name: str) -> ToolBar:
+    """A new tool bar with that title. Plug-ins only.
+
+    Raises RuntimeError outside a plug-in and when there is a tool bar of that name.
+    """
+
+def removeMainWindowToolBar(name: str) -> bool:
+    """Takes the tool bar away; False when there is none. Plug-ins only.
+
+    Raises RuntimeError outside a plug-in.
+    """
+
+def getDirectory(text: str | None) -> str:
+    """Lets the user choose a folder; `text` is the dialog's title. Empty when the user chose none, and always under
+    `strativo run`.
+
+    Raises TypeError.
+    """
+
+def getFile(text: str | None) -> str:
+    """Lets the user choose a file; `text` is the dialog's title. Empty when the user chose none, and always under
+    `strativo run`.
+
+    Raises TypeError.
+    """
+
+def getFiles(text: str | None) -> list[str]:
+    """Lets the user choose several files; `text` is the dialog's title. Empty when the user chose none, and always
+    under `strativo run`.
+
+    Raises TypeError.
+    """
+
+def updateProject(objectType: ObjectId = None) -> None:
+    """Lets the application show the project's objects of that kind, or all, as they are now.
+
+    Raises TypeError.
+    """
+
+def updatePaletteList() -> None:
+    """Lets the application read its list of colour bars anew."""

@@ -1,0 +1,136 @@
+#include "host/services/IAppWrapper.h"
+#include "host/widgets/HVPluginContributions.h"
+#include "module/app/ApplicationFunctions.h"
+#include "module/app/PluginContext.h"
+#include "module/gui/Handles.h"
+#include "runtime/Errors.h"
+
+#include <QMenuBar>
+
+namespace bp = boost::python;
+
+namespace python {
+
+namespace {
+
+const char* const g_reservedMenus[] = {"File",   "Edit", "View",       "Modules",        "Tools",
+                                       "Window", "Help", "Extensions", "Recent Projects"};
+
+constexpr const char* g_queryRefused = "'%s' is a reserved menu name and cannot be removed or queried";
+constexpr const char* g_removalRefused = "'%s' is a reserved menu name and can not be removed";
+
+QMenuBar* menuBar()
+{
+    // menuBar() would make one.
+    QMainWindow* window = applicationWindow();
+    return window ? qobject_cast<QMenuBar*>(window->menuWidget()) : nullptr;
+}
+
+/// The first top-level menu of that title, or null; a reserved title raises RuntimeError.
+QMenu* findMenu(const QString& title, const char* refusal)
+{
+    for (const char* reserved : g_reservedMenus)
+        if (title == QLatin1String(reserved))
+            raise(PyExc_RuntimeError, refusal, reserved);
+    if (QMenuBar* bar = menuBar())
+        for (QAction* action : bar->actions())
+            if (action->menu() && action->menu()->title() == title)
+                return action->menu();
+    return nullptr;
+}
+
+QToolBar* findToolBar(const QMainWindow& window, const QString& name)
+{
+    for (QToolBar* bar : window.findChildren<QToolBar*>(name, Qt::FindDirectChildrenOnly))
+        return bar;
+    return nullptr;
+}
+
+} // namespace
+
+bp::object addMainWindowMenu(const bp::object& title)
+{
+    requirePlugin("addMainWindowMenu()");
+    const QString text = requireStr(title, "addMainWindowMenu(), expected 'str' but got '%s' instead");
+    QMenu* menu = findMenu(text, g_queryRefused);
+    QMenuBar* bar = menuBar();
+    if (!menu && !bar)
+        return {};
+    if (!menu) {
+        menu = bar->addMenu(text);
+        menu->setToolTipsVisible(true);
+        HVPluginContributions::instance().add(callingPluginFolder(), menu);
+    } else if (HVPluginContributions::instance().contains(menu)) {
+        // A menu that another plug-in made lasts as long as both.
+        HVPluginContributions::instance().add(callingPluginFolder(), menu);
+    }
+    return wrapObject<MenuHandle>(menu);
+}
+
+bp::object getMainWindowMenu(const bp::object& title)
+{
+    const QString text = requireStr(title, "getMainWindowMenu(), expected 'str' but got '%s' instead");
+    return wrapObject<MenuHandle>(findMenu(text, g_queryRefused));
+}
+
+bool removeMainWindowMenu(const bp::object& title)
+{
+    requirePlugin("removeMainWindowMenu()");
+    const QString text = requireStr(title, "removeMainWindowMenu(), expected 'str' but got '%s' instead");
+    QMenu* menu = findMenu(text, g_removalRefused);
+    if (!menu)
+        return false;
+    menuBar()->removeAction(menu->menuAction());
+    menu->deleteLater();
+    HVPluginContributions::instance().forget(menu);
+    return true;
+}
+
+bp::object addMainWindowToolBar(const bp::object& name)
+{
+    requirePlugin("addMainWindowToolBar()");
+    const QString text = requireStr(name, "addMainWindowToolBar(), expected 'str' but got '%s' instead");
+    QMainWindow* window = applicationWindow();
+    if (!window)
+        return {};
+    if (findToolBar(*window, text))
+        raise(PyExc_RuntimeError, "Toolbar already exists: %s", text.toUtf8().constData());
+    QToolBar* bar = window->addToolBar(text);
+    bar->setObjectName(text);
+    HVPluginContributions::instance().add(callingPluginFolder(), bar);
+    return wrapObject<ToolBarHandle>(bar);
+}
+
+bool removeMainWindowToolBar(const bp::object& name)
+{
+    requirePlugin("removeMainWindowToolBar()");
+    const QString text = requireStr(name, "removeMainWindowToolBar(), expected 'str' but got '%s' instead");
+    QMainWindow* window = applicationWindow();
+    QToolBar* bar = window ? findToolBar(*window, text) : nullptr;
+    if (!bar)
+        return false;
+    window->removeToolBar(bar);
+    // Without its name it is not found again before the event loop destroys it.
+    bar->setObjectName(QString());
+    bar->deleteLater();
+    HVPluginContributions::instance().forget(bar);
+    return true;
+}
+
+bp::object addSubWindow(const bp::object& widget)
+{
+    const bp::extract<const WidgetHandle&> handle(widget);
+    if (!handle.check())
+        raise(PyExc_TypeError, "addSubWindow(), expected type 'Widget' but got '%s' instead", typeName(widget));
+    QWidget& content = handle().widget();
+    if (&content == applicationWindow())
+        raise(PyExc_RuntimeError, "MainWindow, illegal method call");
+    IAppWrapper* app = applicationInterface();
+    QMdiSubWindow* window = app ? app->addSubWindow(&content) : nullptr;
+    if (!window)
+        raise(PyExc_RuntimeError, "addSubWindow(), the application has no document area");
+    HVPluginContributions::instance().add(callingPluginFolder(), window);
+    return wrapObject<SubWindowHandle>(window);
+}
+
+} // namespace python

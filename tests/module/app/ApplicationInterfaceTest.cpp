@@ -1,0 +1,257 @@
+// The functions with which scripts and plug-ins reach the application, on a real main window.
+#include "tests/plugins/PluginFixture.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QTextEdit>
+#include <QTimer>
+#include <QToolBar>
+
+namespace {
+
+using namespace fixture;
+
+class Application : public PluginTest
+{
+protected:
+    void SetUp() override
+    {
+        window.setCentralWidget(area);
+        window.menuBar()->addMenu("Help");
+        app().window = &window;
+        app().onSubWindow = [this](QWidget* widget) { return area->addSubWindow(widget); };
+        ASSERT_TRUE(plugin.initialize(makePlugin("import __main__, sys\nfrom strativo_python import *\n"
+                                                 "def register():\n  __main__.plugin = sys.modules[__name__]\n"
+                                                 "  return True\ndef unregister():\n  return True\n")));
+        ASSERT_TRUE(plugin.load());
+        ASSERT_TRUE(run("import strativo_python as sp\nfrom strativo_python import *\n"));
+    }
+    ~Application() override { plugin.abandon(); }
+
+    bool inPlugin(const char* code) { return run((std::string("exec('''") + code + "''', plugin.__dict__)").c_str()); }
+    /// The last line of the traceback.
+    std::string errorOf(const char* code, bool asPlugin = false)
+    {
+        recorder.posts.clear();
+        EXPECT_FALSE(asPlugin ? inPlugin(code) : run(code)) << code;
+        std::string text = recorder.textOf(6);
+        text.resize(text.find_last_not_of('\n') + 1);
+        return text.substr(text.rfind('\n') + 1);
+    }
+    QMenu* menu(const QString& title)
+    {
+        for (QAction* action : window.menuBar()->actions())
+            if (action->menu()->title() == title)
+                return action->menu();
+        return nullptr;
+    }
+    /// Does something to the next modal widget.
+    template <typename Widget>
+    void whenModal(std::function<void(Widget&)> act)
+    {
+        QTimer::singleShot(0, qApp, [act] {
+            auto* modal = qobject_cast<Widget*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(modal);
+            act(*modal);
+        });
+    }
+
+    QMainWindow window;
+    QMdiArea* area = new QMdiArea;
+    HVPythonPlugin plugin;
+};
+
+TEST_F(Application, queries)
+{
+    EXPECT_EQ(evaluate("pluginDirectory()"), "None");
+    EXPECT_TRUE(inPlugin("assert_dir = pluginDirectory()"));
+    EXPECT_EQ(evaluate("plugin.assert_dir"), plugin.directory().toStdString());
+    EXPECT_EQ(evaluate("version()"), "(1, 2)");
+    EXPECT_EQ(evaluate("mainWindow() is mainWindow()"), "True");
+    EXPECT_EQ(errorOf("mainWindow().close()"), "RuntimeError: MainWindow, illegal method call");
+    app().project = true;
+    EXPECT_EQ(evaluate("hasProject()"), "True");
+    app().window = nullptr;
+    EXPECT_EQ(evaluate("hasProject(), getProject(), mainWindow()"), "(False, None, None)");
+    app().log.clear();
+    EXPECT_TRUE(run("updateProject(); updatePaletteList()"));
+    EXPECT_EQ(app().log, (std::vector<std::string>{"project all", "palettes"}));
+    EXPECT_EQ(errorOf("updateProject(5)"), "TypeError: expected 'NoneType' or 'ObjectId', but got 'int'");
+}
+
+TEST_F(Application, menus)
+{
+    EXPECT_EQ(errorOf("addMainWindowMenu('M')"),
+              "RuntimeError: addMainWindowMenu() can only be executed from the context of a plugin");
+    EXPECT_EQ(errorOf("removeMainWindowMenu('Help')"),
+              "RuntimeError: removeMainWindowMenu() can only be executed from the context of a plugin");
+    EXPECT_EQ(errorOf("getMainWindowMenu('Help')"),
+              "RuntimeError: 'Help' is a reserved menu name and cannot be removed or queried");
+    EXPECT_EQ(errorOf("addMainWindowMenu('Recent Projects')", true),
+              "RuntimeError: 'Recent Projects' is a reserved menu name and cannot be removed or queried");
+    EXPECT_EQ(errorOf("removeMainWindowMenu('Help')", true),
+              "RuntimeError: 'Help' is a reserved menu name and can not be removed");
+    EXPECT_EQ(evaluate("getMainWindowMenu('help')"), "None");
+
+    ASSERT_TRUE(inPlugin("m = addMainWindowMenu('Velocit\u00e4t')\n"
+                         "same = addMainWindowMenu('Velocit\u00e4t') is m\n"
+                         "calls = []\n"
+                         "good = m.addAction('Good', lambda: calls.append(1), Icon.getBuiltinIcon('save24'))\n"
+                         "m.addSeparator()\n"
+                         "bad = m.addMenu('More').addAction('Bad', lambda: 1 / 0)\n"));
+    EXPECT_EQ(
+        evaluate("plugin.same, getMainWindowMenu('Velocit\u00e4t') is plugin.m, plugin.m.title == 'Velocit\u00e4t'"),
+        "(True, True, True)");
+    QMenu* made = menu("Velocit\u00e4t");
+    ASSERT_TRUE(made);
+    EXPECT_EQ(made->actions().size(), 3);
+    made->actions()[0]->trigger();
+    EXPECT_EQ(evaluate("plugin.calls"), "[1]");
+    recorder.posts.clear();
+    made->actions()[2]->menu()->actions()[0]->trigger();
+    EXPECT_NE(recorder.textOf(6).find("ZeroDivisionError"), std::string::npos);
+    EXPECT_EQ(errorOf("plugin.m.addAction('x', 5)"),
+              "TypeError: Menu.addAction(), expected callable object, but got 'int' instead");
+
+    ASSERT_TRUE(inPlugin("gone = removeMainWindowMenu('Velocit\u00e4t'), removeMainWindowMenu('Velocit\u00e4t')"));
+    EXPECT_EQ(evaluate("plugin.gone"), "(True, False)");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(errorOf("plugin.m.addSeparator()"), "RuntimeError: Menu has been deleted");
+    EXPECT_EQ(errorOf("plugin.good.trigger()"), "RuntimeError: Action has been deleted");
+}
+
+TEST_F(Application, toolBars)
+{
+    EXPECT_EQ(errorOf("addMainWindowToolBar('T')"),
+              "RuntimeError: addMainWindowToolBar() can only be executed from the context of a plugin");
+    EXPECT_EQ(errorOf("removeMainWindowToolBar('T')"),
+              "RuntimeError: removeMainWindowToolBar() can only be executed from the context of a plugin");
+    ASSERT_TRUE(inPlugin("t = addMainWindowToolBar('T')\nt.movable = False\nt.addAction('Go', print)\n"));
+    auto* bar = window.findChild<QToolBar*>("T");
+    ASSERT_TRUE(bar);
+    EXPECT_FALSE(bar->isMovable());
+    EXPECT_EQ(bar->windowTitle(), "T");
+    EXPECT_EQ(errorOf("addMainWindowToolBar('T')", true), "RuntimeError: Toolbar already exists: T");
+    EXPECT_EQ(errorOf("plugin.t.addAction(1, print)"),
+              "TypeError: ToolBar.addAction(), expected 'str' but got 'int' instead");
+    ASSERT_TRUE(
+        inPlugin("gone = removeMainWindowToolBar('T'), removeMainWindowToolBar('T'), addMainWindowToolBar('T') is t"));
+    EXPECT_EQ(evaluate("plugin.gone"), "(True, False, False)");
+}
+
+TEST_F(Application, whatAPluginLeavesIsTakenAway)
+{
+    HVPythonPlugin other;
+    ASSERT_TRUE(other.initialize(makePlugin("from strativo_python import *\ndef register():\n"
+                                            "  addMainWindowMenu('Shared').addAction('theirs', print)\n  return True\n"
+                                            "def unregister():\n  return True\n",
+                                            "other")));
+    ASSERT_TRUE(inPlugin("m = addMainWindowMenu('Shared')\nm.addAction('ours', print)\naddMainWindowMenu('Own')\n"
+                         "addMainWindowToolBar('Bar')\nt = TextEdit()\nt.windowTitle = 'Report'\nw = addSubWindow(t)\n"
+                         "passed = addMainWindowMenu('Passed')\nremoveMainWindowMenu('Passed')\n"));
+    ASSERT_TRUE(other.load()) << recorder.textOf(6);
+    recorder.posts.clear();
+    ASSERT_TRUE(plugin.unload());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_NE(recorder.textOf(3).find(
+                  "Removed what the plug-in a plug-in left behind: menu Own, tool bar Bar, window Report"),
+              std::string::npos)
+        << recorder.textOf(3);
+    EXPECT_FALSE(menu("Own"));
+    EXPECT_FALSE(window.findChild<QToolBar*>("Bar"));
+    EXPECT_TRUE(area->subWindowList().isEmpty());
+    ASSERT_TRUE(menu("Shared"));
+    EXPECT_EQ(menu("Shared")->actions().size(), 1) << "the other plug-in still has its command there";
+    EXPECT_EQ(errorOf("plugin.t.text"), "RuntimeError: TextEdit has been deleted");
+    EXPECT_TRUE(other.unload());
+    EXPECT_FALSE(menu("Shared"));
+}
+
+TEST_F(Application, subWindows)
+{
+    EXPECT_EQ(errorOf("addSubWindow(None)"),
+              "TypeError: addSubWindow(), expected type 'Widget' but got 'NoneType' instead");
+    EXPECT_EQ(errorOf("addSubWindow(3)"), "TypeError: addSubWindow(), expected type 'Widget' but got 'int' instead");
+    ASSERT_TRUE(run("t = TextEdit(); t.text = 'a\\nb'; w = addSubWindow(t); del t; u = Widget(); del u"));
+    ASSERT_EQ(area->subWindowList().size(), 1);
+    EXPECT_EQ(qobject_cast<QTextEdit*>(area->subWindowList()[0]->widget())->toPlainText(), "a\nb");
+    delete area->subWindowList()[0];
+    EXPECT_EQ(errorOf("w.show()"), "RuntimeError: SubWindow has been deleted");
+    EXPECT_EQ(evaluate("w.deleted"), "True");
+    app().onSubWindow = {};
+    EXPECT_EQ(errorOf("k = Widget(); addSubWindow(k)"),
+              "RuntimeError: addSubWindow(), the application has no document area");
+    EXPECT_EQ(evaluate("k.width > 0"), "True");
+}
+
+TEST_F(Application, boxesAndChoosers)
+{
+    EXPECT_EQ(errorOf("showDialogBox(1)"), "TypeError: showDialogBox(), expected 'str' but got 'int'");
+    EXPECT_EQ(errorOf("showQuestionBox(None)"), "TypeError: showQuestionBox(), expected 'str' but got 'NoneType'");
+    EXPECT_EQ(errorOf("showQuestionBox('a', 1)"),
+              "TypeError: showQuestionBox(), expected 'str' for optional 'title' argument but got 'int'");
+    EXPECT_EQ(errorOf("getDirectory(1)"), "TypeError: getDirectory(), expected 'str' but got 'int' instead");
+    EXPECT_EQ(errorOf("getFile(1)"), "TypeError: getFile(), expected 'str' but got 'int' instead");
+    EXPECT_EQ(errorOf("getFiles(b'')"), "TypeError: getFiles(), expected 'str' but got 'bytes' instead");
+
+    QString seen;
+    whenModal<QMessageBox>([&](QMessageBox& box) {
+        seen = box.windowTitle() + '|' + box.text();
+        EXPECT_EQ(box.parent(), &window);
+        box.accept();
+    });
+    EXPECT_TRUE(run("showDialogBox('Done')"));
+    EXPECT_EQ(seen, "Strativo|Done");
+    for (const auto button : {QMessageBox::Yes, QMessageBox::No}) {
+        whenModal<QMessageBox>([&](QMessageBox& box) {
+            seen = box.windowTitle() + '|' + box.text();
+            box.button(button)->click();
+        });
+        EXPECT_EQ(evaluate("showQuestionBox('Sure?', title='T')"), button == QMessageBox::Yes ? "True" : "False");
+        EXPECT_EQ(seen, "T|Sure?");
+    }
+    const QString file = folder.filePath("\u00e4.txt");
+    writeFile(file, "");
+    whenModal<QFileDialog>([&](QFileDialog& dialog) {
+        seen = dialog.windowTitle();
+        dialog.setDirectory(folder.path());
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(file);
+        static_cast<QDialog&>(dialog).accept();
+    });
+    EXPECT_EQ(evaluate("getFile('Pick')"), file.toStdString());
+    EXPECT_EQ(seen, "Pick");
+    whenModal<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+    EXPECT_EQ(evaluate("getFiles(None)"), "[]");
+
+    app().terminal = true;
+    recorder.posts.clear();
+    EXPECT_TRUE(
+        run("showDialogBox('Hello'); print(showQuestionBox('Sure?'), repr(getFile('F')), getFiles(None), end='')"));
+    EXPECT_EQ(recorder.textOf(5), "False '' []");
+    EXPECT_NE(recorder.textOf(3).find("HelloSure? [No]"), std::string::npos);
+    app().terminal = false;
+    app().window = nullptr;
+    EXPECT_EQ(evaluate("showDialogBox('x'), showQuestionBox('x')"), "(None, False)");
+}
+
+TEST_F(Application, icons)
+{
+    writeFile(plugin.directory() + "/icon.svg", "<svg/>");
+    EXPECT_EQ(evaluate("Icon.getPluginIcon('icon.svg')"), "None");
+    EXPECT_TRUE(inPlugin("assert_icon = Icon.getPluginIcon('icon.svg').__class__"));
+    EXPECT_TRUE(errorOf("Icon.getPluginIcon('no.svg')", true)
+                    .starts_with("FileNotFoundError: Icon.getPluginIcon(), plugin icon file does not exist: /"));
+    EXPECT_EQ(errorOf("Icon('/no')"), "FileNotFoundError: Icon, file '/no' does not exist");
+    EXPECT_EQ(errorOf("Icon(1)"), "TypeError: Icon, expected 'str' but got 'int' instead");
+    EXPECT_EQ(errorOf("Icon.getBuiltinIcon('no')"),
+              "RuntimeError: Icon.getBuiltinIcon(), requested icon 'no' not found");
+}
+
+} // namespace
