@@ -3,8 +3,9 @@
 #include "app/ProgramSetup.h"
 #include "app/headless/CommandLine.h"
 #include "app/headless/StandardStreams.h"
-#include "app/workbench/AppWrapper.h"
+#include "app/headless/TerminalApp.h"
 #include "app/workbench/MainWindow.h"
+#include "plugins/HVPythonPluginCollection.h"
 #include "runtime/GilLock.h"
 #include "runtime/HVPythonExecutionContext.h"
 #include "runtime/RunMonitor.h"
@@ -19,32 +20,6 @@
 namespace headless {
 
 namespace {
-
-constexpr int g_statusRan = 0;
-constexpr int g_statusFailed = 1;
-constexpr int g_statusNotStarted = 2;
-
-/// The workbench's objects for a user who sits at a terminal.
-class TerminalApp final : public workbench::AppWrapper
-{
-public:
-    using AppWrapper::AppWrapper;
-    bool isTerminalProgram() const override { return true; }
-    IRunObserver* runObserver() const override { return nullptr; }
-};
-
-/// Qt's own remarks about the platform are of no use to a script's user.
-void hideQtWarnings(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message)
-{
-    if (type == QtCriticalMsg || type == QtFatalMsg)
-        std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData());
-}
-
-int refuse(const QString& sentence)
-{
-    std::fprintf(stderr, "strativo: %s\n", sentence.toLocal8Bit().constData());
-    return g_statusNotStarted;
-}
 
 struct Script
 {
@@ -82,6 +57,22 @@ QString readScript(const CommandLine& line, Script& script)
         return QStringLiteral("cannot read %1: %2")
             .arg(line.script, info.isDir() ? QStringLiteral("it is a directory") : file.errorString());
     script = {file.readAll(), line.script, line.script, info.absolutePath(), line.script};
+    return {};
+}
+
+/// Loads the plug-ins in their order; a sentence about the first that can not be loaded, else empty.
+QString loadPlugins(HVPythonPluginCollection& plugins, const QStringList& folders)
+{
+    for (const QString& folder : folders) {
+        QString error;
+        HVPythonPlugin* plugin = plugins.add(folder, error);
+        if (!plugin)
+            return error;
+        if (!plugin->load())
+            return QStringLiteral("cannot load the plug-in %1: %2")
+                .arg(folder, plugin->errorMessage().isEmpty() ? QStringLiteral("see the messages above")
+                                                              : plugin->errorMessage());
+    }
     return {};
 }
 
@@ -127,14 +118,12 @@ int run(int argc, char** argv)
     }
     if (!line.project.isEmpty())
         return refuse(QStringLiteral("--project is not available yet"));
-    if (!line.plugins.isEmpty())
-        return refuse(QStringLiteral("--plugin is not available yet"));
     Script script;
     if (const QString error = readScript(line, script); !error.isEmpty())
         return refuse(error);
 
     if (!line.verbose)
-        qInstallMessageHandler(hideQtWarnings);
+        hideQtWarnings();
     // Qt must not take words that belong to the script.
     int ownArguments = 1;
     QApplication application(ownArguments, argv);
@@ -150,6 +139,10 @@ int run(int argc, char** argv)
         const python::GilLock lock;
         python::enableKeyboardInterrupt();
     }
+    // Unloaded in reverse when it goes, before the interpreter and the window do.
+    HVPythonPluginCollection plugins;
+    if (const QString error = loadPlugins(plugins, line.plugins); !error.isEmpty())
+        return refuse(error);
     return runScript(context, script, line.arguments);
 }
 

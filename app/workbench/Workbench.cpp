@@ -3,10 +3,12 @@
 #include "app/ProgramSetup.h"
 #include "app/workbench/AppWrapper.h"
 #include "app/workbench/MainWindow.h"
+#include "app/workbench/PluginMenu.h"
 #include "app/workbench/RunIndicator.h"
 #include "app/workbench/Theme.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/widgets/HVMessageWindow.h"
+#include "plugins/HVPythonPluginCollection.h"
 #include "runtime/HVPythonExecutionContext.h"
 
 #include <QApplication>
@@ -49,7 +51,10 @@ Options parseArguments(const QStringList& arguments)
                                         QStringLiteral("file"));
     parser.addOptions({execute, screenshot});
     parser.process(arguments);
-    return {parser.positionalArguments(), parser.isSet(execute), parser.value(screenshot)};
+    // A restart after a plug-in's failure hands over all of the arguments, the program's own path among them.
+    QStringList scripts = parser.positionalArguments();
+    scripts.removeAll(QCoreApplication::applicationFilePath());
+    return {scripts, parser.isSet(execute), parser.value(screenshot)};
 }
 
 int refuseToStart(const QString& sentence)
@@ -108,6 +113,8 @@ int run(int& argc, char** argv)
                                                  if (auto* editor = qobject_cast<HVPythonTextEdit*>(target))
                                                      execute(window, context, *editor);
                                              });
+        HVPythonPluginCollection plugins;
+        PluginMenu pluginMenu(window, plugins);
         window.restoreLayout();
         window.show();
         HVPythonTextEdit* first = nullptr;
@@ -124,7 +131,9 @@ int run(int& argc, char** argv)
         });
         status = QApplication::exec();
 
-        // Python objects may hang on documents; they go while there is an interpreter.
+        // Plug-ins say goodbye while the windows are there, and Python objects may hang on documents: both go while
+        // there is an interpreter.
+        plugins.unloadAll();
         window.hide();
         window.destroyDocuments();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

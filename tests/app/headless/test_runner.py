@@ -169,6 +169,48 @@ class AsPlainPython(RunnerCase):
         self.assertEqual(lines[5:9], ["", home + "/python36.zip", home, home + "/site-packages"])
 
 
+class Plugins(RunnerCase):
+    def plugin(self, name, register="return True", unregister="return True"):
+        folder = self.folder / name
+        folder.mkdir()
+        (folder / "plugin.info").write_text("[PluginInfo]\ninit=main.py\nversion=2\n")
+        (folder / "main.py").write_text(
+            "import strativo_python as sp\ndef say(word): print(word + %r, end=' ', flush=True)\n"
+            "def register():\n say('+'); sp.addMainWindowMenu('M')\n %s\ndef unregister():\n say('-')\n %s\n"
+            % (name, register, unregister))
+        return str(folder)
+
+    def check(self, *words):
+        return subprocess.run([PROGRAM, "plugin", *words], capture_output=True, text=True, timeout=120)
+
+    def test_loaded_before_the_script_and_unloaded_in_reverse(self):
+        a, b = self.plugin("a"), self.plugin("b", "import threading; threading.Thread(target=say, args='t').start(); return True")
+        result = strativo("--plugin", a, "--plugin", b, "-c", "import strativo_python as sp\n"
+                          "print(sp.getMainWindowMenu('M').title, sp.showQuestionBox('Sure?'), end=' ')\n1 / 0")
+        self.expect(result, 1, err="ZeroDivisionError")
+        self.assertEqual(result.stdout.replace("tb ", ""), "+a +b M False -b -a ")
+        self.assertIn("Sure? [No]", result.stderr)
+        self.assertIn("Removed what the plug-in a left behind: menu M", result.stderr)
+
+    def test_status_two_when_one_cannot_be_loaded(self):
+        a, bad = self.plugin("a"), self.plugin("bad", "return False")
+        self.expect(strativo("--plugin", a, "--plugin", bad, "-c", "print('ran')"), 2, "+a +bad -a ",
+                    "Plugin signaled an error to Strativo during load process")
+        self.expect(strativo("--plugin", str(self.folder), "-c", "1"), 2, "", "Unable to find plugin metadata file")
+
+    def test_check_reports_each_step(self):
+        result = self.check("check", self.plugin("good"))
+        self.expect(result, 0)
+        self.assertRegex(result.stdout, r"^plugin\.info +ok +good, version 2, .*/main\.py\n"
+                                        r"\+good load +ok .*\n-good unload +ok .*\n$")
+        self.expect(self.check("check", self.plugin("raises", "1 / 0")), 1, err="ZeroDivisionError")
+        result = self.check("check", self.plugin("stays", unregister="return False"))
+        self.expect(result, 1, err="Restart Strativo?")
+        self.assertRegex(result.stdout, r"unload +FAILED  Plugin signaled an error to Strativo during unload process\n$")
+        self.expect(self.check("check"), 2, "", "usage: strativo plugin check DIR")
+        self.expect(self.check("check", str(self.folder)), 1)
+
+
 class Leaving(RunnerCase):
     def test_a_hundred_starts_with_threads_and_numpy(self):
         code = (

@@ -1,0 +1,102 @@
+#include "app/workbench/PluginMenu.h"
+
+#include "app/workbench/MainWindow.h"
+#include "host/services/HVIconStore.h"
+#include "plugins/HVPythonPluginCollection.h"
+
+#include <QFileDialog>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+
+namespace workbench {
+
+namespace {
+
+QMenu* extensionsMenu(const MainWindow& window)
+{
+    for (QAction* action : window.menuBar()->actions())
+        if (action->menu() && action->text() == MainWindow::tr("Extensions"))
+            return action->menu();
+    return window.menuBar()->addMenu(MainWindow::tr("Extensions"));
+}
+
+} // namespace
+
+PluginMenu::PluginMenu(MainWindow& window, HVPythonPluginCollection& plugins)
+    : m_window(window), m_plugins(plugins), m_list(tr("Plug-ins")), m_load(tr("Load Plug-in..."))
+{
+    m_load.setIcon(HVIconStore::icon(QStringLiteral("pythonplugins24")));
+    m_load.setToolTip(tr("Load a plug-in from any folder"));
+    m_load.setStatusTip(m_load.toolTip());
+    m_list.setToolTipsVisible(true);
+    QMenu* extensions = extensionsMenu(window);
+    QAction* first = extensions->actions().value(0);
+    extensions->insertAction(first, &m_load);
+    extensions->insertMenu(first, &m_list);
+    connect(&m_load, &QAction::triggered, this, &PluginMenu::choosePlugin);
+    connect(&m_list, &QMenu::aboutToShow, this, &PluginMenu::fill);
+    m_plugins.scan();
+}
+
+PluginMenu::~PluginMenu() = default;
+
+void PluginMenu::choosePlugin()
+{
+    const QString folder =
+        QFileDialog::getExistingDirectory(&m_window, tr("Load Plug-in"), HVPythonPluginCollection::defaultDirectory());
+    if (folder.isEmpty())
+        return;
+    QString error;
+    HVPythonPlugin* plugin = m_plugins.add(folder, error);
+    if (!plugin)
+        complain(tr("The folder can not be used as a plug-in."), error);
+    else if (!plugin->isLoaded())
+        toggle(*plugin);
+}
+
+void PluginMenu::fill()
+{
+    m_list.clear();
+    m_plugins.scan();
+    for (const auto& [name, plugin] : m_plugins.plugins()) {
+        // Ampersands of the name are no mnemonics.
+        QAction* entry = m_list.addAction(QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
+        entry->setCheckable(true);
+        entry->setChecked(plugin->isLoaded());
+        const QString state = plugin->isLoaded() ? tr("Loaded; choose to unload") : tr("Choose to load");
+        entry->setToolTip(tr("%1\nVersion %2, %3").arg(state, plugin->version(), plugin->directory()));
+        entry->setStatusTip(state);
+        connect(entry, &QAction::triggered, this, [this, key = name] {
+            const auto found = m_plugins.plugins().find(key);
+            if (found != m_plugins.plugins().end())
+                toggle(*found->second);
+        });
+    }
+    if (m_plugins.plugins().empty())
+        m_list
+            .addAction(
+                tr("No plug-ins in %1").arg(QDir::toNativeSeparators(HVPythonPluginCollection::defaultDirectory())))
+            ->setEnabled(false);
+}
+
+void PluginMenu::toggle(HVPythonPlugin& plugin)
+{
+    const bool wasLoaded = plugin.isLoaded();
+    const bool done = wasLoaded ? m_plugins.unload(plugin) : m_plugins.load(plugin);
+    if (done)
+        m_window.statusBar()->showMessage((wasLoaded ? tr("Unloaded %1.") : tr("Loaded %1.")).arg(plugin.name()));
+    else
+        complain((wasLoaded ? tr("The plug-in %1 can not be unloaded.") : tr("The plug-in %1 can not be loaded."))
+                     .arg(plugin.name()),
+                 plugin.errorMessage());
+}
+
+void PluginMenu::complain(const QString& sentence, const QString& reason)
+{
+    QMessageBox::warning(&m_window, QStringLiteral("Strativo"),
+                         sentence + QStringLiteral("\n\n") +
+                             (reason.isEmpty() ? tr("The message window tells more.") : reason));
+}
+
+} // namespace workbench
