@@ -1,4 +1,5 @@
 // The functions with which scripts and plug-ins reach the application, on a real main window.
+#include "host/data/HVProject.h"
 #include "tests/plugins/PluginFixture.h"
 
 #include <QAbstractButton>
@@ -76,7 +77,9 @@ TEST_F(Application, queries)
     EXPECT_EQ(evaluate("version()"), "(1, 2)");
     EXPECT_EQ(evaluate("mainWindow() is mainWindow()"), "True");
     EXPECT_EQ(errorOf("mainWindow().close()"), "RuntimeError: MainWindow, illegal method call");
-    app().project = true;
+    EXPECT_EQ(evaluate("hasProject()"), "False");
+    const auto project = HVProject::create(folder.filePath("a project"), QString(), nullptr);
+    app().project = project.get();
     EXPECT_EQ(evaluate("hasProject()"), "True");
     app().window = nullptr;
     EXPECT_EQ(evaluate("hasProject(), getProject(), mainWindow()"), "(False, None, None)");
