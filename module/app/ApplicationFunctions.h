@@ -10,7 +10,7 @@ class QMainWindow;
 /// them. All are called by scripts, with the lock held, on the GUI thread.
 namespace python {
 
-/// Null when the application has none, or when there is no application.
+/// Null when the application has none, or when there is no application. RuntimeError on any thread but the main one.
 QMainWindow* applicationWindow();
 
 /// True for a program on a terminal, where nobody can answer a dialog.

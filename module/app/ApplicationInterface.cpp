@@ -12,6 +12,7 @@ namespace python {
 
 QMainWindow* applicationWindow()
 {
+    requireGuiThread();
     const IAppWrapper* app = applicationInterface();
     return app ? app->mainWindow() : nullptr;
 }

@@ -38,9 +38,10 @@ QStringList askForPaths(const char* function, const QString& text, Choose choose
         postInstead(QStringLiteral("%1 %2 [nothing chosen]").arg(QLatin1String(function), text));
         return {};
     }
+    QMainWindow* window = applicationWindow();
     // Other threads of scripts go on while the user looks around.
     const GilRelease unlocked;
-    return choose();
+    return choose(window);
 }
 
 bp::object firstOf(const QStringList& paths)
@@ -55,10 +56,11 @@ void showDialogBox(const bp::object& message)
     const QString text = requireStr(message, "showDialogBox(), expected 'str' but got '%s'");
     if (isOnTerminal())
         return postInstead(text);
-    if (!applicationWindow())
+    QMainWindow* window = applicationWindow();
+    if (!window)
         return;
     const GilRelease unlocked;
-    QMessageBox::information(applicationWindow(), g_title, text, QMessageBox::Ok);
+    QMessageBox::information(window, g_title, text, QMessageBox::Ok);
 }
 
 bool showQuestionBox(const bp::object& message, const bp::object& title)
@@ -72,35 +74,34 @@ bool showQuestionBox(const bp::object& message, const bp::object& title)
         postInstead(text + QStringLiteral(" [No]"));
         return false;
     }
-    if (!applicationWindow())
+    QMainWindow* window = applicationWindow();
+    if (!window)
         return false;
     const GilRelease unlocked;
-    return QMessageBox::question(applicationWindow(), heading, text, QMessageBox::Yes | QMessageBox::No) ==
-           QMessageBox::Yes;
+    return QMessageBox::question(window, heading, text, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 bp::object getDirectory(const bp::object& text)
 {
     const QString title = caption(text, "getDirectory(), expected 'str' but got '%s' instead");
-    return firstOf(askForPaths("getDirectory()", title, [&] {
-        return QStringList(
-            QFileDialog::getExistingDirectory(applicationWindow(), title, {}, QFileDialog::ShowDirsOnly));
+    return firstOf(askForPaths("getDirectory()", title, [&](QWidget* parent) {
+        return QStringList(QFileDialog::getExistingDirectory(parent, title, {}, QFileDialog::ShowDirsOnly));
     }));
 }
 
 bp::object getFile(const bp::object& text)
 {
     const QString title = caption(text, "getFile(), expected 'str' but got '%s' instead");
-    return firstOf(askForPaths("getFile()", title,
-                               [&] { return QStringList(QFileDialog::getOpenFileName(applicationWindow(), title)); }));
+    return firstOf(askForPaths(
+        "getFile()", title, [&](QWidget* parent) { return QStringList(QFileDialog::getOpenFileName(parent, title)); }));
 }
 
 bp::object getFiles(const bp::object& text)
 {
     const QString title = caption(text, "getFiles(), expected 'str' but got '%s' instead");
     bp::list paths;
-    for (const QString& path :
-         askForPaths("getFiles()", title, [&] { return QFileDialog::getOpenFileNames(applicationWindow(), title); }))
+    for (const QString& path : askForPaths(
+             "getFiles()", title, [&](QWidget* parent) { return QFileDialog::getOpenFileNames(parent, title); }))
         paths.append(unicodeText(path));
     return paths;
 }

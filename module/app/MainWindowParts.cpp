@@ -125,8 +125,11 @@ bp::object addSubWindow(const bp::object& widget)
     QWidget& content = handle().widget();
     if (&content == applicationWindow())
         raise(PyExc_RuntimeError, "MainWindow, illegal method call");
+    // A widget that is a document already stays the document that it is.
+    auto* window = qobject_cast<QMdiSubWindow*>(content.parentWidget());
     IAppWrapper* app = applicationInterface();
-    QMdiSubWindow* window = app ? app->addSubWindow(&content) : nullptr;
+    if (!window && app)
+        window = app->addSubWindow(&content);
     if (!window)
         raise(PyExc_RuntimeError, "addSubWindow(), the application has no document area");
     HVPluginContributions::instance().add(callingPluginFolder(), window);

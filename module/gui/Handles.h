@@ -68,9 +68,10 @@ public:
 
 /// A handle on a widget that the script owns until a window takes it over.
 template <typename Handle, typename Widget>
-std::shared_ptr<Handle> makeOwned(Widget* widget)
+std::shared_ptr<Handle> makeOwned()
 {
-    auto handle = std::make_shared<Handle>(widget);
+    requireGuiThread();
+    auto handle = std::make_shared<Handle>(new Widget);
     handle->setOwned();
     return handle;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "module/gui/GuiThread.h"
+
 #include <boost/python.hpp>
 
 #include <QObject>
@@ -21,10 +23,11 @@ public:
     ObjectHandle(const ObjectHandle&) = delete;
     ObjectHandle& operator=(const ObjectHandle&) = delete;
 
-    /// The Qt object; RuntimeError when it is gone.
+    /// The Qt object; RuntimeError when it is gone, and on any thread but the main one.
     template <typename Object>
     Object& alive() const
     {
+        requireGuiThread();
         if (!m_object)
             raiseDeleted();
         return *static_cast<Object*>(m_object.data());

@@ -12,11 +12,12 @@ namespace {
 
 std::shared_ptr<TextEditHandle> makeTextEdit()
 {
-    auto* edit = new QTextEdit;
-    edit->setAcceptRichText(false);
-    edit->setLineWrapMode(QTextEdit::NoWrap);
-    edit->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    return makeOwned<TextEditHandle>(edit);
+    auto handle = makeOwned<TextEditHandle, QTextEdit>();
+    QTextEdit& edit = handle->edit();
+    edit.setAcceptRichText(false);
+    edit.setLineWrapMode(QTextEdit::NoWrap);
+    edit.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    return handle;
 }
 
 bp::object text(const TextEditHandle& handle)

@@ -30,7 +30,7 @@ public:
 
 std::shared_ptr<PlainWidgetHandle> makeWidget()
 {
-    return makeOwned<PlainWidgetHandle>(new QWidget);
+    return makeOwned<PlainWidgetHandle, QWidget>();
 }
 
 bp::object windowTitle(const WidgetHandle& handle)

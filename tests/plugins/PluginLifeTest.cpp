@@ -2,6 +2,12 @@
 #include "runtime/GilLock.h"
 #include "tests/plugins/PluginFixture.h"
 
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
 #include <regex>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -196,6 +202,26 @@ TEST_F(PluginLife, theCriticalDialog)
                                      "insufficient privileges. Please contact your system administrator"));
     EXPECT_EQ(plugin.errorMessage(), "'plugin.info' file does not exist");
     plugin.abandon();
+}
+
+TEST_F(RuntimeTest, theCriticalDialogIsAMessageBox)
+{
+    for (const auto answer : {QMessageBox::Yes, QMessageBox::No}) {
+        QTimer::singleShot(0, qApp, [answer] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_TRUE(box);
+            EXPECT_EQ(box->icon(), QMessageBox::Critical);
+            EXPECT_EQ(box->textFormat(), Qt::RichText);
+            EXPECT_EQ(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
+            EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::Yes));
+            EXPECT_EQ(box->windowTitle() + box->text(), "T<b>x</b>");
+            box->button(answer)->click();
+        });
+        EXPECT_EQ(python::unloadFailurePrompt().askForRestart("T", "<b>x</b>"), answer == QMessageBox::Yes);
+    }
+    app().terminal = true;
+    EXPECT_FALSE(python::unloadFailurePrompt().askForRestart("T", "<b>x</b>"));
+    EXPECT_EQ(recorder.textOf(1), "T\nx");
 }
 
 TEST_F(PluginLife, autoloadIsWrittenAndNothingElseChanges)

@@ -183,6 +183,9 @@ TEST_F(Application, subWindows)
               "TypeError: addSubWindow(), expected type 'Widget' but got 'NoneType' instead");
     EXPECT_EQ(errorOf("addSubWindow(3)"), "TypeError: addSubWindow(), expected type 'Widget' but got 'int' instead");
     ASSERT_TRUE(run("t = TextEdit(); t.text = 'a\\nb'; w = addSubWindow(t); del t; u = Widget(); del u"));
+    EXPECT_TRUE(run("k = TextEdit(); first = addSubWindow(k); twice = addSubWindow(k) is first; first.close(); del k"));
+    EXPECT_EQ(evaluate("twice"), "True");
+    delete area->subWindowList().value(1);
     ASSERT_EQ(area->subWindowList().size(), 1);
     EXPECT_EQ(qobject_cast<QTextEdit*>(area->subWindowList()[0]->widget())->toPlainText(), "a\nb");
     delete area->subWindowList()[0];
@@ -242,6 +245,18 @@ TEST_F(Application, boxesAndChoosers)
     app().terminal = false;
     app().window = nullptr;
     EXPECT_EQ(evaluate("showDialogBox('x'), showQuestionBox('x')"), "(None, False)");
+}
+
+TEST_F(Application, windowsAreForTheMainThread)
+{
+    EXPECT_TRUE(
+        run("import threading\nrefused = []\ntext = TextEdit()\n"
+            "def work():\n"
+            "  for use in (mainWindow, TextEdit, lambda: showDialogBox('x'), lambda: getFile(None), text.show):\n"
+            "    try: use()\n"
+            "    except RuntimeError as error: refused.append(str(error))\n"
+            "t = threading.Thread(target=work); t.start(); t.join()"));
+    EXPECT_EQ(evaluate("len(refused), set(refused)"), "(5, {'windows can only be used on the main thread'})");
 }
 
 TEST_F(Application, icons)
