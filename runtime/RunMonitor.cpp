@@ -27,6 +27,7 @@ constexpr int g_signal = SIGURG;
 pthread_t g_guiThread;
 IRunObserver* g_observed = nullptr; // of the run under way; touched on the GUI thread only
 bool g_breathing = false;
+bool g_paused = false;
 
 /// Sends the signal at the interval for its lifetime.
 class Ticker
@@ -72,7 +73,7 @@ std::unique_ptr<Ticker>& ticker()
 /// The interpreter calls it as handler(signal number, frame) on the GUI thread.
 PyObject* breathe(PyObject* /*self*/, PyObject* /*arguments*/)
 {
-    if (!g_observed || g_breathing)
+    if (!g_observed || g_breathing || g_paused)
         Py_RETURN_NONE;
     g_breathing = true;
     const bool stop = g_observed->breathe();
@@ -105,6 +106,23 @@ RunMonitor::~RunMonitor()
     ticker().reset();
     g_observed = nullptr;
     m_observer->runFinished();
+}
+
+bool RunMonitor::isBreathing()
+{
+    return g_breathing;
+}
+
+RunPause::RunPause() : m_wasPaused(std::exchange(g_paused, true))
+{
+    ticker().reset();
+}
+
+RunPause::~RunPause()
+{
+    g_paused = m_wasPaused;
+    if (g_observed && !g_paused)
+        ticker() = std::make_unique<Ticker>();
 }
 
 void RunMonitor::install()

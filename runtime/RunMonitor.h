@@ -20,11 +20,28 @@ public:
     RunMonitor(const RunMonitor&) = delete;
     RunMonitor& operator=(const RunMonitor&) = delete;
 
+    /// Whether the observer is at it just now: windows paint, and the user's input is kept back.
+    static bool isBreathing();
+
     /// Registers the wake-up signal with the interpreter; once, on the thread that started it.
     static void install();
 
 private:
     IRunObserver* m_observer = nullptr;
+};
+
+/// For a run that waits in an event loop of its own, as in the debugger: for the object's lifetime the observer does
+/// not breathe, whatever Python code runs meanwhile. On the GUI thread with the interpreter lock held; nests.
+class RunPause
+{
+public:
+    RunPause();
+    ~RunPause();
+    RunPause(const RunPause&) = delete;
+    RunPause& operator=(const RunPause&) = delete;
+
+private:
+    const bool m_wasPaused;
 };
 
 /// Makes Ctrl+C raise KeyboardInterrupt in the running script, as in plain Python; for programs on a terminal. Needs

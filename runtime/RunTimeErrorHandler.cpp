@@ -21,6 +21,12 @@ ModuleFinder& moduleFinder()
     return finder;
 }
 
+ErrorObserver& errorObserver()
+{
+    static ErrorObserver observer;
+    return observer;
+}
+
 /// The fetched exception; given back by restore(), otherwise dropped.
 class FetchedException
 {
@@ -49,6 +55,7 @@ public:
 
     bool isA(PyObject* type) const { return m_type && PyErr_GivenExceptionMatches(m_type, type); }
     PyObject* traceback() const { return m_traceback; }
+    PyObject* value() const { return m_value; }
 
     /// New reference, or null (nothing pending) when the exception has no such attribute.
     PyObject* attribute(const char* name) const
@@ -182,6 +189,11 @@ bool isSyntaxLike(PyObject* type)
 
 } // namespace
 
+void setErrorObserver(ErrorObserver observer)
+{
+    errorObserver() = std::move(observer);
+}
+
 void setModuleFinder(ModuleFinder finder)
 {
     moduleFinder() = std::move(finder);
@@ -234,6 +246,8 @@ RunEnd handleRunTimeError(CodeEditor* editor)
         PyGC_Collect();
         return zero ? RunEnd::ExitedZero : RunEnd::ExitedNonZero;
     }
+    if (errorObserver() && !exception.isA(PyExc_KeyboardInterrupt))
+        errorObserver()(exception.value(), exception.traceback());
     if (exception.isA(PyExc_ModuleNotFoundError) && findModules) {
         reportMissingModule(exception, editor);
         return RunEnd::Raised;

@@ -22,4 +22,10 @@ void reportSyntaxError(CodeEditor* editor);
 using ModuleFinder = std::function<bool(const QString& name)>;
 void setModuleFinder(ModuleFinder finder);
 
+/// Sees every exception that leaves a script, except SystemExit, KeyboardInterrupt and errors of syntax, before it is
+/// reported: the debugger shows where it came from. Called with the interpreter lock held and nothing pending;
+/// `traceback` may be null. An empty observer removes the last one.
+using ErrorObserver = std::function<void(PyObject* value, PyObject* traceback)>;
+void setErrorObserver(ErrorObserver observer);
+
 } // namespace python

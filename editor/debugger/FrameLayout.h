@@ -1,0 +1,28 @@
+#pragma once
+
+/// What the interpreter keeps to itself about running frames. Its own header for that is C only, so these accessors
+/// are compiled as C, apart from the rest. References are borrowed; all need the interpreter lock.
+
+#ifdef __cplusplus
+#include <boost/python/detail/wrap_python.hpp>
+extern "C" {
+#else
+#include <Python.h>
+#endif
+
+struct _PyInterpreterFrame;
+
+PyCodeObject* strativo_frameCode(const struct _PyInterpreterFrame* frame);
+
+/// Null while nothing has asked for a frame object.
+PyFrameObject* strativo_frameObject(const struct _PyInterpreterFrame* frame);
+
+/// The caller, when the same evaluation loop runs it; otherwise null.
+struct _PyInterpreterFrame* strativo_callerInLoop(const struct _PyInterpreterFrame* frame);
+
+/// As PyFrame_GetCode(), which would return a new reference.
+PyCodeObject* strativo_objectCode(const PyFrameObject* frame);
+
+#ifdef __cplusplus
+}
+#endif
