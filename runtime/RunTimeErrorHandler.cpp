@@ -246,8 +246,10 @@ RunEnd handleRunTimeError(CodeEditor* editor)
         PyGC_Collect();
         return zero ? RunEnd::ExitedZero : RunEnd::ExitedNonZero;
     }
-    if (errorObserver() && !exception.isA(PyExc_KeyboardInterrupt))
-        errorObserver()(exception.value(), exception.traceback());
+    // A copy: the observer may be replaced while it looks.
+    const ErrorObserver observer = errorObserver();
+    if (observer && !exception.isA(PyExc_KeyboardInterrupt))
+        observer(exception.value(), exception.traceback());
     if (exception.isA(PyExc_ModuleNotFoundError) && findModules) {
         reportMissingModule(exception, editor);
         return RunEnd::Raised;

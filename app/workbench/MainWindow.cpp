@@ -106,6 +106,22 @@ HVPythonTextEdit* MainWindow::activeEditor() const
     return document ? qobject_cast<HVPythonTextEdit*>(document->widget()) : nullptr;
 }
 
+QList<HVPythonTextEdit*> MainWindow::editors() const
+{
+    QList<HVPythonTextEdit*> all;
+    for (const QMdiSubWindow* document : m_workspace->subWindowList())
+        if (auto* editor = qobject_cast<HVPythonTextEdit*>(document->widget()))
+            all.append(editor);
+    return all;
+}
+
+void MainWindow::showEditor(HVPythonTextEdit& editor)
+{
+    for (QMdiSubWindow* document : m_workspace->subWindowList())
+        if (document->widget() == &editor)
+            m_workspace->setActiveSubWindow(document);
+}
+
 HVPythonTextEdit* MainWindow::addEditor()
 {
     auto* editor = new HVPythonTextEdit;
@@ -115,6 +131,7 @@ HVPythonTextEdit* MainWindow::addEditor()
             });
     addDocument(editor);
     editor->setFocus();
+    Q_EMIT editorAdded(editor);
     return editor;
 }
 
@@ -207,6 +224,9 @@ void MainWindow::closeEvent(QCloseEvent* event)
     // In an event loop of the script's own, which must end before its windows may go.
     if (m_runIndicator->isRunning()) {
         m_closeAfterRun = true;
+        // A paused script would wait for a command that no longer comes.
+        if (m_runIndicator->isPaused())
+            m_runIndicator->askToStop();
         event->ignore();
         return;
     }

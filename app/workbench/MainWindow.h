@@ -40,6 +40,9 @@ public:
     void destroyDocuments();
 
     HVPythonTextEdit* activeEditor() const;
+    QList<HVPythonTextEdit*> editors() const;
+    /// Brings the editor's document to the front.
+    void showEditor(HVPythonTextEdit& editor);
     HVPythonTextEdit* newScript();
     /// The editor that shows the file, which may be open already; null after a message when it cannot be read.
     HVPythonTextEdit* openScript(const QString& path);
@@ -49,6 +52,9 @@ public:
 
     /// Geometry, docks and tool bars as they were left, and a sensible size the first time.
     void restoreLayout();
+
+Q_SIGNALS:
+    void editorAdded(HVPythonTextEdit* editor);
 
 protected:
     void closeEvent(QCloseEvent* event) override;

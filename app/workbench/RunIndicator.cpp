@@ -44,8 +44,26 @@ void RunIndicator::askToStop()
 {
     if (!m_running)
         return;
+    if (m_paused) {
+        Q_EMIT stopAskedWhilePaused();
+        return;
+    }
     m_stopAsked = true;
     m_label->setText(tr("Stopping %1 ...").arg(m_script));
+}
+
+void RunIndicator::setPaused(const QString& place)
+{
+    m_paused = !place.isEmpty();
+    hideState();
+    if (!m_paused)
+        return;
+    m_shown = true;
+    m_window->statusBar()->clearMessage();
+    m_window->setWindowTitle(tr("%1 (paused)").arg(m_title));
+    m_label->setText(tr("Paused at %1. F5 goes on, F10 steps, Shift+F5 stops.").arg(place));
+    m_label->show();
+    m_messages->flush();
 }
 
 void RunIndicator::runStarted(const QString& fileName)
@@ -91,13 +109,17 @@ void RunIndicator::runFinished()
 {
     m_running = false;
     m_stop->setEnabled(false);
-    if (m_shown) {
-        m_shown = false;
-        m_label->hide();
-        m_window->unsetCursor();
-        m_window->setWindowTitle(m_title);
-    }
+    hideState();
     Q_EMIT runningChanged(false);
+}
+
+void RunIndicator::hideState()
+{
+    if (!std::exchange(m_shown, false))
+        return;
+    m_label->hide();
+    m_window->unsetCursor();
+    m_window->setWindowTitle(m_title);
 }
 
 } // namespace workbench

@@ -30,6 +30,10 @@ public:
     void setStopButton(QWidget* button);
 
     bool isRunning() const { return m_running; }
+    bool isPaused() const { return m_paused; }
+    /// The script waits in the debugger, at this place; empty when it goes on. Whoever makes it wait also makes it
+    /// stop, see stopAskedWhilePaused().
+    void setPaused(const QString& place);
     void askToStop();
 
     void runStarted(const QString& fileName) override;
@@ -38,9 +42,11 @@ public:
 
 Q_SIGNALS:
     void runningChanged(bool running);
+    void stopAskedWhilePaused();
 
 private:
     void showState();
+    void hideState();
 
     QMainWindow* m_window;
     HVMessageWindow* m_messages;
@@ -54,6 +60,7 @@ private:
     bool m_running = false;
     bool m_shown = false;
     bool m_stopAsked = false;
+    bool m_paused = false;
 };
 
 } // namespace workbench

@@ -2,9 +2,11 @@
 
 #include "app/ProgramSetup.h"
 #include "app/workbench/AppWrapper.h"
+#include "app/workbench/DebuggerDock.h"
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/PluginMenu.h"
 #include "app/workbench/RunIndicator.h"
+#include "app/workbench/ScriptName.h"
 #include "app/workbench/Theme.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/widgets/HVMessageWindow.h"
@@ -71,9 +73,7 @@ void execute(MainWindow& window, const HVPythonExecutionContext& context, HVPyth
         window.statusBar()->showMessage(MainWindow::tr("A script is running already."));
         return;
     }
-    const QString name =
-        editor.filename().isEmpty() ? QStringLiteral("<%1>").arg(MainWindow::tr("unsaved script")) : editor.filename();
-    const bool finished = context.executePythonCode(editor.plainText(), &editor, name);
+    const bool finished = context.executePythonCode(editor.plainText(), &editor, scriptName(editor));
     window.statusBar()->showMessage(finished ? MainWindow::tr("The script has finished.")
                                              : MainWindow::tr("The script has ended with an error; see the messages."));
 }
@@ -115,6 +115,7 @@ int run(int& argc, char** argv)
                                              });
         HVPythonPluginCollection plugins;
         PluginMenu pluginMenu(window, plugins);
+        const auto debugger = std::make_unique<DebuggerDock>(window);
         window.restoreLayout();
         window.show();
         HVPythonTextEdit* first = nullptr;

@@ -8,7 +8,8 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds g_attributeTime{1000};
+constexpr std::chrono::milliseconds g_attributeTime{250};   // for one, which may be a property
+constexpr std::chrono::milliseconds g_attributesTime{1000}; // for all of a value
 
 /// The name as it is shown; nothing for those that are left out.
 std::optional<QString> shownName(PyObject* name)
@@ -147,27 +148,27 @@ void VariableTreeModel::fetchAttributes(Item& item) const
     // A property may end the pause, and with it this model's hold on the value.
     PyObject* object = item.value;
     Py_INCREF(object);
-    PyObject* names = nullptr;
-    std::vector<std::pair<QString, PyObject*>> attributes;
-    {
-        const debugger::TimeLimit limit(g_attributeTime);
-        names = PyObject_Dir(object);
-        const Py_ssize_t count = names && PyList_Check(names) ? PyList_GET_SIZE(names) : 0;
-        for (Py_ssize_t i = 0; i < count && !limit.hasStruck(); ++i) {
-            const std::optional<QString> name = shownName(PyList_GET_ITEM(names, i));
-            PyObject* attribute = name ? PyObject_GetAttr(object, PyList_GET_ITEM(names, i)) : nullptr;
-            PyErr_Clear();
-            if (attribute && !isCode(attribute))
-                attributes.emplace_back(*name, attribute);
-            else
-                Py_XDECREF(attribute);
-        }
-    }
     debugger::ValueText text;
-    for (const auto& [name, attribute] : attributes) {
-        item.children.push_back(std::make_unique<Item>(attribute, name, text, &item, item.global));
-        item.children.back()->fetched = true; // one level only
-        Py_DECREF(attribute);
+    auto left = g_attributesTime;
+    const auto limited = [&left](const auto& look) {
+        const auto start = std::chrono::steady_clock::now();
+        const debugger::TimeLimit limit(std::min(left, g_attributeTime));
+        PyObject* result = look();
+        left -= std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
+        return result;
+    };
+    PyObject* names = limited([=] { return PyObject_Dir(object); });
+    const Py_ssize_t count = names && PyList_Check(names) ? PyList_GET_SIZE(names) : 0;
+    for (Py_ssize_t i = 0; i < count && left.count() > 0; ++i) {
+        PyErr_Clear();
+        PyObject* key = PyList_GET_ITEM(names, i);
+        const std::optional<QString> name = shownName(key);
+        PyObject* attribute = name ? limited([=] { return PyObject_GetAttr(object, key); }) : nullptr;
+        if (attribute && !isCode(attribute)) {
+            item.children.push_back(std::make_unique<Item>(attribute, *name, text, &item, item.global));
+            item.children.back()->fetched = true; // one level only
+        }
+        Py_XDECREF(attribute);
     }
     Py_XDECREF(names);
     Py_DECREF(object);

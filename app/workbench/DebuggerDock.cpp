@@ -1,0 +1,176 @@
+#include "app/workbench/DebuggerDock.h"
+
+#include "app/workbench/MainWindow.h"
+#include "app/workbench/RunIndicator.h"
+#include "app/workbench/ScriptName.h"
+#include "editor/HVPythonDebugger.h"
+#include "editor/HVPythonTextEdit.h"
+#include "host/services/HVIconStore.h"
+
+#include <QAction>
+#include <QFileInfo>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTextBlock>
+
+namespace workbench {
+
+namespace {
+
+// The editor's breakpoints are optional: an editor without a gutter is debugged by breakpoint() and by errors.
+
+template <typename Editor>
+void markStoppedLine(Editor& editor, int line)
+{
+    if constexpr (requires { editor.breakpointHit(line); })
+        editor.breakpointHit(line);
+}
+
+template <typename Editor>
+void toggleBreakpoint(Editor& editor)
+{
+    if constexpr (requires { editor.toggleBreakpoint(1); })
+        editor.toggleBreakpoint(editor.textCursor().blockNumber() + 1);
+}
+
+/// The script's name instead of the editor's file name, which is empty for an unsaved script.
+QString nameOf(const HVPythonTextEdit& editor, const QString& file)
+{
+    return file.isEmpty() ? scriptName(editor) : file;
+}
+
+template <typename Editor>
+void connectBreakpoints(Editor* editor, HVPythonDebugger* debugger)
+{
+    if constexpr (requires { &Editor::breakpointAdded; }) {
+        QObject::connect(editor, &Editor::breakpointAdded, debugger, [=](const QString& file, int line) {
+            debugger->addBreakpoint(nameOf(*editor, file), line);
+            // Whoever sets a breakpoint wants it to stop.
+            debugger->setDebuggingEnabled(true);
+        });
+        QObject::connect(editor, &Editor::breakpointRemoved, debugger, [=](const QString& file, int line) {
+            debugger->removeBreakpoint(nameOf(*editor, file), line);
+        });
+    }
+}
+
+QMenu* findMenu(const QMenuBar& bar, const QString& title)
+{
+    for (QAction* action : bar.actions())
+        if (action->menu() && action->text() == title)
+            return action->menu();
+    return nullptr;
+}
+
+} // namespace
+
+DebuggerDock::DebuggerDock(MainWindow& window)
+    : QDockWidget(tr("Debugger"), &window), m_window(window), m_debugger(new HVPythonDebugger(this))
+{
+    setObjectName(QStringLiteral("debuggerDock"));
+    setWidget(m_debugger);
+    window.addDockWidget(Qt::RightDockWidgetArea, this);
+    hide();
+
+    connect(m_debugger, &HVPythonDebugger::signalBreakpointHit, this, &DebuggerDock::showStoppedLine);
+    connect(m_debugger, &HVPythonDebugger::waitingChanged, this, &DebuggerDock::showWaiting);
+    connect(m_debugger, &HVPythonDebugger::placeChosen, this, &DebuggerDock::showPlace);
+    connect(&window, &MainWindow::editorAdded, this, &DebuggerDock::addEditor);
+    for (HVPythonTextEdit* editor : window.editors())
+        addEditor(editor);
+    connect(window.runIndicator(), &RunIndicator::stopAskedWhilePaused, m_debugger, &HVPythonDebugger::stop);
+    addCommands();
+}
+
+void DebuggerDock::addCommands()
+{
+    QAction* shown = toggleViewAction();
+    shown->setIcon(HVIconStore::icon(QStringLiteral("pythondebug24")));
+    shown->setShortcut(tr("Alt+2"));
+    shown->setToolTip(tr("Show or hide the debugger (Alt+2)"));
+    if (QMenu* view = findMenu(*m_window.menuBar(), tr("View")))
+        view->insertAction(view->actions().value(1), shown);
+    QMenu* tools = findMenu(*m_window.menuBar(), tr("Tools"));
+    if (!tools)
+        return;
+
+    const auto add = [&](const QString& text, const QString& keys, const QString& tip, auto handler) {
+        QAction* action = tools->addAction(text, this, [this, handler] {
+            if (HVPythonTextEdit* editor = m_window.activeEditor())
+                handler(*editor);
+        });
+        action->setShortcut(keys);
+        action->setToolTip(QStringLiteral("%1 (%2)").arg(tip, keys));
+        action->setStatusTip(tip);
+        return action;
+    };
+    tools->addSeparator();
+    QAction* debug = add(tr("Debug Script"), tr("Ctrl+F5"), tr("Run the script with the debugger enabled"),
+                         [this](HVPythonTextEdit& editor) {
+                             m_debugger->setDebuggingEnabled(true);
+                             editor.execute();
+                         });
+    debug->setIcon(HVIconStore::icon(QStringLiteral("pythondebug24")));
+    connect(m_window.runIndicator(), &RunIndicator::runningChanged, debug, &QAction::setDisabled);
+    add(tr("Toggle Breakpoint"), tr("F9"), tr("Set or remove a breakpoint at the cursor's line"),
+        [](HVPythonTextEdit& editor) { toggleBreakpoint(editor); });
+    tools->addActions(m_debugger->commands().mid(0, 4));
+    QAction* runTo = add(tr("Run to Cursor"), tr("Ctrl+F10"), tr("Let the script go on to the cursor's line"),
+                         [this](HVPythonTextEdit& editor) {
+                             m_debugger->runTo(scriptName(editor), editor.textCursor().blockNumber() + 1);
+                         });
+    runTo->setEnabled(false);
+    connect(m_debugger, &HVPythonDebugger::waitingChanged, runTo, &QAction::setEnabled);
+}
+
+void DebuggerDock::addEditor(HVPythonTextEdit* editor)
+{
+    connectBreakpoints(editor, m_debugger);
+}
+
+HVPythonTextEdit* DebuggerDock::editorOf(const QString& file)
+{
+    for (HVPythonTextEdit* editor : m_window.editors())
+        if (showsScript(*editor, file))
+            return editor;
+    return QFileInfo(file).isFile() ? m_window.openScript(file) : nullptr;
+}
+
+void DebuggerDock::showStoppedLine(int line)
+{
+    if (m_stoppedEditor)
+        markStoppedLine(*m_stoppedEditor, -1);
+    m_stoppedEditor = line == -1 ? nullptr : editorOf(m_debugger->pausedFile());
+    if (!m_stoppedEditor)
+        return;
+    m_window.showEditor(*m_stoppedEditor);
+    markStoppedLine(*m_stoppedEditor, line);
+}
+
+void DebuggerDock::showWaiting(bool waiting)
+{
+    QString place;
+    if (waiting) {
+        show();
+        raise();
+        place = tr("line %1 of %2")
+                    .arg(QString::number(m_debugger->pausedLine()), QFileInfo(m_debugger->pausedFile()).fileName());
+    }
+    m_window.runIndicator()->setPaused(place);
+}
+
+void DebuggerDock::showPlace(const QString& file, int line)
+{
+    HVPythonTextEdit* editor = editorOf(file);
+    if (!editor)
+        return;
+    m_window.showEditor(*editor);
+    const QTextBlock block = editor->document()->findBlockByNumber(line - 1);
+    if (block.isValid())
+        editor->setTextCursor(QTextCursor(block));
+    editor->centerCursor();
+}
+
+} // namespace workbench

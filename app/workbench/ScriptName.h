@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+class HVPythonTextEdit;
+
+namespace workbench {
+
+/// The name under which the editor's script is run: its file, or for one without a file a name in angle brackets that
+/// no other editor has. Breakpoints and errors are found by it.
+QString scriptName(const HVPythonTextEdit& editor);
+
+/// Whether code that runs under this name is the editor's.
+bool showsScript(const HVPythonTextEdit& editor, const QString& name);
+
+} // namespace workbench
