@@ -35,24 +35,19 @@ void toggleBreakpoint(Editor& editor)
         editor.toggleBreakpoint(editor.textCursor().blockNumber() + 1);
 }
 
-/// The script's name instead of the editor's file name, which is empty for an unsaved script.
-QString nameOf(const HVPythonTextEdit& editor, const QString& file)
-{
-    return file.isEmpty() ? scriptName(editor) : file;
-}
-
 template <typename Editor>
 void connectBreakpoints(Editor* editor, HVPythonDebugger* debugger)
 {
     if constexpr (requires { &Editor::breakpointAdded; }) {
+        // An unsaved script has no file name, but runs under one of its own.
+        const auto nameOf = [editor](const QString& file) { return file.isEmpty() ? scriptName(*editor) : file; };
         QObject::connect(editor, &Editor::breakpointAdded, debugger, [=](const QString& file, int line) {
-            debugger->addBreakpoint(nameOf(*editor, file), line);
+            debugger->addBreakpoint(nameOf(file), line);
             // Whoever sets a breakpoint wants it to stop.
             debugger->setDebuggingEnabled(true);
         });
-        QObject::connect(editor, &Editor::breakpointRemoved, debugger, [=](const QString& file, int line) {
-            debugger->removeBreakpoint(nameOf(*editor, file), line);
-        });
+        QObject::connect(editor, &Editor::breakpointRemoved, debugger,
+                         [=](const QString& file, int line) { debugger->removeBreakpoint(nameOf(file), line); });
     }
 }
 

@@ -51,6 +51,22 @@ TEST_F(EngineTest, FramesWithoutBreakpointsAreNotTraced)
     EXPECT_LT(events, 50);
 }
 
+TEST_F(EngineTest, CallsThatTheInterpreterInlinesStop)
+{
+    // After some rounds the interpreter calls such a method without asking the evaluation hook.
+    const char* script = "class Row:\n"
+                         "    def __getitem__(self, i):\n"
+                         "        return i\n"
+                         "def total(row):\n"
+                         "    n = 0\n"
+                         "    for i in range(200):\n"
+                         "        n += row[i]\n"
+                         "    return n\n"
+                         "total(Row())\n";
+    stopsOf(script, {3});
+    EXPECT_EQ(std::count(stops.begin(), stops.end(), ' '), 200);
+}
+
 TEST_F(EngineTest, KnowsTheFileUnderAnotherName)
 {
     const QTemporaryDir folder;
