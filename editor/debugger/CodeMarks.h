@@ -4,6 +4,9 @@
 
 #include <boost/python/detail/wrap_python.hpp>
 
+#include <optional>
+#include <vector>
+
 namespace debugger {
 
 /// What the debugger remembers about one code object, found once per change of the breakpoints and kept in the code

@@ -5,6 +5,8 @@
 #include "editor/debugger/Stepper.h"
 #include "editor/debugger/Tracing.h"
 
+#include <memory>
+
 namespace debugger {
 
 /// Why and where a script has stopped.

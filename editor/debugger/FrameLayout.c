@@ -18,6 +18,14 @@ struct _PyInterpreterFrame* strativo_callerInLoop(const struct _PyInterpreterFra
     return frame->is_entry ? NULL : frame->previous;
 }
 
+void strativo_forbidInlining(const struct _PyInterpreterFrame* frame)
+{
+    static uint32_t nextVersion = 0x80000000U;
+    PyFunctionObject* function = frame->f_func;
+    if (function && function->func_version <= UINT16_MAX)
+        function->func_version = nextVersion++;
+}
+
 PyCodeObject* strativo_objectCode(const PyFrameObject* frame)
 {
     return frame->f_frame->f_code;

@@ -20,6 +20,10 @@ PyFrameObject* strativo_frameObject(const struct _PyInterpreterFrame* frame);
 /// The caller, when the same evaluation loop runs it; otherwise null.
 struct _PyInterpreterFrame* strativo_callerInLoop(const struct _PyInterpreterFrame* frame);
 
+/// Keeps the interpreter from inlining calls of the frame's function where it subscripts (`__getitem__`), which it does
+/// past the evaluation hook: caches for that hold versions of functions in 16 bits, so a higher one is never cached.
+void strativo_forbidInlining(const struct _PyInterpreterFrame* frame);
+
 /// As PyFrame_GetCode(), which would return a new reference.
 PyCodeObject* strativo_objectCode(const PyFrameObject* frame);
 

@@ -2,6 +2,9 @@
 
 #include "editor/debugger/CodeMarks.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace debugger {
 
 /// How a paused script goes on.

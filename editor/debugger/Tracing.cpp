@@ -115,8 +115,10 @@ PyObject* Tracing::evaluateWatched(PyThreadState* thread, _PyInterpreterFrame* f
     // on without the hook, and traced throughout so that no breakpoint is missed.
     const bool deep = reinterpret_cast<const char*>(&before) < m_stackFloor;
     const bool wanted = deep || m_watcher.wantsLines(frame);
-    if (wanted)
+    if (wanted) {
         install(thread);
+        strativo_forbidInlining(frame);
+    }
     thread->cframe->use_tracing = wanted ? g_traced : g_untraced;
     if (deep)
         hookEvaluation(_PyEval_EvalFrameDefault);

@@ -4,6 +4,9 @@
 
 #include <QAbstractItemModel>
 
+#include <memory>
+#include <vector>
+
 namespace debugger {
 class ValueText;
 }
