@@ -193,7 +193,7 @@ bool HVPythonPlugin::executeAndRegister(const QString& startupPath, const QStrin
 bool HVPythonPlugin::callRegister()
 {
     QString error;
-    const bp::handle<> hook(bp::allow_null(python::findHook(pythonModule(), "register", error)));
+    const bp::handle<> hook(bp::allow_null(python::findHook(pythonModule(), python::g_registerHook, error)));
     if (!hook) {
         setErrorMessage(error);
         return false;
@@ -245,7 +245,7 @@ bool HVPythonPlugin::callUnregister()
         if (!searchPath.isAdded())
             python::printPendingError();
         QString error;
-        const bp::handle<> hook(bp::allow_null(python::findHook(pythonModule(), "unregister", error)));
+        const bp::handle<> hook(bp::allow_null(python::findHook(pythonModule(), python::g_unregisterHook, error)));
         if (!hook) {
             setErrorMessage(error);
             return false;

@@ -58,17 +58,17 @@ HookResult callHook(PyObject* hook)
     return answer;
 }
 
-PyObject* findHook(PyObject* module, const char* name, QString& error)
+PyObject* findHook(PyObject* module, const HookName& hookName, QString& error)
 {
-    PyObject* hook = PyObject_GetAttrString(module, name);
+    PyObject* hook = PyObject_GetAttrString(module, hookName.name);
     PyErr_Clear();
     if (!hook) {
-        error = QStringLiteral("'%1' function not found").arg(QLatin1String(name));
+        error = QLatin1String(hookName.notFound);
         return nullptr;
     }
     if (PyCallable_Check(hook))
         return hook;
-    error = QStringLiteral("'%1' must be a function").arg(QLatin1String(name));
+    error = QLatin1String(hookName.notCallable);
     Py_DECREF(hook);
     return nullptr;
 }

@@ -50,7 +50,18 @@ enum class HookResult
 /// Calls the function `hook` of the module; only exactly True and False count as answers.
 HookResult callHook(PyObject* hook);
 
-/// The module's callable attribute `name` as a new reference; null, nothing pending and a text in `error` else.
-PyObject* findHook(PyObject* module, const char* name, QString& error);
+/// A function that the module of a plug-in has to have, and what is said when it has not.
+struct HookName
+{
+    const char* name;
+    const char* notFound;
+    const char* notCallable;
+};
+inline constexpr HookName g_registerHook{"register", "'register' function not found", "'register' must be a function"};
+inline constexpr HookName g_unregisterHook{"unregister", "'unregister' function not found",
+                                           "'unregister' must be a function"};
+
+/// The module's callable attribute as a new reference; null, nothing pending and a text in `error` else.
+PyObject* findHook(PyObject* module, const HookName& hookName, QString& error);
 
 } // namespace python

@@ -50,7 +50,7 @@ QToolBar* findToolBar(const QMainWindow& window, const QString& name)
 
 bp::object addMainWindowMenu(const bp::object& title)
 {
-    requirePlugin("addMainWindowMenu()");
+    requirePlugin("addMainWindowMenu() can only be executed from the context of a plugin");
     const QString text = requireStr(title, "addMainWindowMenu(), expected 'str' but got '%s' instead");
     QMenu* menu = findMenu(text, g_queryRefused);
     QMenuBar* bar = menuBar();
@@ -75,7 +75,7 @@ bp::object getMainWindowMenu(const bp::object& title)
 
 bool removeMainWindowMenu(const bp::object& title)
 {
-    requirePlugin("removeMainWindowMenu()");
+    requirePlugin("removeMainWindowMenu() can only be executed from the context of a plugin");
     const QString text = requireStr(title, "removeMainWindowMenu(), expected 'str' but got '%s' instead");
     QMenu* menu = findMenu(text, g_removalRefused);
     if (!menu)
@@ -88,7 +88,7 @@ bool removeMainWindowMenu(const bp::object& title)
 
 bp::object addMainWindowToolBar(const bp::object& name)
 {
-    requirePlugin("addMainWindowToolBar()");
+    requirePlugin("addMainWindowToolBar() can only be executed from the context of a plugin");
     const QString text = requireStr(name, "addMainWindowToolBar(), expected 'str' but got '%s' instead");
     QMainWindow* window = applicationWindow();
     if (!window)
@@ -103,7 +103,7 @@ bp::object addMainWindowToolBar(const bp::object& name)
 
 bool removeMainWindowToolBar(const bp::object& name)
 {
-    requirePlugin("removeMainWindowToolBar()");
+    requirePlugin("removeMainWindowToolBar() can only be executed from the context of a plugin");
     const QString text = requireStr(name, "removeMainWindowToolBar(), expected 'str' but got '%s' instead");
     QMainWindow* window = applicationWindow();
     QToolBar* bar = window ? findToolBar(*window, text) : nullptr;
@@ -119,6 +119,8 @@ bool removeMainWindowToolBar(const bp::object& name)
 
 bp::object addSubWindow(const bp::object& widget)
 {
+    if (widget.is_none())
+        raise(PyExc_TypeError, "addSubWindow(), expected type 'Widget' but got 'NoneType' instead");
     const bp::extract<const WidgetHandle&> handle(widget);
     if (!handle.check())
         raise(PyExc_TypeError, "addSubWindow(), expected type 'Widget' but got '%s' instead", typeName(widget));

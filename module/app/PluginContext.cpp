@@ -20,10 +20,10 @@ QString callingPluginFolder()
     return isStr(directory.ptr()) ? requireStr(directory, "") : QString();
 }
 
-void requirePlugin(const char* function)
+void requirePlugin(const char* refusal)
 {
     if (callingPluginDirectory().is_none())
-        raise(PyExc_RuntimeError, "%s can only be executed from the context of a plugin", function);
+        raise(PyExc_RuntimeError, "%s", refusal);
 }
 
 } // namespace python

@@ -14,7 +14,7 @@ boost::python::object callingPluginDirectory();
 /// The folder's absolute path, empty outside a plug-in.
 QString callingPluginFolder();
 
-/// RuntimeError "<function> can only be executed from the context of a plugin" outside one.
-void requirePlugin(const char* function);
+/// RuntimeError with the text `refusal` outside one.
+void requirePlugin(const char* refusal);
 
 } // namespace python
