@@ -13,7 +13,7 @@ BDB_FACTOR = 10.0
 program = Path(sys.executable).parent.parent / "debugger_cost"
 output = subprocess.run([program], env=dict(os.environ, QT_QPA_PLATFORM="offscreen"), check=True,
                         stdout=subprocess.PIPE, text=True).stdout
-harness.report("Debugger", output.rstrip().split("\n")[1:] + [
+harness.report("Debugger", output.rstrip().split("\n") + [
     "", "The limits are 1.1 and 1.5 without a breakpoint in the running function, 4.5 with one, and a tenth of bdb."])
 rows = {name: (float(loop), float(calls)) for name, loop, calls in
         re.findall(r"^\| (.+?) \| ([\d.]+) \| ([\d.]+) \|$", output, re.M)}
