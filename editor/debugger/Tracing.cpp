@@ -113,7 +113,7 @@ PyObject* Tracing::evaluateWatched(PyThreadState* thread, _PyInterpreterFrame* f
     const unsigned epoch = m_watcher.epoch();
     // A hooked call takes room on the C stack, an ordinary one does not: a script that recurses deeply, as it may, goes
     // on without the hook, and traced throughout so that no breakpoint is missed.
-    const bool deep = reinterpret_cast<const char*>(&before) < m_stackFloor;
+    const bool deep = static_cast<const char*>(__builtin_frame_address(0)) < m_stackFloor;
     const bool wanted = deep || m_watcher.wantsLines(frame);
     if (wanted) {
         install(thread);
