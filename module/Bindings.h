@@ -17,6 +17,9 @@ void bindMat4();
 void bindRect2D();
 void bindRect3D();
 
+void bindColor();
+void bindPenStyle();
+void bindPen();
 void bindObject();
 void bindWidget();
 void bindIcon();
@@ -29,6 +32,8 @@ void bindMainWindow();
 
 void bindNoValue();
 void bindScanOrientation();
+void bindInterpolationMethod();
+void bindSmoothingMethod();
 void bindScaleType();
 void bindUnit();
 void bindDomain();
@@ -37,6 +42,11 @@ void bindImageBase();
 void bindImage2d();
 void bindImage3d();
 void bindBlockSpace();
+void bindColorSpace();
+void bindColorBarType();
+void bindColorBar();
+void bindContouringMode();
+void bindContouring();
 
 void bindApplicationInterface();
 

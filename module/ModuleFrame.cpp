@@ -1,6 +1,7 @@
 #include "module/ModuleFrame.h"
 
 #include "module/Bindings.h"
+#include "runtime/EnumerationLookup.h"
 #include "runtime/NumberArguments.h"
 #include "runtime/TextConversion.h"
 #include "runtime/VariantConversion.h"
@@ -32,6 +33,9 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindRect2D();
     python::bindRect3D();
 
+    python::bindColor();
+    python::bindPenStyle();
+    python::bindPen();
     python::bindObject();
     python::bindWidget();
     python::bindIcon();
@@ -44,6 +48,8 @@ BOOST_PYTHON_MODULE(strativo_python)
 
     python::bindNoValue();
     python::bindScanOrientation();
+    python::bindInterpolationMethod();
+    python::bindSmoothingMethod();
     python::bindScaleType();
     python::bindUnit();
     python::bindDomain();
@@ -52,9 +58,16 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindImage2d();
     python::bindImage3d();
     python::bindBlockSpace();
+    python::bindColorSpace();
+    python::bindColorBarType();
+    python::bindColorBar();
+    python::bindContouringMode();
+    python::bindContouring();
 
     python::bindApplicationInterface();
 
     python::bindUtils();
     python::bindSegy();
+
+    python::nameCalledEnumerations(bp::scope().ptr());
 }

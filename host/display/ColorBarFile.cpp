@@ -17,8 +17,9 @@ constexpr qint64 g_largestFile = 32 << 20;
 std::optional<ColorBar> readColorBar(const QString& filename, const QString& name, QString& error)
 {
     QFile file(filename);
-    if (QFileInfo(filename).isDir()) {
-        error = QStringLiteral("it is a directory");
+    const QFileInfo source(filename);
+    if (source.exists() && !source.isFile()) {
+        error = QStringLiteral("it is not an ordinary file");
         return std::nullopt;
     }
     if (!file.open(QIODevice::ReadOnly)) {
@@ -38,13 +39,19 @@ std::optional<ColorBar> readColorBar(const QString& filename, const QString& nam
     const bool isJson = start.startsWith('[') || start.startsWith('{');
     std::optional<ColorBar> bar = isJson ? readColorMap(content, name, error) : readPaletteTable(content, error);
     if (bar && bar->name().isEmpty())
-        bar->setName(QFileInfo(filename).completeBaseName());
+        bar->setName(source.completeBaseName());
     return bar;
 }
 
 bool writeColorBar(const ColorBar& bar, const QString& filename, QString& error)
 {
-    const bool isPaletteTable = QFileInfo(filename).suffix().compare(QLatin1String("cpt"), Qt::CaseInsensitive) == 0;
+    // Renaming the finished file over a device or a pipe would replace it.
+    const QFileInfo target(filename);
+    if (target.exists() && !target.isFile()) {
+        error = QStringLiteral("it is not an ordinary file");
+        return false;
+    }
+    const bool isPaletteTable = target.suffix().compare(QLatin1String("cpt"), Qt::CaseInsensitive) == 0;
     const QByteArray content = isPaletteTable ? writePaletteTable(bar) : writeColorMap(bar);
     QSaveFile file(filename);
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit()) {

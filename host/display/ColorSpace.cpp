@@ -20,14 +20,15 @@ Triple linear(const Triple& a, const Triple& b, double t)
     return {linear(a[0], b[0], t), linear(a[1], b[1], t), linear(a[2], b[2], t)};
 }
 
+/// Halves go up, also those that lost their last bits on the way through a file.
 int toByte(double component)
 {
-    return static_cast<int>(std::lround(std::clamp(component, 0.0, 1.0) * 255));
+    return static_cast<int>(std::clamp(component, 0.0, 1.0) * 255 + 0.5 + 1e-9);
 }
 
 int mixedAlpha(QRgb first, QRgb second, double t)
 {
-    return static_cast<int>(std::lround(linear(qAlpha(first), qAlpha(second), t)));
+    return toByte(linear(qAlpha(first), qAlpha(second), t) / 255);
 }
 
 // sRGB as of IEC 61966-2-1, white point D65; L*a*b* as of CIE 15.

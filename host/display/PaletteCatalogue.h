@@ -14,7 +14,7 @@ enum class PaletteKind : int
 {
     /// From low to high.
     Sequential,
-    /// Two sides of a centre, alike in lightness at equal distances from it.
+    /// Two sides of a neutral centre, which is lighter (or darker) than both.
     Diverging,
     /// Angles: both ends have the same colour.
     Cyclic,

@@ -41,7 +41,7 @@ const std::vector<PaletteRecipe>& paletteRecipes()
         {"GRADIENT", Sequential, {{0, 0xf7f4ff}, {50, 0x8c6bb1}, {100, 0x2a0040}}},
         {"VELOCITY", Sequential,
          {{0, 0x0000b0}, {25, 0x00a8ff}, {45, 0x30e0a0}, {65, 0xf8f840}, {85, 0xff8000}, {100, 0xb00000}}},
-        {"DENSITY", Sequential, {{0, 0xfffbd8}, {35, 0xd8c060}, {65, 0x6f8a48}, {100, 0x16302f}}},
+        {"DENSITY", Sequential, {{0, 0xfffbc8}, {35, 0xd8c050}, {65, 0x5f8a48}, {100, 0x16302f}}},
         {"AZIMUTH", Cyclic,
          {{0, 0xff0000}, {100 / 6.0, 0xffff00}, {200 / 6.0, 0x00ff00}, {50, 0x00ffff}, {400 / 6.0, 0x0000ff},
           {500 / 6.0, 0xff00ff}, {100, 0xff0000}}},

@@ -130,6 +130,8 @@ public:
             ++m_line;
             readLine(line.trimmed());
         }
+        // From here on an error concerns the whole file.
+        m_line = 0;
         if (m_slices.isEmpty() && m_categories.isEmpty())
             throw TableError{QStringLiteral("it holds no colours")};
         if (!m_categories.isEmpty())
@@ -264,7 +266,6 @@ private:
     /// Categories are equal bands; those with equally spaced numbers lie in the middle of theirs.
     void fillBands()
     {
-        m_line = 0;
         if (!m_bar.setBands(m_categories))
             throw TableError{QStringLiteral("it holds more than %1 categories").arg(ColorBar::Count)};
         const int count = m_keys.size();
@@ -281,7 +282,6 @@ private:
 
     void fillSlices()
     {
-        m_line = 0;
         if (m_slices.first().low > m_slices.first().high) {
             std::reverse(m_slices.begin(), m_slices.end());
             for (Slice& slice : m_slices) {
@@ -315,7 +315,8 @@ private:
         };
         add(low, slice.lowColor.rgb);
         if (m_isMixedInHsv && slice.lowColor.hsv && slice.highColor.hsv) {
-            constexpr int steps = 64;
+            // A multiple of 6, so that a whole turn of the hue passes the pure colours.
+            constexpr int steps = 252;
             for (int i = 1; i < steps; ++i) {
                 const double t = i / static_cast<double>(steps);
                 std::array<double, 3> hsv;
@@ -347,7 +348,7 @@ private:
     QVector<Slice> m_slices;
     QVector<QRgb> m_categories;
     QStringList m_keys;
-    /// 1-based; 0 once an error concerns the whole file.
+    /// 1-based; 0 when an error concerns the whole file.
     int m_line = 0;
 };
 

@@ -915,6 +915,25 @@ class ScanOrientation(int):
     Crossline: ScanOrientation  # 1
     Timeslice: ScanOrientation  # 2
 
+class InterpolationMethod(int):
+    """How values between the samples are made."""
+    names: dict[str, InterpolationMethod]
+    values: dict[int, InterpolationMethod]
+    name: str
+    NoInterpolation: InterpolationMethod  # 0
+    Bilinear: InterpolationMethod  # 1
+    Bicubic: InterpolationMethod  # 2
+
+class SmoothingMethod(int):
+    """How data are smoothed. There is no value 3."""
+    names: dict[str, SmoothingMethod]
+    values: dict[int, SmoothingMethod]
+    name: str
+    NoSmoothing: SmoothingMethod  # 0
+    Median: SmoothingMethod  # 1
+    Gaussian: SmoothingMethod  # 2
+    StructureOriented: SmoothingMethod  # 4
+
 class ScaleType(int):
     """The coordinates that the scales of a viewer show."""
     names: dict[str, ScaleType]
