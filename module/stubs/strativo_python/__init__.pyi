@@ -737,6 +737,83 @@ class Rect3D:
     def center(self) -> vec3:
         """The middle of the box."""
 
+class Color:
+    """A colour; alpha 255 is opaque."""
+    def __init__(self, red: int = 0, green: int = 0, blue: int = 0, alpha: int = 255) -> None:
+        """Raises ValueError for a component outside 0 to 255."""
+    @property
+    def red(self) -> int:
+        """Red, 0 to 255."""
+    @red.setter
+    def red(self, value: int) -> None: ...
+    @property
+    def redF(self) -> float:
+        """Red, 0 to 1."""
+    @redF.setter
+    def redF(self, value: float) -> None: ...
+    @property
+    def blue(self) -> int:
+        """Blue, 0 to 255."""
+    @blue.setter
+    def blue(self, value: int) -> None: ...
+    @property
+    def blueF(self) -> float:
+        """Blue, 0 to 1."""
+    @blueF.setter
+    def blueF(self, value: float) -> None: ...
+    @property
+    def green(self) -> int:
+        """Green, 0 to 255."""
+    @green.setter
+    def green(self, value: int) -> None: ...
+    @property
+    def greenF(self) -> float:
+        """Green, 0 to 1."""
+    @greenF.setter
+    def greenF(self, value: float) -> None: ...
+    @property
+    def alpha(self) -> int:
+        """Opacity, 0 (clear) to 255 (opaque)."""
+    @alpha.setter
+    def alpha(self, value: int) -> None: ...
+    @property
+    def alphaF(self) -> float:
+        """Opacity, 0 (clear) to 1 (opaque)."""
+    @alphaF.setter
+    def alphaF(self, value: float) -> None: ...
+
+class PenStyle(int):
+    """How lines are drawn."""
+    names: dict[str, PenStyle]
+    values: dict[int, PenStyle]
+    name: str
+    NoPen: PenStyle  # 0
+    SolidLine: PenStyle  # 1
+    DashLine: PenStyle  # 2
+    DotLine: PenStyle  # 3
+    DashDotLine: PenStyle  # 4
+    DashDotDotLine: PenStyle  # 5
+
+class Pen:
+    """A line style."""
+    def __init__(self) -> None:
+        """A solid black line of one pixel."""
+    @property
+    def style(self) -> PenStyle:
+        """How the line is drawn."""
+    @style.setter
+    def style(self, value: PenStyle) -> None: ...
+    @property
+    def color(self) -> Color:
+        """The line's colour. Reading gives a copy; assign it to change the pen."""
+    @color.setter
+    def color(self, value: Color) -> None: ...
+    @property
+    def width(self) -> float:
+        """Width in pixels; 0 is the thinnest line that the display has."""
+    @width.setter
+    def width(self, value: float) -> None: ...
+
 class _QObject:
     """What menus, commands and windows have in common."""
     @property
@@ -1255,6 +1332,245 @@ class BlockSpace:
     @property
     def verticalResolution(self) -> float:
         """Step of the vertical samples from cell to cell (block z), in the survey's unit. Read-only."""
+
+class ColorSpace(int):
+    """The way from one colour to another: RGB straight in red, green and blue; HSV by hue, the shorter way round the
+    circle; Lab in steps that look equal (CIE L*a*b*); Diverging through white when the hues differ; Step without a
+    transition.
+    """
+    names: dict[str, ColorSpace]
+    values: dict[int, ColorSpace]
+    name: str
+    RGB: ColorSpace  # 0
+    HSV: ColorSpace  # 1
+    Lab: ColorSpace  # 2
+    Diverging: ColorSpace  # 3
+    Step: ColorSpace  # 4
+
+class ColorBarType(int):
+    """The predefined palettes. Green and GreenYellowRed are the same value."""
+    names: dict[str, ColorBarType]
+    values: dict[int, ColorBarType]
+    name: str
+    GreyScale: ColorBarType  # 0
+    RedWhiteBlack: ColorBarType  # 1
+    RedWhiteBlack_2: ColorBarType  # 2
+    RedWhiteBlue: ColorBarType  # 3
+    Seismic: ColorBarType  # 4
+    Seismic_2: ColorBarType  # 5
+    Seismic_3: ColorBarType  # 6
+    Rainbow: ColorBarType  # 8
+    GeoModel: ColorBarType  # 9
+    Red: ColorBarType  # 10
+    Green: ColorBarType  # 11
+    GreenYellowRed: ColorBarType  # 11
+    Blue: ColorBarType  # 12
+    Horizon: ColorBarType  # 13
+    Thinning: ColorBarType  # 14
+    AI: ColorBarType  # 15
+    Curvature: ColorBarType  # 16
+    Envelope: ColorBarType  # 17
+    Energy: ColorBarType  # 18
+    Gradient: ColorBarType  # 19
+    Velocity: ColorBarType  # 20
+    Density: ColorBarType  # 21
+    Azimuth: ColorBarType  # 22
+    Porosity: ColorBarType  # 23
+    Sand: ColorBarType  # 24
+    Shale: ColorBarType  # 25
+    Dip: ColorBarType  # 26
+    Throw: ColorBarType  # 27
+    Phase: ColorBarType  # 28
+    Frequency: ColorBarType  # 29
+    GreyBlue: ColorBarType  # 30
+    Cyan: ColorBarType  # 31
+    Magenta: ColorBarType  # 32
+    Yellow: ColorBarType  # 33
+    BlueWhiteRed: ColorBarType  # 34
+    DipBrown: ColorBarType  # 35
+    GeoModelRainbow: ColorBarType  # 36
+    GeoModelCold: ColorBarType  # 37
+    GeoModelDark: ColorBarType  # 38
+    GeoModelWarm: ColorBarType  # 39
+    SandProbability: ColorBarType  # 40
+    AvoContrast: ColorBarType  # 41
+    BluePurpleYellow: ColorBarType  # 43
+    CoarseExtraction: ColorBarType  # 45
+    Surface: ColorBarType  # 46
+    DipAzimuth: ColorBarType  # 47
+    Elevation: ColorBarType  # 48
+    ReflectionStrength: ColorBarType  # 49
+    Rotary: ColorBarType  # 50
+    Spectrum: ColorBarType  # 51
+    Structural: ColorBarType  # 52
+    Tropic: ColorBarType  # 53
+    Variance: ColorBarType  # 54
+    Velocity2: ColorBarType  # 55
+    WhiteBlueGreen: ColorBarType  # 56
+    Channels: ColorBarType  # 57
+    Colors256: ColorBarType  # 58
+
+class ColorBar:
+    """Maps values to colours by 256 entries that span the values from minimum to maximum. A colour is a tuple of red,
+    green, blue and alpha, each 0 to 255; where one is expected, alpha may be left out (255). Entries are counted
+    from 0.
+    """
+    def __init__(self) -> None:
+        """A grey scale from black to white over [0, 1]."""
+    @staticmethod
+    def fromFile(filename: str, name: str = '') -> ColorBar:
+        """Reads a ParaView colour map (.json) or a GMT colour palette table (.cpt). name picks one of several colour
+        maps in a file.
+
+        Raises FileNotFoundError, or IOError that tells what is wrong and in which line.
+        """
+    @overload
+    @staticmethod
+    def named(palette: str) -> ColorBar:
+        """A copy of a predefined palette by its identifier ('SEISMIC', see paletteNames()).
+
+        Raises ValueError when there is no such palette.
+        """
+    @overload
+    @staticmethod
+    def named(palette: ColorBarType) -> ColorBar:
+        """By its type. The number 11 gives 'GREEN'; ColorBarType.AI gives 'VELOCITY'.
+
+        Raises ValueError for a number without a palette.
+        """
+    @staticmethod
+    def paletteNames() -> list[str]:
+        """The identifiers of the predefined palettes, in the catalogue's order."""
+    def __len__(self) -> int:
+        """256."""
+    def __getitem__(self, index: int) -> tuple[int, int, int, int]:
+        """The colour of one entry. Raises IndexError outside [0, 256)."""
+    def __setitem__(self, index: int, color: Sequence[int]) -> None:
+        """Sets the colour of one entry. Raises IndexError outside [0, 256)."""
+    def setRange(self, minimum: float, maximum: float) -> None:
+        """Sets the values that the first and the last entry stand for. Raises ValueError unless minimum < maximum."""
+    def colorOf(self, value: float) -> tuple[int, int, int, int]:
+        """The colour of a data value: not-a-number and NO_VALUE give noValueColor, values outside the range belowColor
+        and aboveColor.
+        """
+    @overload
+    def interpolate(self, first: int, last: int, space: ColorSpace = ColorSpace.RGB) -> None:
+        """Replaces the entries between two others by the way from the one to the other, straight in the given colour
+        space.
+
+        Raises ValueError unless 0 <= first < last < 256.
+        """
+    @overload
+    def interpolate(self) -> None:
+        """Between the two entries of bounds, in RGB."""
+    @overload
+    def stretch(self, first: int, last: int) -> None:
+        """Spreads the entries first to last over the whole bar. Every new entry is one of the old ones, nothing is
+        blended.
+
+        Raises ValueError unless 0 <= first < last < 256.
+        """
+    @overload
+    def stretch(self) -> None:
+        """The entries between the two of bounds."""
+    def save(self, filename: str) -> None:
+        """Writes a new file: a GMT colour palette table when the suffix is .cpt, otherwise a ParaView colour map
+        (JSON). The name becomes the file's base name, with a RuntimeWarning when it was another.
+
+        Raises FileExistsError when there is a file already, IOError when it can not be written.
+        """
+    @property
+    def name(self) -> str:
+        """The name; the base name of the file that the bar was read from or saved to."""
+    @name.setter
+    def name(self, value: str) -> None: ...
+    @property
+    def colors(self) -> list[tuple[int, int, int, int]]:
+        """A copy of the 256 entries. Fewer may be assigned: each then fills an equal part of the bar."""
+    @colors.setter
+    def colors(self, value: list[tuple[int, int, int, int]]) -> None: ...
+    @property
+    def minimum(self) -> float:
+        """The value that the first entry stands for. Read-only."""
+    @property
+    def maximum(self) -> float:
+        """The value that the last entry stands for. Read-only."""
+    @property
+    def bounds(self) -> tuple[int, int]:
+        """Two marked entries, first < last; (0, 255) at first."""
+    @bounds.setter
+    def bounds(self, value: tuple[int, int]) -> None: ...
+    @property
+    def noValueColor(self) -> tuple[int, int, int, int]:
+        """For samples without a value; transparent at first."""
+    @noValueColor.setter
+    def noValueColor(self, value: tuple[int, int, int, int]) -> None: ...
+    @property
+    def belowColor(self) -> tuple[int, int, int, int] | None:
+        """For values below minimum; None takes the first entry."""
+    @belowColor.setter
+    def belowColor(self, value: tuple[int, int, int, int] | None) -> None: ...
+    @property
+    def aboveColor(self) -> tuple[int, int, int, int] | None:
+        """For values above maximum; None takes the last entry."""
+    @aboveColor.setter
+    def aboveColor(self, value: tuple[int, int, int, int] | None) -> None: ...
+
+class ContouringMode(int):
+    """What contour lines connect: equal data values or equal Z values."""
+    names: dict[str, ContouringMode]
+    values: dict[int, ContouringMode]
+    name: str
+    Data: ContouringMode  # 0
+    ZValue: ContouringMode  # 1
+
+class Contouring:
+    """The contour-line settings of a map view. The view redraws its lines after every assignment; limits and step are
+    in the unit of the contoured values.
+    """
+    def __init__(self) -> None:
+        """Settings that no view shows yet: hidden, step 1."""
+    @property
+    def visible(self) -> bool:
+        """Whether contours are shown."""
+    @visible.setter
+    def visible(self, value: bool) -> None: ...
+    @property
+    def withLimits(self) -> bool:
+        """Whether contours are restricted to [min, max]."""
+    @withLimits.setter
+    def withLimits(self, value: bool) -> None: ...
+    @property
+    def min(self) -> float:
+        """Lower contour limit."""
+    @min.setter
+    def min(self, value: float) -> None: ...
+    @property
+    def max(self) -> float:
+        """Upper contour limit."""
+    @max.setter
+    def max(self, value: float) -> None: ...
+    @property
+    def contouringMode(self) -> ContouringMode:
+        """What is contoured, the data values or the Z values."""
+    @contouringMode.setter
+    def contouringMode(self, value: ContouringMode) -> None: ...
+    @property
+    def step(self) -> float:
+        """The contour interval. Raises ValueError unless it is greater than 0."""
+    @step.setter
+    def step(self, value: float) -> None: ...
+    @property
+    def pen(self) -> Pen:
+        """The line style of the contours. Reading gives a copy; assign it to change the contours."""
+    @pen.setter
+    def pen(self, value: Pen) -> None: ...
+    @property
+    def minValue(self) -> float:
+        """The smallest of the contoured values. Read-only."""
+    @property
+    def maxValue(self) -> float:
+        """The largest of the contoured values. Read-only."""
 
 def pluginDirectory() -> str | None:
     """The folder of the plug-in whose code calls; None outside a plug-in."""
