@@ -175,7 +175,7 @@ class Plugins(RunnerCase):
         folder.mkdir()
         (folder / "plugin.info").write_text("[PluginInfo]\ninit=main.py\nversion=2\n")
         (folder / "main.py").write_text(
-            "import strativo_python as sp\ndef say(word): print(word + %r, end=' ', flush=True)\n"
+            "import sys, strativo_python as sp\ndef say(word): sys.stdout.write(word + %r + ' ')\n"
             "def register():\n say('+'); sp.addMainWindowMenu('M')\n %s\ndef unregister():\n say('-')\n %s\n"
             % (name, register, unregister))
         return str(folder)
