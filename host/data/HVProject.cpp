@@ -8,7 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSet>
+#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -208,14 +208,15 @@ QStringList HVProject::objects() const
     return paths;
 }
 
-QStringList HVProject::existing(ObjectKind kind, const QStringList& names) const
+QStringList HVProject::objectsInDirectory(ObjectKind kind, const QString& directory)
 {
-    const QSet<QString> wanted(names.begin(), names.end());
-    QStringList found;
+    const QString base = folder(kind) + QLatin1Char('/');
+    const QHash<QString, QString>& places = directories(kind).places();
+    QStringList paths;
     for (const hv::ObjectFile& object : hv::listObjects(folder(kind), objectKindInfo(kind)))
-        if (wanted.contains(object.name))
-            found << object.name;
-    return found;
+        if (const auto place = places.find(object.name); place != places.end() && *place == directory)
+            paths << base + object.fileName;
+    return paths;
 }
 
 bool HVProject::isObjectName(const QString& name)
@@ -298,6 +299,10 @@ bool HVProject::removeObject(ObjectKind kind, const QString& name, Removal remov
 {
     const QString path = filename(kind, name);
     QFile object(path);
+    // Without a data folder Qt would take the current folder for the trash.
+    const QString trash = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    if (removal == Removal::ToTrash && !QDir().mkpath(trash))
+        return hv::fail(error, tr("There is no trash: unable to create the folder '%1'.").arg(shown(trash)));
     if (!(removal == Removal::ToTrash ? object.moveToTrash() : object.remove()))
         return hv::fail(error, (removal == Removal::ToTrash ? tr("Unable to move '%1' to the trash: %2.")
                                                             : tr("Unable to delete '%1': %2."))

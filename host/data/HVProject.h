@@ -70,8 +70,8 @@ public:
     /// Absolute paths of the objects' files, in the order of their names; of all kinds in the order of objectKinds().
     QStringList objects(ObjectKind kind) const;
     QStringList objects() const;
-    /// Which of the names are those of objects that exist.
-    QStringList existing(ObjectKind kind, const QStringList& names) const;
+    /// The files of the objects in a virtual directory, not those in directories within it; of no directory: nothing.
+    QStringList objectsInDirectory(ObjectKind kind, const QString& directory);
 
     /// True for what can be the name of an object: not empty, no slash or control character, not too long for a file.
     static bool isObjectName(const QString& name);

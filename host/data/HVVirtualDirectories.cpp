@@ -234,6 +234,12 @@ QString HVVirtualDirectories::directoryOf(const QString& object)
     return m_state.directoryOf.value(object);
 }
 
+const QHash<QString, QString>& HVVirtualDirectories::places()
+{
+    load();
+    return m_state.directoryOf;
+}
+
 bool HVVirtualDirectories::addDirectory(const QString& name, const QString& parent, QString* error)
 {
     if (!load(error))
@@ -309,8 +315,11 @@ bool HVVirtualDirectories::fileObjects(const QStringList& objects, const QString
     if (!contains(directory))
         return hv::fail(error, tr("There is no folder '%1'.").arg(directory));
     Places places;
-    for (const QString& object : objects)
+    for (const QString& object : objects) {
+        if (object.isEmpty())
+            return hv::fail(error, tr("An object without a name cannot be filed."));
         places.insert(object, directory);
+    }
     return place(places, error);
 }
 

@@ -39,6 +39,8 @@ public:
     QStringList objects(const QString& directory);
     /// Empty when the object is in none.
     QString directoryOf(const QString& object);
+    /// The directory of each object that is in one; valid until the next call.
+    const QHash<QString, QString>& places();
 
     // Each of these returns false with a sentence, and changes nothing, when it cannot be done: the directory is
     // there already or is not there, the name is empty or holds control characters or a slash, the file cannot be

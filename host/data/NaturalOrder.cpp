@@ -39,6 +39,11 @@ bool naturalLess(const QString& a, const QString& b)
             j = endB;
             continue;
         }
+        if (a[i] == b[j]) {
+            ++i;
+            ++j;
+            continue;
+        }
         const QChar lowerA = a[i].toCaseFolded();
         const QChar lowerB = b[j].toCaseFolded();
         if (lowerA != lowerB)

@@ -139,7 +139,7 @@ TEST_F(VirtualDirectories, tenThousandObjectsOfOneKind)
     ASSERT_TRUE(d.addDirectory("All", QString()));
     EXPECT_TRUE(d.fileObjects(names + QStringList{"gone"}, "All"));
     EXPECT_EQ(project->objectNames(ObjectKind::Horizon3d), names);
-    EXPECT_EQ(project->existing(ObjectKind::Horizon3d, d.objects("All")), names)
+    EXPECT_EQ(project->objectsInDirectory(ObjectKind::Horizon3d, "All"), project->objects(ObjectKind::Horizon3d))
         << "files that are gone are not listed";
     project.reset();
     project = HVProject::open(temporary.filePath("p"), &error);
