@@ -1,0 +1,162 @@
+#include "host/widgets/HVProjectCommands.h"
+
+#include "host/services/HVEventBus.h"
+#include "host/services/HVIconStore.h"
+#include "host/widgets/ProjectTree.h"
+
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QInputDialog>
+#include <QMenu>
+#include <QMessageBox>
+#include <QUrl>
+
+namespace {
+
+using Type = ProjectNode::Type;
+
+void report(bool done, const QString& error)
+{
+    if (!done)
+        HVEventBus::instance().sendMessage(MessageLevel::Error, error, true);
+}
+
+QIcon icon(const char* name)
+{
+    return HVIconStore::icon(QLatin1String(name));
+}
+
+/// Names may hold ampersands, which are no mnemonics.
+QString menuText(QString name)
+{
+    return name.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+} // namespace
+
+HVProjectCommands::HVProjectCommands(QWidget* parent) : QObject(parent), m_parent(parent) {}
+
+void HVProjectCommands::fillMenu(QMenu& menu, const QVector<const ProjectNode*>& rows)
+{
+    if (rows.isEmpty() || !m_project)
+        return;
+    const ProjectNode& first = *rows.first();
+    const ObjectKind kind = first.kind;
+    Objects objects{kind, {}};
+    QStringList paths;
+    bool areObjectsOfOneKind = true;
+    for (const ProjectNode* row : rows) {
+        areObjectsOfOneKind = areObjectsOfOneKind && row->type == Type::Object && row->kind == kind;
+        objects.names << row->name;
+        paths << (row->type == Type::Object ? row->path : m_project->folder(row->kind));
+    }
+    const bool isOne = rows.size() == 1;
+    if (areObjectsOfOneKind) {
+        QMenu* folders = menu.addMenu(icon("folder_24"), tr("Move to Folder"));
+        fillFolderMenu(*folders, objects);
+    } else if (isOne) {
+        menu.addAction(icon("add_16"), tr("New Folder..."), this,
+                       [this, kind, parent = first.directory()] { newDirectory(kind, parent); });
+    }
+    if (isOne && first.type != Type::Kind)
+        menu.addAction(tr("Rename"), this, &HVProjectCommands::renameRequested, QKeySequence(Qt::Key_F2));
+    menu.addSeparator();
+    menu.addAction(icon("copy_24"), isOne ? tr("Copy Path") : tr("Copy Paths"), this,
+                   [paths] { QGuiApplication::clipboard()->setText(paths.join(QLatin1Char('\n'))); });
+    menu.addAction(icon("external_link_16"), tr("Show in File Manager"), this,
+                   [path = m_project->folder(kind)] { QDesktopServices::openUrl(QUrl::fromLocalFile(path)); });
+    if (areObjectsOfOneKind || (isOne && first.type == Type::Directory)) {
+        menu.addSeparator();
+        const QString text = areObjectsOfOneKind ? tr("Delete...") : tr("Remove Folder");
+        if (areObjectsOfOneKind)
+            menu.addAction(
+                icon("clear_24"), text, this, [this, objects] { removeObjects({objects}); }, QKeySequence::Delete);
+        else
+            menu.addAction(
+                icon("clear_24"), text, this, [this, kind, name = first.name] { removeDirectory(kind, name); },
+                QKeySequence::Delete);
+    }
+}
+
+void HVProjectCommands::fillFolderMenu(QMenu& menu, const Objects& objects)
+{
+    QStringList names = m_project->directories(objects.kind).directories();
+    names.sort(Qt::CaseInsensitive);
+    for (const QString& name : names)
+        menu.addAction(icon("folder_24"), menuText(name), this, [this, objects, name] { fileInto(objects, name); });
+    menu.addSeparator();
+    menu.addAction(tr("No Folder"), this, [this, objects] { fileInto(objects, QString()); });
+    menu.addAction(icon("add_16"), tr("New Folder..."), this, [this, objects] {
+        const QString name = newDirectory(objects.kind, QString());
+        if (!name.isEmpty())
+            fileInto(objects, name);
+    });
+}
+
+void HVProjectCommands::fileInto(const Objects& objects, const QString& directory)
+{
+    if (!m_project)
+        return;
+    HVVirtualDirectories& directories = m_project->directories(objects.kind);
+    QString error;
+    report(directory.isEmpty() ? directories.unfileObjects(objects.names, &error)
+                               : directories.fileObjects(objects.names, directory, &error),
+           error);
+}
+
+QString HVProjectCommands::newDirectory(ObjectKind kind, const QString& parent)
+{
+    const QString name = QInputDialog::getText(m_parent, tr("New Folder"), tr("Name of the new folder:")).trimmed();
+    if (name.isEmpty() || !m_project)
+        return {};
+    QString error;
+    const bool done = m_project->directories(kind).addDirectory(name, parent, &error);
+    report(done, error);
+    return done ? name : QString();
+}
+
+void HVProjectCommands::removeDirectory(ObjectKind kind, const QString& name)
+{
+    QString error;
+    if (m_project)
+        report(m_project->directories(kind).removeDirectory(name, &error), error);
+}
+
+void HVProjectCommands::removeRows(const QVector<const ProjectNode*>& rows)
+{
+    if (rows.size() == 1 && rows.first()->type == Type::Directory) {
+        removeDirectory(rows.first()->kind, rows.first()->name);
+        return;
+    }
+    QVector<Objects> objects;
+    for (const ProjectNode* row : rows) {
+        if (row->type != Type::Object)
+            continue;
+        if (objects.isEmpty() || objects.last().kind != row->kind)
+            objects.append({row->kind, {}});
+        objects.last().names << row->name;
+    }
+    if (!objects.isEmpty())
+        removeObjects(objects);
+}
+
+void HVProjectCommands::removeObjects(const QVector<Objects>& objects)
+{
+    int count = 0;
+    for (const Objects& each : objects)
+        count += each.names.size();
+    const QString question = count == 1 ? tr("Move '%1' to the trash?").arg(objects.first().names.first())
+                                        : tr("Move %1 objects to the trash?").arg(count);
+    if (QMessageBox::question(m_parent, tr("Delete"), question) != QMessageBox::Yes || !m_project)
+        return;
+    QStringList failed;
+    for (const Objects& each : objects)
+        for (const QString& name : each.names)
+            if (QString error; !m_project->removeObject(each.kind, name, HVProject::Removal::ToTrash, &error))
+                failed << error;
+    if (!failed.isEmpty())
+        report(false, failed.size() <= 3 ? failed.join(QLatin1Char('\n'))
+                                         : tr("%1\n... and %2 more").arg(failed.first()).arg(failed.size() - 1));
+}

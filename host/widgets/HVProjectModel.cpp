@@ -1,0 +1,230 @@
+#include "host/widgets/HVProjectModel.h"
+
+#include "host/services/HVEventBus.h"
+#include "host/services/HVIconStore.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QPalette>
+#include <QUrl>
+
+namespace {
+
+using Type = ProjectNode::Type;
+constexpr int g_updateMilliseconds = 50;
+
+} // namespace
+
+HVProjectModel::HVProjectModel(QObject* parent) : QAbstractItemModel(parent)
+{
+    m_updateSoon.setSingleShot(true);
+    m_updateSoon.setInterval(g_updateMilliseconds);
+    connect(&m_updateSoon, &QTimer::timeout, this, &HVProjectModel::update);
+}
+
+HVProjectModel::~HVProjectModel() = default;
+
+void HVProjectModel::setProject(HVProject* project)
+{
+    if (m_project)
+        m_project->disconnect(this);
+    beginResetModel();
+    m_rows.clear();
+    m_kinds.clear();
+    m_changed.clear();
+    m_project = project;
+    endResetModel();
+    if (!project)
+        return;
+    connect(project, &HVProject::objectsChanged, this, &HVProjectModel::markChanged);
+    connect(project, &HVProject::directoriesChanged, this, &HVProjectModel::markChanged);
+    project->watchFolders();
+    for (const ObjectKindInfo& info : objectKinds())
+        m_changed.insert(info.kind);
+    update();
+}
+
+void HVProjectModel::markChanged(ObjectKind kind)
+{
+    m_changed.insert(kind);
+    if (!m_updateSoon.isActive())
+        m_updateSoon.start();
+}
+
+void HVProjectModel::update()
+{
+    m_updateSoon.stop();
+    if (!m_project || m_changed.empty())
+        return;
+    beginResetModel();
+    for (const ObjectKind kind : std::exchange(m_changed, {}))
+        m_kinds[kind] = buildProjectTree(*m_project, kind);
+    m_rows.clear();
+    for (const ObjectKindInfo& info : objectKinds())
+        if (ProjectNode* node = m_kinds[info.kind].get()) {
+            node->row = static_cast<int>(m_rows.size());
+            m_rows.push_back(node);
+        }
+    endResetModel();
+}
+
+const ProjectNode* HVProjectModel::node(const QModelIndex& index) const
+{
+    return static_cast<const ProjectNode*>(index.internalPointer());
+}
+
+QModelIndex HVProjectModel::index(int row, int column, const QModelIndex& parent) const
+{
+    if (!hasIndex(row, column, parent))
+        return {};
+    const auto at = static_cast<std::size_t>(row);
+    return createIndex(row, column, parent.isValid() ? node(parent)->children[at].get() : m_rows[at]);
+}
+
+QModelIndex HVProjectModel::parent(const QModelIndex& index) const
+{
+    ProjectNode* above = index.isValid() ? node(index)->parent : nullptr;
+    return above ? createIndex(above->row, 0, above) : QModelIndex();
+}
+
+int HVProjectModel::rowCount(const QModelIndex& parent) const
+{
+    if (!parent.isValid())
+        return static_cast<int>(m_rows.size());
+    return parent.column() == 0 ? static_cast<int>(node(parent)->children.size()) : 0;
+}
+
+int HVProjectModel::columnCount(const QModelIndex& /*parent*/) const
+{
+    return 2;
+}
+
+QVariant HVProjectModel::data(const QModelIndex& index, int role) const
+{
+    const ProjectNode* row = node(index);
+    if (!row)
+        return {};
+    const bool isObject = row->type == Type::Object;
+    if (role == KeyRole)
+        return row->key();
+    if (isObject && role == ObjectTypeRole)
+        return static_cast<int>(row->kind);
+    if (isObject && role == ObjectPathRole)
+        return row->path;
+    if (index.column() == 1) {
+        if (role == Qt::DisplayRole && !isObject)
+            return row->objectCount;
+        if (role == Qt::TextAlignmentRole)
+            return static_cast<int>(Qt::AlignRight | Qt::AlignVCenter);
+        if (role == Qt::ForegroundRole)
+            return QApplication::palette().brush(QPalette::Disabled, QPalette::Text);
+        return {};
+    }
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return row->name;
+    case Qt::DecorationRole:
+        return HVIconStore::icon(row->type == Type::Directory ? QStringLiteral("folder_24")
+                                                              : QLatin1String(objectKindInfo(row->kind).icon));
+    case Qt::ToolTipRole:
+        return isObject ? QDir::toNativeSeparators(row->path) : QString();
+    default:
+        return {};
+    }
+}
+
+bool HVProjectModel::setData(const QModelIndex& index, const QVariant& value, int role)
+{
+    const ProjectNode* row = node(index);
+    const QString name = value.toString().trimmed();
+    if (!row || role != Qt::EditRole || !m_project || row->type == Type::Kind || name == row->name)
+        return false;
+    QString error;
+    const bool renamed = row->type == Type::Object
+                             ? m_project->renameObject(row->kind, row->name, name, &error)
+                             : m_project->directories(row->kind).renameDirectory(row->name, name, &error);
+    if (!renamed)
+        HVEventBus::instance().sendMessage(MessageLevel::Error, error, true);
+    return renamed;
+}
+
+QMap<int, QVariant> HVProjectModel::itemData(const QModelIndex& index) const
+{
+    // Qt's own takes the roles below Qt::UserRole only; a drag carries what stands here.
+    QMap<int, QVariant> roles;
+    for (const int role : {int(Qt::DisplayRole), int(ObjectTypeRole), int(ObjectPathRole)})
+        if (const QVariant value = data(index, role); value.isValid())
+            roles.insert(role, value);
+    return roles;
+}
+
+Qt::ItemFlags HVProjectModel::flags(const QModelIndex& index) const
+{
+    Qt::ItemFlags flags = QAbstractItemModel::flags(index);
+    const ProjectNode* row = node(index);
+    if (!row)
+        return flags;
+    if (row->type == Type::Object)
+        flags |= Qt::ItemIsDragEnabled | Qt::ItemNeverHasChildren;
+    if (row->type != Type::Kind && index.column() == 0)
+        flags |= Qt::ItemIsEditable;
+    return flags | Qt::ItemIsDropEnabled;
+}
+
+QStringList HVProjectModel::mimeTypes() const
+{
+    return QAbstractItemModel::mimeTypes() << QStringLiteral("text/uri-list");
+}
+
+QMimeData* HVProjectModel::mimeData(const QModelIndexList& indexes) const
+{
+    // A row once, whatever columns are selected.
+    QModelIndexList rows;
+    QList<QUrl> files;
+    for (const QModelIndex& index : indexes)
+        if (index.column() == 0 && node(index)->type == Type::Object) {
+            rows << index;
+            files << QUrl::fromLocalFile(node(index)->path);
+        }
+    QMimeData* data = QAbstractItemModel::mimeData(rows);
+    if (data)
+        data->setUrls(files);
+    return data;
+}
+
+QStringList HVProjectModel::droppedObjects(const QMimeData* data, const QModelIndex& parent) const
+{
+    QStringList names;
+    const ProjectNode* target = node(parent);
+    if (!target || !m_project)
+        return names;
+    for (const QUrl& url : data->urls())
+        if (m_project->kindOf(url.toLocalFile()) == target->kind)
+            names << QFileInfo(url.toLocalFile()).completeBaseName();
+    return names;
+}
+
+bool HVProjectModel::canDropMimeData(const QMimeData* data, Qt::DropAction /*action*/, int /*row*/, int /*column*/,
+                                     const QModelIndex& parent) const
+{
+    return !droppedObjects(data, parent).isEmpty();
+}
+
+bool HVProjectModel::dropMimeData(const QMimeData* data, Qt::DropAction /*action*/, int /*row*/, int /*column*/,
+                                  const QModelIndex& parent)
+{
+    const QStringList names = droppedObjects(data, parent);
+    if (names.isEmpty())
+        return false;
+    HVVirtualDirectories& directories = m_project->directories(node(parent)->kind);
+    const QString directory = node(parent)->directory();
+    QString error;
+    const bool done = directory.isEmpty() ? directories.unfileObjects(names, &error)
+                                          : directories.fileObjects(names, directory, &error);
+    if (!done)
+        HVEventBus::instance().sendMessage(MessageLevel::Error, error, true);
+    return done;
+}

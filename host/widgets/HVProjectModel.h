@@ -1,0 +1,70 @@
+#pragma once
+
+#include "host/widgets/ProjectTree.h"
+
+#include <QAbstractItemModel>
+#include <QPointer>
+#include <QTimer>
+
+#include <map>
+#include <memory>
+#include <set>
+#include <vector>
+
+/// The open project as a tree: kinds of object that have something, their virtual directories, the objects. The second
+/// column counts objects.
+///
+/// Ten thousand rows take some ten milliseconds and no widgets. Changes are collected for a moment, then the kinds that
+/// changed are listed anew and the model is reset; ProjectNode::key() tells rows before and after apart.
+///
+/// Dragged objects travel as the rows of an item model, with the two roles below, and as the addresses of their files.
+/// Objects dropped on a directory or kind of their own are filed there. Renaming goes by Qt::EditRole.
+class HVProjectModel : public QAbstractItemModel
+{
+    Q_OBJECT
+
+public:
+    enum Roles
+    {
+        ObjectTypeRole = Qt::UserRole + 1, ///< int, the kind's number; of objects only
+        ObjectPathRole = Qt::UserRole + 2, ///< QString, absolute path of the file; of objects only
+        KeyRole,                           ///< QString, see ProjectNode::key()
+    };
+
+    explicit HVProjectModel(QObject* parent = nullptr);
+    ~HVProjectModel() override;
+
+    void setProject(HVProject* project);
+    HVProject* project() const { return m_project; }
+    /// Takes up changes at once instead of in a moment.
+    void update();
+    /// Null for an invalid index; gone with the next reset.
+    const ProjectNode* node(const QModelIndex& index) const;
+
+    QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    QModelIndex parent(const QModelIndex& index) const override;
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    QMap<int, QVariant> itemData(const QModelIndex& index) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+    QStringList mimeTypes() const override;
+    QMimeData* mimeData(const QModelIndexList& indexes) const override;
+    Qt::DropActions supportedDropActions() const override { return Qt::CopyAction | Qt::MoveAction; }
+    bool canDropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                         const QModelIndex& parent) const override;
+    bool dropMimeData(const QMimeData* data, Qt::DropAction action, int row, int column,
+                      const QModelIndex& parent) override;
+
+private:
+    void markChanged(ObjectKind kind);
+    QStringList droppedObjects(const QMimeData* data, const QModelIndex& parent) const;
+
+    QPointer<HVProject> m_project;
+    std::map<ObjectKind, std::unique_ptr<ProjectNode>> m_kinds;
+    std::vector<ProjectNode*> m_rows; // the top level
+    std::set<ObjectKind> m_changed;
+    QTimer m_updateSoon;
+};

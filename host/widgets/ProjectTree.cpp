@@ -1,0 +1,83 @@
+#include "host/widgets/ProjectTree.h"
+
+#include "host/data/NaturalOrder.h"
+#include "host/data/ObjectListing.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+namespace {
+
+using Type = ProjectNode::Type;
+
+/// Numbers the children and counts the objects below.
+void finish(ProjectNode& node)
+{
+    // Objects were added in their order, after the directories.
+    const auto directoriesEnd = std::find_if(node.children.begin(), node.children.end(),
+                                             [](const auto& child) { return child->type == Type::Object; });
+    std::sort(node.children.begin(), directoriesEnd,
+              [](const auto& a, const auto& b) { return hv::naturalLess(a->name, b->name); });
+    node.objectCount = 0;
+    int row = 0;
+    for (const auto& child : node.children) {
+        child->row = row++;
+        if (child->type == Type::Object)
+            ++node.objectCount;
+        else
+            finish(*child);
+        node.objectCount += child->objectCount;
+    }
+}
+
+ProjectNode* adopt(ProjectNode& parent, std::unique_ptr<ProjectNode> child)
+{
+    child->parent = &parent;
+    parent.children.push_back(std::move(child));
+    return parent.children.back().get();
+}
+
+} // namespace
+
+QString ProjectNode::key() const
+{
+    return QStringLiteral("%1/%2/%3").arg(static_cast<int>(kind)).arg(static_cast<int>(type)).arg(name);
+}
+
+QString ProjectNode::directory() const
+{
+    const ProjectNode* node = type == Type::Object ? parent : this;
+    return node->type == Type::Directory ? node->name : QString();
+}
+
+std::unique_ptr<ProjectNode> buildProjectTree(HVProject& project, ObjectKind kind)
+{
+    const ObjectKindInfo& info = objectKindInfo(kind);
+    HVVirtualDirectories& directories = project.directories(kind);
+    const QStringList names = directories.directories();
+    const auto objects = hv::listObjects(project.folder(kind), info);
+    if (names.isEmpty() && objects.empty())
+        return nullptr;
+
+    auto root = std::make_unique<ProjectNode>(ProjectNode{Type::Kind, kind, QString::fromLatin1(info.plural), {}});
+    QHash<QString, ProjectNode*> nodes{{QString(), root.get()}};
+    std::vector<std::unique_ptr<ProjectNode>> waiting;
+    for (const QString& name : names) {
+        waiting.push_back(std::make_unique<ProjectNode>(ProjectNode{Type::Directory, kind, name, {}}));
+        nodes.insert(name, waiting.back().get());
+    }
+    for (auto& directory : waiting) {
+        ProjectNode* parent = nodes.value(directories.parentOf(directory->name), root.get());
+        adopt(*parent, std::move(directory));
+    }
+    const QHash<QString, QString>& places = directories.places();
+    const QString folder = project.folder(kind) + QLatin1Char('/');
+    for (const hv::ObjectFile& object : objects) {
+        ProjectNode* parent = nodes.value(places.value(object.name), root.get());
+        adopt(*parent,
+              std::make_unique<ProjectNode>(ProjectNode{Type::Object, kind, object.name, folder + object.fileName}));
+    }
+    finish(*root);
+    return root;
+}
