@@ -31,6 +31,7 @@ void bindSubWindow();
 void bindMainWindow();
 
 void bindNoValue();
+void bindObjectId();
 void bindScanOrientation();
 void bindInterpolationMethod();
 void bindSmoothingMethod();
@@ -38,6 +39,7 @@ void bindScaleType();
 void bindUnit();
 void bindDomain();
 void bindCrs();
+void bindProject();
 void bindImageBase();
 void bindImage2d();
 void bindImage3d();

@@ -47,6 +47,7 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindMainWindow();
 
     python::bindNoValue();
+    python::bindObjectId();
     python::bindScanOrientation();
     python::bindInterpolationMethod();
     python::bindSmoothingMethod();
@@ -54,6 +55,7 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindUnit();
     python::bindDomain();
     python::bindCrs();
+    python::bindProject();
     python::bindImageBase();
     python::bindImage2d();
     python::bindImage3d();

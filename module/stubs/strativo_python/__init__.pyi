@@ -981,6 +981,31 @@ class MainWindow(_QWidget):
     def close(self) -> None:
         """Always raises RuntimeError."""
 
+class ObjectId(int):
+    """The kinds of object that a project holds."""
+    names: dict[str, ObjectId]
+    values: dict[int, ObjectId]
+    name: str
+    Volume: ObjectId  # 1
+    Layer: ObjectId  # 6
+    RandomLine: ObjectId  # 7
+    ColorBar: ObjectId  # 18
+    Geobody: ObjectId  # 27
+    Fault3d: ObjectId  # 28
+    Horizon3d: ObjectId  # 29
+    Survey: ObjectId  # 32
+    Well: ObjectId  # 33
+    ExtractionArea: ObjectId  # 35
+    Model: ObjectId  # 36
+    Culture: ObjectId  # 45
+    Wavelet: ObjectId  # 49
+    MultiZ: ObjectId  # 50
+    CRS: ObjectId  # 86
+    Horizon2d: ObjectId  # 88
+    Fault2d: ObjectId  # 89
+    RandomLineSet: ObjectId  # 91
+    Polyline3d: ObjectId  # 94
+
 class ScanOrientation(int):
     """The axis of a block that frames are cut across: an Inline frame has one inline number (block y), a Crossline
     frame one crossline number (block x), a Timeslice one vertical sample (block z).
@@ -1070,6 +1095,82 @@ class Crs:
     @property
     def authorityCode(self) -> str:
         """The authority's code for the system, e.g. '32631'. Read-only."""
+
+class Project:
+    """The open project: a folder with a folder of files for each kind of object. getProject() gives it.
+
+    An object's name is its file's name without folder and suffix. After the project was closed, and on another
+    thread than the main one, every use raises RuntimeError.
+    """
+    @property
+    def path(self) -> str:
+        """The project's folder, an absolute path. Read-only."""
+    @property
+    def crs(self) -> Crs | None:
+        """The reference system of the project's map coordinates; None when it has none.
+
+        Setting raises TypeError for anything but a Crs or None, RuntimeError when it can not be stored.
+        """
+    @crs.setter
+    def crs(self, value: Crs | None) -> None: ...
+    def hasCrs(self) -> bool:
+        """Whether the project has a reference system."""
+    @overload
+    def objects(self) -> list[str]:
+        """The file names of all objects of the project, kind by kind, in the order of their names."""
+    @overload
+    def objects(self, kind: ObjectId, /) -> list[str]:
+        """The file names of the project's objects of one kind, in the order of their names."""
+    def getFilename(self, kind: ObjectId, name: str, /) -> str:
+        """The file name of the object of a name, whether it exists or not.
+
+        Raises ValueError when name is not possible: empty, too long, with a slash or a control character.
+        """
+    def getNewFilename(self, kind: ObjectId, name: str = ..., /) -> str:
+        """A file name that no object has yet, in a folder that exists: of name, or of 'name 2', 'name 3' and so on.
+        Without a name that of the kind is taken.
+
+        Raises ValueError when name is not possible, RuntimeError when the folder can not be made.
+        """
+    def icon(self, kind: ObjectId, /) -> Icon:
+        """The icon of a kind, as the project browser shows it."""
+    def addVirtualDirectory(self, kind: ObjectId, name: str, parent: str | None = None, /) -> None:
+        """Makes a virtual directory for objects of a kind. parent is the directory of the same kind that it is put
+        into; '' and None make it a top-level one.
+
+        Raises RuntimeError when the kind has a directory of this name already, when the parent is not there, and
+        when the name is impossible or can not be stored; the cause says which.
+        """
+    def removeVirtualDirectory(self, kind: ObjectId, name: str, /) -> None:
+        """Removes a virtual directory. What is in it moves to its parent; of a top-level directory the objects are in
+        none then. No file is touched.
+
+        Raises RuntimeError when there is no such directory.
+        """
+    def getVirtualDirectories(self) -> list[str]:
+        """The names of the virtual directories of all kinds, each name once."""
+    def setObjectsInVirtualDirectory(self, objects: Sequence[str], kind: ObjectId, name: str, /) -> None:
+        """Files objects, given by their file names, into a virtual directory. An object is in one directory at most.
+        Objects need not exist yet; they are listed as soon as they do.
+
+        Raises TypeError when an element is not a str, RuntimeError when objects is empty and when there is no such
+        directory.
+        """
+    def setObjectInVirtualDirectory(self, object: str, kind: ObjectId, name: str, /) -> None:
+        """Files one object; see setObjectsInVirtualDirectory()."""
+    def removeObjectsFromVirtualDirectory(self, objects: Sequence[str], kind: ObjectId, /) -> None:
+        """Takes objects, given by their file names, out of their virtual directory.
+
+        Raises TypeError when an element is not a str, RuntimeError when a file is not there.
+        """
+    def removeObjectFromVirtualDirectory(self, object: str, kind: ObjectId, /) -> None:
+        """Takes one object out; see removeObjectsFromVirtualDirectory()."""
+    def getObjectsInVirtualDirectory(self, kind: ObjectId, name: str, /) -> list[str]:
+        """The file names of the objects in a virtual directory, in the order of their names; empty when there is no
+        such directory.
+        """
+    def __eq__(self, other: object) -> bool:
+        """Whether both stand for the same open project."""
 
 class _HVImageBaseFloat:
     """What Image2d and Image3d have in common: pixels of 32-bit floats, stored row by row.

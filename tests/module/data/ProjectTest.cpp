@@ -1,0 +1,166 @@
+// `Project` and `ObjectId` as scripts meet them, over a real folder.
+#include "module/data/ProjectHandle.h"
+#include "runtime/GilLock.h"
+#include "tests/runtime/RuntimeFixture.h"
+
+#include <boost/python.hpp>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace bp = boost::python;
+
+namespace {
+
+class ProjectBinding : public fixture::RuntimeTest
+{
+protected:
+    void SetUp() override
+    {
+        QString error;
+        project = HVProject::create(temporary.filePath(QStringLiteral("Pr\u00f6ject")), QString(), &error);
+        ASSERT_TRUE(project) << error.toStdString();
+        {
+            const python::GilLock lock;
+            bp::import("strativo_python");
+            bp::import("__main__").attr("project") = python::projectObject(project.get());
+        }
+        script(R"py(
+import os, strativo_python
+from strativo_python import ObjectId, Project, Crs
+def expect(got, wanted):
+    if got != wanted:
+        raise ValueError("got %r, wanted %r" % (got, wanted))
+def failure(function, *arguments):
+    try:
+        function(*arguments)
+    except Exception as error:
+        return type(error).__name__ + ": " + str(error)
+    return "done"
+def make(kind, *names):
+    paths = [project.getFilename(kind, name) for name in names]
+    for path in paths:
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        open(path, "w").close()
+    return paths
+H = ObjectId.Horizon3d
+)py");
+    }
+    void script(const char* code) { EXPECT_TRUE(run(code)) << recorder.textOf(6); }
+
+    QTemporaryDir temporary;
+    std::unique_ptr<HVProject> project;
+};
+
+TEST_F(ProjectBinding, KindsHaveTheirNumbersInOrder)
+{
+    script(R"py(
+expect(sorted((int(v), n) for n, v in ObjectId.names.items()), [
+    (1, "Volume"), (6, "Layer"), (7, "RandomLine"), (18, "ColorBar"), (27, "Geobody"), (28, "Fault3d"),
+    (29, "Horizon3d"), (32, "Survey"), (33, "Well"), (35, "ExtractionArea"), (36, "Model"), (45, "Culture"),
+    (49, "Wavelet"), (50, "MultiZ"), (86, "CRS"), (88, "Horizon2d"), (89, "Fault2d"), (91, "RandomLineSet"),
+    (94, "Polyline3d")])
+expect(list(ObjectId.names)[:6], ["Volume", "Survey", "Model", "ExtractionArea", "Horizon3d", "Fault3d"])
+expect(failure(Project)[:13], "RuntimeError:")
+)py");
+}
+
+TEST_F(ProjectBinding, ObjectsAndFileNames)
+{
+    script(R"py(
+expect((project.objects(), project.objects(H), project.hasCrs(), project.crs), ([], [], False, None))
+expect(os.path.basename(project.path), "Pr\u00f6ject")
+made = make(H, "\u00c9tage", ".dot", "a 'q' \"q\"", "H 10", "H 9")
+expect([os.path.basename(p) for p in project.objects(H)],
+       [".dot.horizon", "a 'q' \"q\".horizon", "H 9.horizon", "H 10.horizon", "\u00c9tage.horizon"])
+expect(sorted(project.objects()), sorted(made))
+new = project.getNewFilename(H, "H 9")
+expect((os.path.basename(new), os.path.exists(new)), ("H 9 2.horizon", False))
+expect(os.path.basename(project.getNewFilename(ObjectId.Well)), "Well.las")
+expect(os.path.isdir(os.path.join(project.path, "wells")), True)
+expect(failure(project.getFilename, H, "a/b"), "ValueError: Project, 'a/b' cannot be the name of an object")
+expect(failure(project.objects, 29), "TypeError: Project, expected 'ObjectId' but got 'int'")
+expect(failure(project.objects, ObjectId(2)), "TypeError: Project, expected 'ObjectId' but got 'ObjectId'")
+expect(failure(project.getFilename, H, 5), "TypeError: Project, expected 'str' but got 'int'")
+expect(failure(project.getFilename, H, "\ud800")[:18], "UnicodeEncodeError")
+expect(type(project.icon(ObjectId.Well)).__name__, "Icon")
+)py");
+    const auto utm = georef::Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("32631"));
+    {
+        const python::GilLock lock;
+        bp::import("__main__").attr("utm") = bp::object(utm);
+    }
+    script(R"py(
+project.crs = utm
+expect((project.hasCrs(), project.crs.authorityCode), (True, "32631"))
+expect(failure(setattr, project, "crs", "x"), "TypeError: Project.crs, expected 'Crs' or 'NoneType' but got 'str'")
+project.crs = None
+expect(project.hasCrs(), False)
+)py");
+}
+
+TEST_F(ProjectBinding, VirtualDirectories)
+{
+    script(R"py(
+a, b = make(H, "a", "b")
+project.addVirtualDirectory(H, "North", "")
+project.addVirtualDirectory(H, "Deep \u00e9", "North")
+project.addVirtualDirectory(ObjectId.Well, "North", None)
+expect(project.getVirtualDirectories(), ["North", "Deep \u00e9"])
+expect(failure(project.addVirtualDirectory, H, "North", ""), "RuntimeError: Project, unable to create folder 'North'")
+expect(failure(project.addVirtualDirectory, H, "x", "none"), "RuntimeError: Project, unable to create folder 'x'")
+expect(failure(project.addVirtualDirectory, H, "x", 5), "TypeError: Project, expected 'str' but got 'int'")
+expect(failure(project.removeVirtualDirectory, H, "\u00fc"), "RuntimeError: Project, unable to remove directory '\u00fc'")
+project.setObjectsInVirtualDirectory([a, "/elsewhere/b.other", "c.horizon"], H, "North")
+expect(project.getObjectsInVirtualDirectory(H, "North"), [a, b])
+project.setObjectInVirtualDirectory(b, H, "Deep \u00e9")
+expect((project.getObjectsInVirtualDirectory(H, "North"), project.getObjectsInVirtualDirectory(H, "Deep \u00e9")), ([a], [b]))
+expect(project.getObjectsInVirtualDirectory(ObjectId.Well, "North"), [])
+
+expect(failure(project.setObjectsInVirtualDirectory, [], H, "North"), "RuntimeError: Project, empty list supplied")
+expect(failure(project.setObjectsInVirtualDirectory, 5, H, "North"), "TypeError: object of type 'int' has no len()")
+expect(failure(project.setObjectsInVirtualDirectory, [a, b, 3], H, "North"), "TypeError: expected 'str' but got 'int' at index 2")
+expect(failure(project.removeObjectsFromVirtualDirectory, [a, b, 3], H),
+       "TypeError: Project, expected 'str' but got 'int' at index 2")
+expect(failure(project.setObjectInVirtualDirectory, None, H, "North"), "TypeError: expected 'str' but got 'NoneType' at index 0")
+expect(failure(project.setObjectInVirtualDirectory, a, H, "none"), "RuntimeError: Project, unable to add files to folder 'none'")
+missing = a.replace("a.horizon", "gone.horizon")
+expect(failure(project.removeObjectFromVirtualDirectory, missing, H), "RuntimeError: Project, object '%s' does not exist" % missing)
+expect(failure(project.removeObjectsFromVirtualDirectory, [a, missing], H), "RuntimeError: Project, object '%s' does not exist" % missing)
+expect(project.getObjectsInVirtualDirectory(H, "North"), [a])
+project.removeObjectFromVirtualDirectory(a, H)
+expect(project.getObjectsInVirtualDirectory(H, "North"), [])
+project.removeVirtualDirectory(H, "North")
+expect(project.getVirtualDirectories(), ["Deep \u00e9", "North"])
+
+try:
+    project.addVirtualDirectory(H, "a/b", "")
+except RuntimeError as error:
+    expect(str(error.__cause__), "'a/b' cannot be the name of a folder.")
+)py");
+}
+
+TEST_F(ProjectBinding, AHandleOutlivesTheProjectAndSaysSo)
+{
+    QDir(project->path()).removeRecursively();
+    script(R"py(
+expect(project.objects(), [])
+expect(failure(setattr, project, "crs", None), "RuntimeError: Project.crs, Unable to write '%s/project.strativo': "
+       "No such file or directory." % project.path)
+import threading
+results = []
+thread = threading.Thread(target=lambda: results.append(failure(project.objects)))
+thread.start(); thread.join()
+expect(results, ["RuntimeError: Project, can only be used on the main thread"])
+)py");
+    project.reset();
+    script(R"py(
+for use in (lambda: project.path, lambda: project.crs, project.hasCrs, project.objects, lambda: project.objects(H),
+            project.getVirtualDirectories, lambda: project.icon(H), lambda: project.getNewFilename(H, "x"),
+            lambda: project.addVirtualDirectory(H, "x", ""), lambda: project.setObjectInVirtualDirectory("x", H, "y")):
+    expect(failure(use), "RuntimeError: Project, the project has been closed")
+)py");
+}
+
+} // namespace
