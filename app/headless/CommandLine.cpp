@@ -57,7 +57,7 @@ QString usage()
                           "\n"
                           "  SCRIPT         a Python file, or - to read the script from standard input\n"
                           "  -c CODE        run CODE\n"
-                          "  --project DIR  open the project in DIR first\n"
+                          "  --project DIR  open the project in DIR first; made when the folder is missing or empty\n"
                           "  --plugin DIR   load the plug-in in DIR first; may be given several times\n"
                           "  --verbose      show notices that are not errors, on standard error\n"
                           "\n"

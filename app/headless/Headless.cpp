@@ -5,6 +5,7 @@
 #include "app/headless/StandardStreams.h"
 #include "app/headless/TerminalApp.h"
 #include "app/workbench/MainWindow.h"
+#include "host/data/HVProjectService.h"
 #include "plugins/HVPythonPluginCollection.h"
 #include "runtime/GilLock.h"
 #include "runtime/HVPythonExecutionContext.h"
@@ -12,6 +13,7 @@
 #include "runtime/ScriptArguments.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -76,6 +78,15 @@ QString loadPlugins(HVPythonPluginCollection& plugins, const QStringList& folder
     return {};
 }
 
+/// Opens the project, or makes one where there is nothing yet. A sentence when that fails, else empty.
+QString openProject(HVProjectService& projects, const QString& folder)
+{
+    QString error;
+    const bool isNothing = !QFileInfo::exists(folder) || (QFileInfo(folder).isDir() && QDir(folder).isEmpty());
+    const bool opened = isNothing ? projects.create(folder, QString(), &error) : projects.open(folder, &error);
+    return opened ? QString() : error;
+}
+
 int runScript(const HVPythonExecutionContext& context, const Script& script, const QStringList& arguments)
 {
     QString code;
@@ -116,8 +127,6 @@ int run(int argc, char** argv)
         std::fputs(usage().toLocal8Bit().constData(), stderr);
         return refuse(line.error);
     }
-    if (!line.project.isEmpty())
-        return refuse(QStringLiteral("--project is not available yet"));
     Script script;
     if (const QString error = readScript(line, script); !error.isEmpty())
         return refuse(error);
@@ -133,6 +142,9 @@ int run(int argc, char** argv)
 
     const StandardStreams streams(line.verbose);
     workbench::MainWindow window;
+    if (!line.project.isEmpty())
+        if (const QString error = openProject(*window.projects(), line.project); !error.isEmpty())
+            return refuse(error);
     TerminalApp app(window);
     const HVPythonExecutionContext context(&app);
     {

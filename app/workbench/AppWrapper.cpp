@@ -2,6 +2,7 @@
 
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/RunIndicator.h"
+#include "host/data/HVProjectService.h"
 
 #include <QCoreApplication>
 
@@ -30,6 +31,19 @@ QString AppWrapper::version() const
 QMdiSubWindow* AppWrapper::addSubWindow(QWidget* widget)
 {
     return m_window.addDocument(widget);
+}
+
+HVProject* AppWrapper::currentProject() const
+{
+    return m_window.projects()->project();
+}
+
+void AppWrapper::refreshProject(std::optional<int> objectKind)
+{
+    HVProject* project = currentProject();
+    const auto kind = objectKind ? objectKindFromNumber(*objectKind) : std::nullopt;
+    if (project && (kind || !objectKind))
+        project->refresh(kind);
 }
 
 } // namespace workbench

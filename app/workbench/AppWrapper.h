@@ -20,6 +20,8 @@ public:
     QString version() const override;
     bool isTerminalProgram() const override { return false; }
     QMdiSubWindow* addSubWindow(QWidget* widget) override;
+    HVProject* currentProject() const override;
+    void refreshProject(std::optional<int> objectKind) override;
 
 private:
     MainWindow& m_window;

@@ -1,6 +1,7 @@
 #include "app/workbench/MainMenus.h"
 
 #include "app/workbench/MainWindow.h"
+#include "app/workbench/ProjectMenu.h"
 #include "app/workbench/RecentScripts.h"
 #include "app/workbench/RunIndicator.h"
 #include "app/workbench/Theme.h"
@@ -82,6 +83,8 @@ QMenu* MainMenus::addMenu(const QString& title)
 void MainMenus::makeFileMenu()
 {
     QMenu* menu = addMenu(tr("File"));
+    new ProjectMenu(m_window, *menu);
+    menu->addSeparator();
     m_new = addAction(menu, "new_script_24", tr("New Script"), QKeySequence::New, tr("Begin a new Python script"),
                       &m_window, [this] { m_window.newScript(); });
     m_open = addAction(menu, "projectopen24", tr("Open Script..."), QKeySequence::Open, tr("Open Python scripts"),
@@ -124,9 +127,13 @@ void MainMenus::makeViewMenu()
     messages->setIcon(HVIconStore::icon(QStringLiteral("messages_24")));
     messages->setShortcut(tr("Alt+1"));
     messages->setToolTip(tr("Show or hide the messages (Alt+1)"));
+    QAction* project = m_window.projectDock()->toggleViewAction();
+    project->setIcon(HVIconStore::icon(QStringLiteral("folder_24")));
+    project->setShortcut(tr("Alt+2"));
+    project->setToolTip(tr("Show or hide the project browser (Alt+2)"));
     QAction* toolBar = m_window.toolBar()->toggleViewAction();
     toolBar->setToolTip(tr("Show or hide the main tool bar"));
-    menu->addActions({messages, toolBar});
+    menu->addActions({messages, project, toolBar});
     menu->addSeparator();
 
     QMenu* themes = menu->addMenu(HVIconStore::icon(QStringLiteral("color_bar_24")), tr("Theme"));

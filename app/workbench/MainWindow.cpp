@@ -5,9 +5,11 @@
 #include "app/workbench/RecentScripts.h"
 #include "app/workbench/RunIndicator.h"
 #include "editor/HVPythonTextEdit.h"
+#include "host/data/HVProjectService.h"
 #include "host/services/HVEventBus.h"
 #include "host/services/HVIconStore.h"
 #include "host/widgets/HVMessageWindow.h"
+#include "host/widgets/HVProjectBrowser.h"
 
 #include <QCloseEvent>
 #include <QDockWidget>
@@ -39,8 +41,9 @@ QString scriptFilter()
 } // namespace
 
 MainWindow::MainWindow()
-    : m_workspace(new QMdiArea), m_messages(new HVMessageWindow), m_messageDock(new QDockWidget(tr("Messages"))),
-      m_toolBar(new QToolBar(tr("Main Tool Bar")))
+    : m_projects(new HVProjectService(this)), m_workspace(new QMdiArea), m_messages(new HVMessageWindow),
+      m_messageDock(new QDockWidget(tr("Messages"))), m_browser(new HVProjectBrowser),
+      m_projectDock(new QDockWidget(tr("Project"))), m_toolBar(new QToolBar(tr("Main Tool Bar")))
 {
     setWindowTitle(QStringLiteral("Strativo"));
     setWindowIcon(HVIconStore::icon(QStringLiteral("horizon_24")));
@@ -62,6 +65,8 @@ MainWindow::MainWindow()
     m_messageDock->setWidget(m_messages);
     addDockWidget(Qt::BottomDockWidgetArea, m_messageDock);
 
+    makeProjectDock();
+
     m_toolBar->setObjectName(QStringLiteral("mainToolBar"));
     m_toolBar->setIconSize({20, 20});
     addToolBar(m_toolBar);
@@ -77,8 +82,33 @@ MainWindow::MainWindow()
 
 MainWindow::~MainWindow()
 {
+    // While everything that looks at the project is whole.
+    m_projects->close();
     // Signals of dying documents must not reach a half-destroyed window.
     m_workspace->disconnect();
+}
+
+void MainWindow::makeProjectDock()
+{
+    m_projectDock->setObjectName(QStringLiteral("projectDock"));
+    m_projectDock->setWidget(m_browser);
+    addDockWidget(Qt::LeftDockWidgetArea, m_projectDock);
+    connect(m_projects, &HVProjectService::projectChanged, m_browser, &HVProjectBrowser::setProject);
+    connect(m_browser, &HVProjectBrowser::objectActivated, this, [this](ObjectKind kind, const QString& path) {
+        if (kind == ObjectKind::PythonScript)
+            openScript(path);
+    });
+}
+
+bool MainWindow::openProject(const QString& path)
+{
+    QString error;
+    if (m_projects->open(path, &error)) {
+        HVProjectService::addRecentProject(m_projects->project()->path());
+        return true;
+    }
+    HVEventBus::instance().sendMessage(MessageLevel::Error, error, true);
+    return false;
 }
 
 QMdiSubWindow* MainWindow::addDocument(QWidget* widget)
@@ -215,6 +245,7 @@ void MainWindow::restoreLayout()
         resize(g_preferredSize.boundedTo(screen.size() * 9 / 10));
         move(screen.center() - rect().center());
         resizeDocks({m_messageDock}, {height() / 4}, Qt::Vertical);
+        resizeDocks({m_projectDock}, {width() / 5}, Qt::Horizontal);
     }
     restoreState(settings.value(g_stateKey).toByteArray(), g_stateVersion);
 }

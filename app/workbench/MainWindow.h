@@ -5,6 +5,8 @@
 #include <QMainWindow>
 
 class HVMessageWindow;
+class HVProjectBrowser;
+class HVProjectService;
 class HVPythonTextEdit;
 class QMdiArea;
 class QMdiSubWindow;
@@ -27,8 +29,12 @@ public:
     ~MainWindow() override;
 
     QMdiArea* workspace() const { return m_workspace; }
+    /// The open project and its owner.
+    HVProjectService* projects() const { return m_projects; }
     HVMessageWindow* messageWindow() const { return m_messages; }
     QDockWidget* messageDock() const { return m_messageDock; }
+    HVProjectBrowser* projectBrowser() const { return m_browser; }
+    QDockWidget* projectDock() const { return m_projectDock; }
     QToolBar* toolBar() const { return m_toolBar; }
     RunIndicator* runIndicator() const { return m_runIndicator; }
     /// Where documents send their actions; the program adds the handlers.
@@ -38,6 +44,9 @@ public:
     QMdiSubWindow* addDocument(QWidget* widget);
     /// Closes and destroys all documents without asking.
     void destroyDocuments();
+
+    /// Opens the project in a folder, or the one whose file `path` is; false after a message when it cannot be.
+    bool openProject(const QString& path);
 
     HVPythonTextEdit* activeEditor() const;
     QList<HVPythonTextEdit*> editors() const;
@@ -61,12 +70,16 @@ protected:
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
+    void makeProjectDock();
     HVPythonTextEdit* addEditor();
     bool saveUnder(HVPythonTextEdit& editor, const QString& path);
 
+    HVProjectService* m_projects;
     QMdiArea* m_workspace;
     HVMessageWindow* m_messages;
     QDockWidget* m_messageDock;
+    HVProjectBrowser* m_browser;
+    QDockWidget* m_projectDock;
     QToolBar* m_toolBar;
     RunIndicator* m_runIndicator;
     MainMenus* m_menus;

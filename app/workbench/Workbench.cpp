@@ -9,6 +9,7 @@
 #include "app/workbench/ScriptName.h"
 #include "app/workbench/Theme.h"
 #include "editor/HVPythonTextEdit.h"
+#include "host/data/HVProjectService.h"
 #include "host/widgets/HVMessageWindow.h"
 #include "plugins/HVPythonPluginCollection.h"
 #include "runtime/HVPythonExecutionContext.h"
@@ -32,6 +33,7 @@ constexpr int g_statusNotStarted = 2;
 struct Options
 {
     QStringList scripts;
+    QString project;
     bool execute = false;
     QString screenshot;
 };
@@ -48,15 +50,17 @@ Options parseArguments(const QStringList& arguments)
                                  QStringLiteral("[scripts...]"));
     const QCommandLineOption execute(QStringLiteral("execute"),
                                      QStringLiteral("Run the first script after opening it."));
+    const QCommandLineOption project(QStringLiteral("project"), QStringLiteral("Open the project in this folder."),
+                                     QStringLiteral("folder"));
     const QCommandLineOption screenshot(QStringLiteral("screenshot"),
                                         QStringLiteral("Save a picture of the window and leave."),
                                         QStringLiteral("file"));
-    parser.addOptions({execute, screenshot});
+    parser.addOptions({execute, project, screenshot});
     parser.process(arguments);
     // A restart after a plug-in's failure hands over all of the arguments, the program's own path among them.
     QStringList scripts = parser.positionalArguments();
     scripts.removeAll(QCoreApplication::applicationFilePath());
-    return {scripts, parser.isSet(execute), parser.value(screenshot)};
+    return {scripts, parser.value(project), parser.isSet(execute), parser.value(screenshot)};
 }
 
 int refuseToStart(const QString& sentence)
@@ -116,8 +120,17 @@ int run(int& argc, char** argv)
         HVPythonPluginCollection plugins;
         PluginMenu pluginMenu(window, plugins);
         const auto debugger = std::make_unique<DebuggerDock>(window);
+        QObject::connect(window.projects(), &HVProjectService::projectChanged, &plugins,
+                         [&plugins](HVProject* project) {
+                             if (!project)
+                                 return;
+                             plugins.scan();
+                             plugins.loadAutomatic();
+                         });
         window.restoreLayout();
         window.show();
+        if (!options.project.isEmpty())
+            window.openProject(options.project);
         HVPythonTextEdit* first = nullptr;
         for (const QString& script : options.scripts) {
             HVPythonTextEdit* editor = window.openScript(script);

@@ -72,6 +72,33 @@ class CommandLine(RunnerCase):
         self.assertEqual(result.stderr.count("\n"), 1)
 
 
+class Projects(RunnerCase):
+    def test_project_is_opened_or_made(self):
+        folder = self.folder / "a \u00e9 \"project\""
+        code = "import strativo_python as s; print(s.hasProject(), s.getProject().path)"
+        for _ in range(2):
+            self.expect(strativo("--project", str(folder), "-c", code), 0, "True %s\n" % folder, "")
+        self.expect(strativo("-c", "import strativo_python as s; print(s.hasProject(), s.getProject())"), 0, "False None\n")
+        (folder / "project.strativo").write_text('{"version": "9.0"}')
+        self.expect(strativo("--project", str(folder), "-c", code), 2, "", "later version of Strativo")
+        (folder / "project.strativo").unlink()
+        self.expect(strativo("--project", str(folder), "-c", code), 0, None, "")
+        self.script("x = 1")
+        self.expect(strativo("--project", str(self.folder), "-c", code), 2, "", "is not a project")
+        self.expect(strativo("--project", str(self.folder / "script.py" / "x"), "-c", code), 2, "", "Unable to create")
+
+    def test_demo(self):
+        def demo(*words):
+            return subprocess.run([PROGRAM, "demo", *words], capture_output=True, text=True, timeout=60)
+
+        folder = str(self.folder / "demo")
+        self.expect(demo(folder), 0, err="")
+        self.expect(demo(folder), 1, err="exists already")
+        self.expect(demo(), 2, "", "usage: strativo demo")
+        code = "import strativo_python as s; p = s.getProject(); print(len(p.objects(s.ObjectId.Well)), p.crs.authorityCode)"
+        self.expect(strativo("--project", folder, "-c", code), 0, "2 32631\n")
+
+
 class Outcomes(RunnerCase):
     def test_status_follows_the_script(self):
         self.expect(strativo("-c", "x = 1"), 0)

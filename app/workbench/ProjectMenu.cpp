@@ -1,0 +1,111 @@
+#include "app/workbench/ProjectMenu.h"
+
+#include "app/workbench/MainWindow.h"
+#include "app/workbench/NewProjectDialog.h"
+#include "host/data/HVProjectService.h"
+#include "host/services/HVEventBus.h"
+#include "host/services/HVIconStore.h"
+#include "host/widgets/HVProjectBrowser.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+
+namespace workbench {
+
+namespace {
+
+/// The folder that holds the project used last.
+QString projectsFolder()
+{
+    const QStringList recent = HVProjectService::recentProjects();
+    return recent.isEmpty() ? QDir::homePath() : QFileInfo(recent.first()).path();
+}
+
+} // namespace
+
+ProjectMenu::ProjectMenu(MainWindow& window, QMenu& menu) : QObject(&window), m_window(window)
+{
+    const auto add = [&](const char* icon, const QString& text, const QKeySequence& keys, const QString& tip,
+                         auto slot) {
+        QAction* action = menu.addAction(HVIconStore::icon(QLatin1String(icon)), text, this, slot, keys);
+        const QString shown = keys.toString(QKeySequence::NativeText);
+        action->setToolTip(shown.isEmpty() ? tip : QStringLiteral("%1 (%2)").arg(tip, shown));
+        action->setStatusTip(tip);
+        return action;
+    };
+    add("add_16", tr("New Project..."), tr("Ctrl+Shift+N"), tr("Make a folder for a new project"),
+        &ProjectMenu::createProject);
+    add("folder_24", tr("Open Project..."), tr("Ctrl+Shift+O"), tr("Open a project"), &ProjectMenu::chooseProject);
+    QMenu* recent = menu.addMenu(HVIconStore::icon(QStringLiteral("recent_24")), tr("Recent Projects"));
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentProjects(*recent); });
+    m_close =
+        add("close_16", tr("Close Project"), {}, tr("Close the project"), [this] { m_window.projects()->close(); });
+
+    connect(m_window.projects(), &HVProjectService::projectChanged, this, [this](HVProject* project) {
+        if (project)
+            connect(project, &HVProject::settingsChanged, this, &ProjectMenu::showTitle);
+        showTitle();
+    });
+    connect(m_window.projectBrowser(), &HVProjectBrowser::newProjectRequested, this, &ProjectMenu::createProject);
+    connect(m_window.projectBrowser(), &HVProjectBrowser::openProjectRequested, this, &ProjectMenu::chooseProject);
+    showTitle();
+}
+
+void ProjectMenu::createProject()
+{
+    NewProjectDialog dialog(projectsFolder(), &m_window);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    HVProjectService& projects = *m_window.projects();
+    QString error;
+    bool made = projects.create(dialog.folder(), dialog.name(), &error);
+    if (made) {
+        HVProjectService::addRecentProject(projects.project()->path());
+        made = (dialog.crs().isNull() || projects.project()->setCrs(dialog.crs(), &error)) &&
+               projects.project()->setDomain(dialog.domain(), &error);
+    }
+    if (!made)
+        HVEventBus::instance().sendMessage(MessageLevel::Error, error, true);
+}
+
+void ProjectMenu::chooseProject()
+{
+    const QString path = QFileDialog::getOpenFileName(&m_window, tr("Open Project"), projectsFolder(),
+                                                      tr("Strativo projects (%1)").arg(HVProject::projectFileName()));
+    if (!path.isEmpty())
+        m_window.openProject(path);
+}
+
+void ProjectMenu::fillRecentProjects(QMenu& menu)
+{
+    menu.clear();
+    menu.setToolTipsVisible(true);
+    int number = 0;
+    for (const QString& path : HVProjectService::recentProjects()) {
+        QString name = QFileInfo(path).fileName().replace(QLatin1Char('&'), QLatin1String("&&"));
+        QAction* action = menu.addAction(QStringLiteral("&%1  %2").arg(++number % 10).arg(name), this, [this, path] {
+            if (!m_window.openProject(path) && !QFileInfo::exists(path))
+                HVProjectService::removeRecentProject(path);
+        });
+        action->setToolTip(path);
+        action->setStatusTip(path);
+    }
+    if (number == 0) {
+        menu.addAction(tr("No projects were opened yet"))->setEnabled(false);
+        return;
+    }
+    menu.addSeparator();
+    menu.addAction(HVIconStore::icon(QStringLiteral("clear_24")), tr("Clear List"),
+                   &HVProjectService::clearRecentProjects);
+}
+
+void ProjectMenu::showTitle()
+{
+    const HVProject* project = m_window.projects()->project();
+    m_close->setEnabled(project);
+    m_window.setWindowTitle(project ? tr("%1 - Strativo").arg(project->name()) : QStringLiteral("Strativo"));
+}
+
+} // namespace workbench
