@@ -28,10 +28,23 @@ echo "The traceback names the line; the status is 1, as expected."
 step "A horizon from NumPy: strativo run examples/scripts/image_from_numpy.py out/horizon.png"
 "$strativo" run examples/scripts/image_from_numpy.py out/horizon.png
 
-step "The workbench, with the first script executed"
+step "A demo survey: strativo demo out/demo-survey"
+rm -rf out/demo-survey
+"$strativo" demo out/demo-survey
+"$strativo" run --project out/demo-survey -c 'import strativo_python as sp
+project = sp.getProject()
+print(len(project.objects()), "objects,", project.crs.authority, project.crs.authorityCode)'
+
+step "A plug-in: strativo plugin check examples/plugins/velocity_tools"
+"$strativo" plugin check examples/plugins/velocity_tools
+
+step "The workbench, with the survey, the plug-in and the first script executed"
 rm -f out/workbench.png
-QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1440x900x24" \
-  "$strativo" --execute examples/scripts/first_script.py --screenshot out/workbench.png
+plugins="$STRATIVO_HOMEPATH/.strativo/plugins"
+rm -rf "$plugins" && mkdir -p "$plugins" && cp -r examples/plugins/velocity_tools "$plugins"
+sed -i 's/^autoload=.*/autoload=true/' "$plugins/velocity_tools/plugin.info"
+QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1440x900x24" "$strativo" --project out/demo-survey \
+  --execute examples/scripts/first_script.py --screenshot out/workbench.png
 if [[ ! -s out/workbench.png ]]; then
   echo "demo: no picture was written" >&2
   exit 1
@@ -41,6 +54,7 @@ step "Done"
 cat <<END
 Pictures:       out/workbench.png, out/horizon.png
 Workbench:      $strativo
+Demo survey:    out/demo-survey (open it with: $strativo --project out/demo-survey)
 One script:     $strativo run SCRIPT
 Documentation:  build/release/bin/doc/python/index.html
 END

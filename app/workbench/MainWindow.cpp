@@ -42,8 +42,8 @@ QString scriptFilter()
 
 MainWindow::MainWindow()
     : m_projects(new HVProjectService(this)), m_workspace(new QMdiArea), m_messages(new HVMessageWindow),
-      m_messageDock(new QDockWidget(tr("Messages"))), m_browser(new HVProjectBrowser),
-      m_projectDock(new QDockWidget(tr("Project"))), m_toolBar(new QToolBar(tr("Main Tool Bar")))
+      m_messageDock(new QDockWidget(tr("Messages"))), m_projectDock(new QDockWidget(tr("Project"))),
+      m_toolBar(new QToolBar(tr("Main Tool Bar")))
 {
     setWindowTitle(QStringLiteral("Strativo"));
     setWindowIcon(HVIconStore::icon(QStringLiteral("horizon_24")));
@@ -65,7 +65,8 @@ MainWindow::MainWindow()
     m_messageDock->setWidget(m_messages);
     addDockWidget(Qt::BottomDockWidgetArea, m_messageDock);
 
-    makeProjectDock();
+    m_projectDock->setObjectName(QStringLiteral("projectDock"));
+    addDockWidget(Qt::LeftDockWidgetArea, m_projectDock);
 
     m_toolBar->setObjectName(QStringLiteral("mainToolBar"));
     m_toolBar->setIconSize({20, 20});
@@ -88,12 +89,14 @@ MainWindow::~MainWindow()
     m_workspace->disconnect();
 }
 
-void MainWindow::makeProjectDock()
+void MainWindow::fillProjectDock()
 {
-    m_projectDock->setObjectName(QStringLiteral("projectDock"));
+    m_browser = new HVProjectBrowser;
+    m_browser->setProject(m_projects->project());
     m_projectDock->setWidget(m_browser);
-    addDockWidget(Qt::LeftDockWidgetArea, m_projectDock);
     connect(m_projects, &HVProjectService::projectChanged, m_browser, &HVProjectBrowser::setProject);
+    connect(m_browser, &HVProjectBrowser::newProjectRequested, this, &MainWindow::newProjectRequested);
+    connect(m_browser, &HVProjectBrowser::openProjectRequested, this, &MainWindow::openProjectRequested);
     connect(m_browser, &HVProjectBrowser::objectActivated, this, [this](ObjectKind kind, const QString& path) {
         if (kind == ObjectKind::PythonScript)
             openScript(path);
@@ -239,6 +242,8 @@ bool MainWindow::saveUnder(HVPythonTextEdit& editor, const QString& path)
 
 void MainWindow::restoreLayout()
 {
+    if (!m_browser)
+        fillProjectDock();
     const QSettings settings;
     if (!restoreGeometry(settings.value(g_geometryKey).toByteArray())) {
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();

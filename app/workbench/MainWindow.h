@@ -63,6 +63,9 @@ public:
     void restoreLayout();
 
 Q_SIGNALS:
+    /// Asked for in the project browser.
+    void newProjectRequested();
+    void openProjectRequested();
     void editorAdded(HVPythonTextEdit* editor);
 
 protected:
@@ -70,7 +73,7 @@ protected:
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
-    void makeProjectDock();
+    void fillProjectDock();
     HVPythonTextEdit* addEditor();
     bool saveUnder(HVPythonTextEdit& editor, const QString& path);
 
@@ -78,7 +81,7 @@ private:
     QMdiArea* m_workspace;
     HVMessageWindow* m_messages;
     QDockWidget* m_messageDock;
-    HVProjectBrowser* m_browser;
+    HVProjectBrowser* m_browser = nullptr; // comes with restoreLayout()
     QDockWidget* m_projectDock;
     QToolBar* m_toolBar;
     RunIndicator* m_runIndicator;

@@ -5,7 +5,6 @@
 #include "host/data/HVProjectService.h"
 #include "host/services/HVEventBus.h"
 #include "host/services/HVIconStore.h"
-#include "host/widgets/HVProjectBrowser.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -48,8 +47,8 @@ ProjectMenu::ProjectMenu(MainWindow& window, QMenu& menu) : QObject(&window), m_
             connect(project, &HVProject::settingsChanged, this, &ProjectMenu::showTitle);
         showTitle();
     });
-    connect(m_window.projectBrowser(), &HVProjectBrowser::newProjectRequested, this, &ProjectMenu::createProject);
-    connect(m_window.projectBrowser(), &HVProjectBrowser::openProjectRequested, this, &ProjectMenu::chooseProject);
+    connect(&m_window, &MainWindow::newProjectRequested, this, &ProjectMenu::createProject);
+    connect(&m_window, &MainWindow::openProjectRequested, this, &ProjectMenu::chooseProject);
     showTitle();
 }
 
