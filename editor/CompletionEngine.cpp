@@ -132,7 +132,9 @@ QStringList CompletionEngine::complete(const QString& text)
     const python::GilLock lock;
     m_running->thread = PyThread_get_thread_ident();
     const QByteArray utf8 = text.toUtf8();
-    PyObject* result = PyObject_CallFunction(m_function, "s#", utf8.constData(), static_cast<Py_ssize_t>(utf8.size()));
+    PyObject* argument = PyUnicode_FromStringAndSize(utf8.constData(), utf8.size());
+    PyObject* result = argument ? PyObject_CallFunctionObjArgs(m_function.load(), argument, nullptr) : nullptr;
+    Py_XDECREF(argument);
     m_running->thread = 0;
     if (!result) {
         keepError();

@@ -88,7 +88,7 @@ void HVPythonTextEdit::makeActions()
 {
     m_save = makeAction(this, "save24", QStringLiteral("Save..."), QKeySequence::Save);
     m_execute = makeAction(this, "pythonrun24", QStringLiteral("Execute"), QStringLiteral("F8"));
-    m_search = makeAction(this, "zoommode16", QStringLiteral("Search..."), QStringLiteral("Ctrl + Shift + F"));
+    m_search = makeAction(this, "zoommode16", QStringLiteral("Search..."), QStringLiteral("Ctrl+Shift+F"));
     m_documentation =
         makeAction(this, "python_doc_24", QStringLiteral("Search Strativo Python Documentation..."), QKeySequence());
     connect(m_save, &QAction::triggered, this, &HVPythonTextEdit::saveToFile);

@@ -2,11 +2,12 @@
 
 #include "host/services/HVEventBus.h"
 #include "host/services/HVUserData.h"
+#include "host/services/HVWholeFile.h"
 
 #include <QDir>
+#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <QUuid>
 
 namespace editor {
@@ -86,14 +87,11 @@ void RecoveryCopy::writeNow()
     }
     const UnsavedText unsaved = m_content();
     const QJsonObject copy{{QStringLiteral("path"), unsaved.path}, {QStringLiteral("text"), unsaved.text}};
-    const QByteArray bytes = QJsonDocument(copy).toJson();
-    QSaveFile file(m_file);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
-        return;
+    QString error;
     static bool told = false;
-    if (!std::exchange(told, true))
-        HVEventBus::instance().sendMessage(
-            MessageLevel::Warning, tr("Unsaved scripts cannot be kept safe: %1: %2").arg(m_file, file.errorString()));
+    if (!hv::writeWholeFile(m_file, QJsonDocument(copy).toJson(), error) && !std::exchange(told, true))
+        HVEventBus::instance().sendMessage(MessageLevel::Warning,
+                                           tr("Unsaved scripts cannot be kept safe: %1: %2").arg(m_file, error));
 }
 
 void RecoveryCopy::restoreLeftBehind(const std::function<void(const UnsavedText&)>& restore)

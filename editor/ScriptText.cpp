@@ -79,6 +79,7 @@ ScriptText decodeScript(const QByteArray& bytes)
                                               .arg(QString::fromLatin1(named));
         codec = QTextCodec::codecForName("ISO-8859-1");
         script.text = QString::fromLatin1(body);
+        script.form.wrongComment = named;
     }
     script.form.codec = codec->name();
     bool mixed = false;
@@ -91,11 +92,10 @@ ScriptText decodeScript(const QByteArray& bytes)
 QByteArray encodeScript(const QString& text, const TextForm& form, QString& error)
 {
     const QByteArray named = codingComment(text);
-    QTextCodec* codec = named.isEmpty() ? nullptr : codecNamed(named);
-    if (!codec)
-        codec = QTextCodec::codecForName(form.codec);
+    const bool toldByComment = !named.isEmpty() && named != form.wrongComment && codecNamed(named);
+    QTextCodec* codec = toldByComment ? codecNamed(named) : QTextCodec::codecForName(form.codec);
     // Text that came as Latin-1 for want of a better codec may have grown beyond it.
-    if (named.isEmpty() && !codec->canEncode(text))
+    if (!toldByComment && !codec->canEncode(text))
         codec = QTextCodec::codecForName("UTF-8");
     QString lines = text;
     if (form.lineEnd != LineEnd::Lf)

@@ -26,6 +26,7 @@ struct TextForm
     QByteArray codec = "UTF-8"; ///< as QTextCodec names it
     bool byteOrderMark = false;
     LineEnd lineEnd = LineEnd::Lf;
+    QByteArray wrongComment; ///< what a coding comment names although the bytes are something else
 };
 
 struct ScriptText
@@ -37,7 +38,8 @@ struct ScriptText
 
 ScriptText decodeScript(const QByteArray& bytes);
 
-/// The bytes of `text` in `form`; a coding comment in the text wins over the form's codec, as it does for Python.
+/// The bytes of `text` in `form`; a coding comment in the text wins over the form's codec, as it does
+/// for Python, unless it was wrong from the start.
 /// On failure the result is null and `error` says what cannot be stored.
 QByteArray encodeScript(const QString& text, const TextForm& form, QString& error);
 

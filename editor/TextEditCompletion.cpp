@@ -44,6 +44,7 @@ void HVPythonTextEdit::insertAutoCompletion(const QString& text)
         cursor.setPosition(cursor.position());
     cursor.insertText(text);
     setTextCursor(cursor);
+    m_completer->popup()->hide(); // it would offer longer names, and take the next Return
 }
 
 void HVPythonTextEdit::showCompletorRect()

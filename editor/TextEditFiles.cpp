@@ -5,6 +5,7 @@
 #include "editor/RecoveryCopy.h"
 #include "host/services/HVEventBus.h"
 #include "host/services/HVProjectItemDrag.h"
+#include "host/services/HVWholeFile.h"
 #include "host/services/IScriptProject.h"
 
 #include <QCloseEvent>
@@ -13,7 +14,6 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
-#include <QSaveFile>
 
 namespace {
 
@@ -104,14 +104,7 @@ void HVPythonTextEdit::setFilename(const QString& path)
 bool HVPythonTextEdit::writeText(const QString& path, QString& error) const
 {
     const QByteArray bytes = editor::encodeScript(plainText(), m_form, error);
-    if (!error.isEmpty())
-        return false;
-    // Written beside the file and renamed, so that a full disk costs nothing but the attempt.
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit())
-        return true;
-    error = file.errorString();
-    return false;
+    return error.isEmpty() && hv::writeWholeFile(path, bytes, error);
 }
 
 bool HVPythonTextEdit::mayOverwrite()

@@ -151,14 +151,12 @@ void HVPythonTextEdit::insertNewLine(QKeyEvent* event)
     QTextCursor start = textCursor();
     start.setPosition(start.selectionStart());
     const QString indentation = editor::indentationAfter(start);
+    QTextCursor step = textCursor();
+    step.beginEditBlock();
     QPlainTextEdit::keyPressEvent(event);
-    QTextCursor cursor = textCursor();
-    if (indentation.isEmpty() || isReadOnly() || !cursor.atBlockStart())
-        return;
-    cursor.joinPreviousEditBlock();
-    cursor.insertText(indentation);
-    cursor.endEditBlock();
-    setTextCursor(cursor);
+    if (!indentation.isEmpty() && !isReadOnly() && textCursor().atBlockStart())
+        textCursor().insertText(indentation);
+    step.endEditBlock();
 }
 
 /// Keys that change lines.

@@ -113,31 +113,28 @@ void HVPythonTextEdit::replaceCurrent(const QString& replacement)
 
 void HVPythonTextEdit::replaceAll(const QString& replacement)
 {
-    collectMatches(m_searchBar->text());
-    if (m_searchResults.isEmpty() || isReadOnly())
+    const QString text = m_searchBar->text();
+    if (text.isEmpty() || isReadOnly())
         return;
+    forgetMatches(); // their cursors would have to follow every replacement
     QTextCursor edit(document());
     edit.beginEditBlock();
     int replaced = 0;
-    while (!m_searchResults.isEmpty()) {
-        // Beyond the limit the rest follows in further rounds; what was put in is not searched again.
-        const int end = m_searchResults.last().cursor.selectionEnd();
-        const bool more = m_searchResults.size() == g_mostMatches;
-        const int after = document()->characterCount() - end;
-        for (auto match = m_searchResults.rbegin(); match != m_searchResults.rend(); ++match)
-            match->cursor.insertText(replacement);
-        replaced += m_searchResults.size();
-        m_searchResults.clear();
-        if (!more)
-            break;
-        collectMatches(m_searchBar->text());
-        const int rest = document()->characterCount() - after;
-        m_searchResults.erase(m_searchResults.begin(),
-                              std::find_if(m_searchResults.begin(), m_searchResults.end(),
-                                           [&](const auto& match) { return match.cursor.selectionStart() >= rest; }));
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        const QString line = block.text();
+        const int first = line.indexOf(text, 0, Qt::CaseInsensitive);
+        if (first < 0)
+            continue;
+        // A line is changed at once, from its first match to its last.
+        const int end = line.lastIndexOf(text, -1, Qt::CaseInsensitive) + text.size();
+        QString changed = line.mid(first, end - first);
+        replaced += changed.count(text, Qt::CaseInsensitive);
+        changed.replace(text, replacement, Qt::CaseInsensitive);
+        edit.setPosition(block.position() + first);
+        edit.setPosition(block.position() + end, QTextCursor::KeepAnchor);
+        edit.insertText(changed);
     }
     edit.endEditBlock();
-    forgetMatches();
     m_notice->show(tr("%n place(s) replaced. Undo takes all of them back.", nullptr, replaced));
 }
 

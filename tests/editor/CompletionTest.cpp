@@ -50,8 +50,7 @@ TEST_F(Completion, threeLettersAfterADotBringThePopup)
     EXPECT_FALSE(completer->popup()->isVisible()) << "the names are there, unasked they are not shown";
     type("pat");
     ASSERT_TRUE(popupComes());
-    EXPECT_EQ(shown(), (QStringList{QStringLiteral("path"), QStringLiteral("pathconf"),
-                                    QStringLiteral("pathconf_names"), QStringLiteral("pathsep")}));
+    EXPECT_EQ(shown().join(' ').toStdString(), "path pathconf pathconf_names PathLike pathsep");
     QTest::keyClick(completer->popup(), Qt::Key_Down);
     QTest::keyClick(completer->popup(), Qt::Key_Return);
     EXPECT_EQ(text(), "import os\nos.pathconf");
@@ -84,7 +83,7 @@ TEST_F(Completion, controlSpaceShowsTheNamesWhateverWasTyped)
 TEST_F(Completion, anEditorThatClosesDoesNotWaitForItsCompletion)
 {
     ASSERT_TRUE(python("import jedi, time\n"
-                       "def slow(text):\n    global slow_ended\n    try:\n        while True: pass\n"
+                       "def slow(text):\n    global slow_ended\n    try:\n        while True: time.time()\n"
                        "    finally: slow_ended = True\n"
                        "def sleeping(text):\n    time.sleep(2)\n    return ['late']\n"
                        "kept_interpreter = jedi.Interpreter\n"
@@ -114,6 +113,7 @@ TEST_F(Completion, anEditorThatClosesDoesNotWaitForItsCompletion)
 TEST_F(Completion, aFailureInsideSwitchesItOffForThisEditorAndWhoAsksIsToldOnce)
 {
     ASSERT_TRUE(python("import jedi\nkept_interpreter = jedi.Interpreter\njedi.Interpreter = None\n"));
+    view.moveCursor(QTextCursor::End);
     key(Qt::Key_Space, Qt::ControlModifier);
     ASSERT_TRUE(QTest::qWaitFor([&] { return !completer->isAvailable(); }, 20'000));
     EXPECT_EQ(notice(), "");
@@ -130,7 +130,7 @@ TEST_F(Completion, aFailureInsideSwitchesItOffForThisEditorAndWhoAsksIsToldOnce)
     auto* none = without.findChild<HVPythonCodeCompleter*>();
     EXPECT_FALSE(none->isAvailable());
     EXPECT_TRUE(none->error().contains(QStringLiteral("jedi"))) << none->error().toStdString();
-    QTest::keyClicks(&without, QStringLiteral("import os\nos.path"));
+    QTest::keyClicks(&without, QStringLiteral("os.path"));
     ASSERT_TRUE(python("sys.modules['jedi'] = kept_jedi\n"));
 }
 

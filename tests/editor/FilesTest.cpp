@@ -49,7 +49,7 @@ TEST_F(Files, savesInTheFilesOwnFormAndNothingWhenTheDiskIsFull)
     EXPECT_FALSE(view.loadFile(path + QStringLiteral("x")));
     EXPECT_EQ(view.filename(), path);
     view.moveCursor(QTextCursor::End);
-    type("z\xc2\xa0= 2");
+    view.insertPlainText(QStringLiteral("z\u00a0= 2"));
     EXPECT_TRUE(view.saveToFile());
     EXPECT_EQ(contents(path), QByteArray("x = 1\r\ny = '\xc3\xa4'\r\nz\xc2\xa0= 2"));
 
@@ -113,6 +113,7 @@ TEST_F(Files, changesByOtherProgramsAreSeen)
     EXPECT_FALSE(view.document()->isModified());
     EXPECT_EQ(view.breakpoints(), std::set<qint32>{3});
 
+    view.goToLine(1);
     type("mine ");
     write(path, "theirs\n");
     ASSERT_TRUE(QTest::qWaitFor([&] { return notice().find("and here as well") != std::string::npos; }, 5000));
@@ -181,10 +182,9 @@ TEST_F(Files, sessionsComeBack)
     HVPythonTextEdit other;
     EXPECT_FALSE(other.LoadObjectSession(element));
     EXPECT_TRUE(view.SaveObjectSession(element));
-    EXPECT_EQ(document.toString(-1),
-              QStringLiteral("<window><PythonEditorInternal filename=\"%1\" cursorPosition=\"6\"/>"
-                             "</window>")
-                  .arg(path));
+    const QDomElement own = element.firstChildElement(QStringLiteral("PythonEditorInternal"));
+    EXPECT_EQ(own.attribute(QStringLiteral("filename")), path);
+    EXPECT_EQ(own.attribute(QStringLiteral("cursorPosition")), QStringLiteral("6"));
     EXPECT_TRUE(other.LoadObjectSession(element));
     EXPECT_EQ(other.filename(), path);
     EXPECT_EQ(other.textCursor().position(), 6);

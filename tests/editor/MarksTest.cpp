@@ -70,7 +70,7 @@ TEST_F(Marks, clicksSetAndRemoveBreakpointsWhichArePainted)
     clickGutter(3);
     EXPECT_EQ(takeLog(), "-:3 ");
     key(Qt::Key_F9);
-    EXPECT_EQ(lines(), "1 ");
+    EXPECT_EQ(lines(), "3 ") << "where the cursor is";
     fixture::write(path, "x\n");
     ASSERT_TRUE(view.loadFile(path));
     EXPECT_EQ(lines(), "");
