@@ -91,14 +91,15 @@ bool HVPythonTextEdit::loadFile(const QString& path)
 
 void HVPythonTextEdit::setFilename(const QString& path)
 {
-    const QString before = std::exchange(m_filename, path);
-    if (before == path)
+    if (path == m_filename)
         return;
+    // Announced while the old name is still the editor's.
+    for (const qint32 line : m_breakpoints)
+        Q_EMIT breakpointRemoved(m_filename, line);
+    m_filename = path;
     m_watch->watch(path);
-    for (const qint32 line : m_breakpoints) {
-        Q_EMIT breakpointRemoved(before, line);
-        Q_EMIT breakpointAdded(path, line);
-    }
+    for (const qint32 line : m_breakpoints)
+        Q_EMIT breakpointAdded(m_filename, line);
 }
 
 bool HVPythonTextEdit::writeText(const QString& path, QString& error) const

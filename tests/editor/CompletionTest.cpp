@@ -73,6 +73,11 @@ TEST_F(Completion, controlSpaceShowsTheNamesWhateverWasTyped)
     ASSERT_TRUE(popupComes());
     EXPECT_TRUE(shown().contains(QStringLiteral("utils"))) << shown().join(' ').toStdString();
     completer->popup()->hide();
+    setText("from strativo_python import vec3\nvec3(1, 2, 3).normalize().");
+    key(Qt::Key_Space, Qt::ControlModifier);
+    ASSERT_TRUE(popupComes());
+    EXPECT_TRUE(shown().contains(QStringLiteral("normalize"))) << "what a method returns is known from the stubs";
+    completer->popup()->hide();
     setText("import colorsys\ncolorsys.hls_to_rgb");
     key(Qt::Key_Space, Qt::ControlModifier);
     ASSERT_TRUE(QTest::qWaitFor([&] { return shown() == QStringList(QStringLiteral("hls_to_rgb")); }, 20'000));
