@@ -7,18 +7,24 @@
 #include <QAbstractItemView>
 #include <QScrollBar>
 
+#include <algorithm>
+
 namespace {
 
 /// Shorter words get their names computed, but nothing is shown unasked.
 constexpr int g_shownFrom = 3;
 
-/// The word before and around the cursor. What is not one is `noWord`: a lone separator, or what follows a dot.
+/// The word before and around the cursor. What is not one is `noWord`: a lone separator, a run of them such as the end
+/// of a call, or what follows a dot. Underscores in a row are the beginning of a name.
 QTextCursor wordBefore(QTextCursor cursor, bool& noWord)
 {
     cursor.movePosition(QTextCursor::WordLeft);
     cursor.movePosition(QTextCursor::EndOfWord, QTextCursor::KeepAnchor);
     const QString word = cursor.selectedText();
-    noWord = (word.size() == 1 && editor::isWordSeparator(word.at(0))) || word.startsWith(QLatin1Char('.'));
+    const bool separators = std::all_of(word.begin(), word.end(), [&](QChar c) {
+        return editor::isWordSeparator(c) && (c != QLatin1Char('_') || word.size() == 1);
+    });
+    noWord = separators || word.startsWith(QLatin1Char('.'));
     return cursor;
 }
 

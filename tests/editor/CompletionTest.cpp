@@ -23,6 +23,13 @@ protected:
     {
         return QTest::qWaitFor([&] { return !completer->isComputing() && !completer->needsRefresh(); }, 20'000);
     }
+    /// Ctrl+Space at the end of `text`, while no earlier request is being answered.
+    void ask(const char* text)
+    {
+        setText(text);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !completer->isComputing(); }, 20'000));
+        key(Qt::Key_Space, Qt::ControlModifier);
+    }
     QStringList shown() const
     {
         QStringList names;
@@ -59,8 +66,7 @@ TEST_F(Completion, threeLettersAfterADotBringThePopup)
 
 TEST_F(Completion, controlSpaceShowsTheNamesWhateverWasTyped)
 {
-    setText("import os.path\nos.path.");
-    key(Qt::Key_Space, Qt::ControlModifier);
+    ask("import os.path\nos.path.");
     ASSERT_TRUE(popupComes());
     EXPECT_TRUE(shown().contains(QStringLiteral("join")));
     view.findChild<HVPythonCodeCompleter*>()->popup()->hide();
@@ -68,18 +74,15 @@ TEST_F(Completion, controlSpaceShowsTheNamesWhateverWasTyped)
     EXPECT_EQ(text(), "import os.path\nos.path.join") << "the dot stays";
     type(".");
     ASSERT_TRUE(settled());
-    setText("import strativo_python\nstrativo_python.");
-    key(Qt::Key_Space, Qt::ControlModifier);
+    ask("import strativo_python\nstrativo_python.");
     ASSERT_TRUE(popupComes());
     EXPECT_TRUE(shown().contains(QStringLiteral("utils"))) << shown().join(' ').toStdString();
     completer->popup()->hide();
-    setText("from strativo_python import vec3\nvec3(1, 2, 3).normalize().");
-    key(Qt::Key_Space, Qt::ControlModifier);
+    ask("from strativo_python import vec3\nvec3(1, 2, 3).normalize().");
     ASSERT_TRUE(popupComes());
     EXPECT_TRUE(shown().contains(QStringLiteral("normalize"))) << "what a method returns is known from the stubs";
     completer->popup()->hide();
-    setText("import colorsys\ncolorsys.hls_to_rgb");
-    key(Qt::Key_Space, Qt::ControlModifier);
+    ask("import colorsys\ncolorsys.hls_to_rgb");
     ASSERT_TRUE(QTest::qWaitFor([&] { return shown() == QStringList(QStringLiteral("hls_to_rgb")); }, 20'000));
     QTest::qWait(20);
     EXPECT_FALSE(completer->popup()->isVisible()) << "nothing to add";
@@ -110,8 +113,7 @@ TEST_F(Completion, anEditorThatClosesDoesNotWaitForItsCompletion)
     }
     EXPECT_TRUE(python("slow_ended")) << "a computation in Python code is ended";
     // Others go on.
-    setText("import os\nos.pat");
-    key(Qt::Key_Space, Qt::ControlModifier);
+    ask("import os\nos.pat");
     EXPECT_TRUE(popupComes());
 }
 
