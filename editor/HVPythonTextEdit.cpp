@@ -1,125 +1,138 @@
 #include "editor/HVPythonTextEdit.h"
 
+#include "editor/EditorColours.h"
+#include "editor/FileWatch.h"
+#include "editor/HVPythonCodeCompleter.h"
+#include "editor/HVPythonLineNumberArea.h"
+#include "editor/HVPythonSyntaxHighlighter.h"
+#include "editor/HVPythonTextSearchWidget.h"
+#include "editor/NoticeBar.h"
+#include "editor/RecoveryCopy.h"
+#include "editor/ShiftEnterFilter.h"
 #include "host/services/HVIconStore.h"
+#include "runtime/HVPythonDocumentation.h"
 
+#include <QAbstractItemView>
 #include <QAction>
-#include <QCloseEvent>
-#include <QFileDialog>
+#include <QContextMenuEvent>
+#include <QDomDocument>
 #include <QFileInfo>
-#include <QFontDatabase>
-#include <QMessageBox>
-#include <QSaveFile>
-#include <QTextBlock>
+#include <QMenu>
+#include <QPointer>
+#include <QScrollBar>
+#include <QStringListModel>
+
+namespace {
+
+const QString g_defaultText =
+    QStringLiteral("# -*- coding: utf-8 -*-\n# Press F8 to execute the contents of the editor.\n"
+                   "# Execute the 'help()' command to open Strativo's Python documentation\n\n");
+const QString g_sessionElement = QStringLiteral("PythonEditorInternal");
+
+QAction* makeAction(HVPythonTextEdit* editor, const char* icon, const QString& text, const QKeySequence& shortcut)
+{
+    auto* action = new QAction(HVIconStore::icon(QLatin1String(icon)), text, editor);
+    // Shown in menus. The keys are handled by keyPressEvent(): as shortcuts they would compete with the main window's.
+    action->setShortcut(shortcut);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    if (!shortcut.isEmpty())
+        action->setToolTip(QStringLiteral("%1 (%2)").arg(text, shortcut.toString(QKeySequence::NativeText)));
+    return action;
+}
+
+} // namespace
 
 HVPythonTextEdit::HVPythonTextEdit(QWidget* parent)
-    : QPlainTextEdit(parent),
-      m_save(new QAction(HVIconStore::icon(QStringLiteral("save24")), QStringLiteral("Save..."), this)),
-      m_execute(new QAction(HVIconStore::icon(QStringLiteral("pythonrun24")), QStringLiteral("Execute"), this))
+    : QPlainTextEdit(parent), m_highlighter(new HVPythonSyntaxHighlighter(document()))
 {
-    setPlainText(QStringLiteral("# -*- coding: utf-8 -*-\n# Press F8 to execute the contents of the editor.\n"
-                                "# Execute the 'help()' command to open Strativo's Python documentation\n\n"));
-    moveCursor(QTextCursor::End);
-    document()->setModified(false);
-    setWindowIcon(HVIconStore::icon(QStringLiteral("pythoneditor24")));
-    setMinimumSize(500, 300);
-    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    setTabStopDistance(4 * fontMetrics().horizontalAdvance(QLatin1Char(' ')));
     setLineWrapMode(NoWrap);
-    // The keys are handled by keyPressEvent(): as shortcuts they would compete with those of the main window.
-    m_save->setShortcut(QKeySequence::Save);
-    m_save->setShortcutContext(Qt::WidgetShortcut);
-    m_execute->setShortcut(Qt::Key_F8);
-    m_execute->setShortcutContext(Qt::WidgetShortcut);
+    setPlainText(g_defaultText);
+    document()->setModified(false);
+    installEventFilter(new ShiftEnterFilter(this));
+    m_lineNumberArea = new HVPythonLineNumberArea(this);
+    m_searchBar = new HVPythonTextSearchWidget(this);
+    m_searchBar->hide();
+    m_notice = new editor::NoticeBar(this);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setFocus();
+
+    applyColours();
+    setWindowIcon(HVIconStore::icon(QStringLiteral("pythoneditor24")));
+    setWindowTitle(QStringLiteral("Python Editor"));
+    setMinimumSize(500, 300);
+    setCenterOnScroll(true);
+    applyFont(settingsFont());
+
+    m_watch = std::make_unique<editor::FileWatch>();
+    m_recovery = std::make_unique<editor::RecoveryCopy>([this] {
+        return editor::UnsavedText{m_filename, plainText()};
+    });
+    makeActions();
+    connectSignals();
+    m_lineCount = blockCount();
+    updateLineNumberAreaWidth();
+    highlightLines();
+    makeCompleter();
+}
+
+HVPythonTextEdit::~HVPythonTextEdit()
+{
+    clearBreakpoints();
+    disconnect(this, &QPlainTextEdit::textChanged, this, nullptr);
+    document()->disconnect(this);
+    delete m_completer;
+}
+
+void HVPythonTextEdit::makeActions()
+{
+    m_save = makeAction(this, "save24", QStringLiteral("Save..."), QKeySequence::Save);
+    m_execute = makeAction(this, "pythonrun24", QStringLiteral("Execute"), QStringLiteral("F8"));
+    m_search = makeAction(this, "zoommode16", QStringLiteral("Search..."), QStringLiteral("Ctrl+Shift+F"));
+    m_documentation =
+        makeAction(this, "python_doc_24", QStringLiteral("Search Strativo Python Documentation..."), QKeySequence());
     connect(m_save, &QAction::triggered, this, &HVPythonTextEdit::saveToFile);
     connect(m_execute, &QAction::triggered, this, &HVPythonTextEdit::execute);
+    connect(m_search, &QAction::triggered, this, [this] {
+        showSearchBar();
+        m_searchBar->setText(m_search->data().toString());
+    });
+    connect(m_documentation, &QAction::triggered, this,
+            [this] { HVPythonDocumentation::openAndSearchForTargetString(m_documentation->data().toString()); });
+}
+
+void HVPythonTextEdit::connectSignals()
+{
     connect(document(), &QTextDocument::modificationChanged, this, &HVPythonTextEdit::updateWindowTitle);
-    connect(this, &QPlainTextEdit::textChanged, this, &HVPythonTextEdit::clearErrors);
+    connect(document(), &QTextDocument::contentsChange, this, &HVPythonTextEdit::moveMarks);
+    connect(this, &QPlainTextEdit::blockCountChanged, this, &HVPythonTextEdit::updateLineNumberAreaWidth);
+    connect(this, &QPlainTextEdit::updateRequest, this, &HVPythonTextEdit::updateLineNumberArea);
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &HVPythonTextEdit::highlightLines);
-    updateWindowTitle();
-    highlightLines();
+    connect(this, &QPlainTextEdit::textChanged, this, &HVPythonTextEdit::onTextChanged);
+    connect(this, &QPlainTextEdit::textChanged, this, &HVPythonTextEdit::keepUnsavedText);
+    connect(document(), &QTextDocument::modificationChanged, this, &HVPythonTextEdit::keepUnsavedText);
+    connect(m_watch.get(), &editor::FileWatch::changed, this, &HVPythonTextEdit::reportFileChange);
+    connect(m_searchBar, &HVPythonTextSearchWidget::startSearch, this, &HVPythonTextEdit::search);
+    connect(m_searchBar, &HVPythonTextSearchWidget::nextRequested, this, [this] { selectSearchResult(+1); });
+    connect(m_searchBar, &HVPythonTextSearchWidget::previousRequested, this, [this] { selectSearchResult(-1); });
+    connect(m_searchBar, &HVPythonTextSearchWidget::replaceRequested, this, &HVPythonTextEdit::showReplaceBar);
+    connect(m_searchBar, &HVPythonTextSearchWidget::closeRequested, this, &HVPythonTextEdit::hideSearchBar);
 }
 
-bool HVPythonTextEdit::loadFile(const QString& path)
+void HVPythonTextEdit::makeCompleter()
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    setPlainText(QString::fromUtf8(file.readAll()));
-    document()->setModified(false);
-    setFilename(path);
-    return true;
+    m_completer = new HVPythonCodeCompleter(this);
+    m_completer->setWidget(this);
+    m_completer->setCompletionMode(QCompleter::PopupCompletion);
+    m_completer->setCaseSensitivity(Qt::CaseInsensitive);
+    m_completer->setModel(new QStringListModel(m_completer));
+    connect(m_completer, qOverload<const QString&>(&QCompleter::activated), this,
+            &HVPythonTextEdit::insertAutoCompletion);
 }
 
-bool HVPythonTextEdit::saveToFile()
+std::vector<QAction*> HVPythonTextEdit::editorActions() const
 {
-    QString path = m_filename;
-    if (path.isEmpty()) {
-        path = QFileDialog::getSaveFileName(this, tr("Save Script"), QString(), tr("Python scripts (*.py)"));
-        if (path.isEmpty())
-            return true;
-        if (QFileInfo(path).suffix().isEmpty())
-            path += QStringLiteral(".py");
-    }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(toPlainText().toUtf8()) < 0 || !file.commit()) {
-        QMessageBox::information(this, QStringLiteral("Python"),
-                                 QStringLiteral("Unable to save file %1. The following error occurred: <b>%2</b>")
-                                     .arg(path, file.errorString()));
-        return false;
-    }
-    document()->setModified(false);
-    setFilename(path);
-    return true;
-}
-
-void HVPythonTextEdit::setFilename(const QString& path)
-{
-    m_filename = path;
-    updateWindowTitle();
-}
-
-void HVPythonTextEdit::execute()
-{
-    Q_EMIT sendActionToMdi(this, this, QStringLiteral("EXECUTE_PYTHON_IN_EDITOR"));
-}
-
-void HVPythonTextEdit::errorDetected(std::string filename, std::string /*function*/, long line)
-{
-    // A script without a file is compiled under a name in angle brackets.
-    const QString failed = QString::fromStdString(filename);
-    if (line < 1 || (m_filename.isEmpty() ? !failed.startsWith(QLatin1Char('<')) : failed != m_filename))
-        return;
-    m_errorLine = line;
-    const QTextBlock block = document()->findBlockByNumber(static_cast<int>(line) - 1);
-    if (block.isValid())
-        setTextCursor(QTextCursor(block));
-    ensureCursorVisible();
-    highlightLines();
-}
-
-void HVPythonTextEdit::clearErrors()
-{
-    m_errorLine = -1;
-    highlightLines();
-}
-
-void HVPythonTextEdit::highlightLines()
-{
-    const bool dark = palette().color(QPalette::Base).lightness() < 128;
-    QList<QTextEdit::ExtraSelection> lines;
-    const auto mark = [&](const QTextCursor& cursor, const QColor& colour) {
-        QTextEdit::ExtraSelection line;
-        line.cursor = cursor;
-        line.cursor.clearSelection();
-        line.format.setBackground(colour);
-        line.format.setProperty(QTextFormat::FullWidthSelection, true);
-        lines.append(line);
-    };
-    mark(textCursor(), dark ? QColor(0x2d333b) : QColor(0xfff8dc));
-    if (m_errorLine > 0)
-        mark(QTextCursor(document()->findBlockByNumber(static_cast<int>(m_errorLine) - 1)),
-             dark ? QColor(0x5c2b2e) : QColor(0xffd6d6));
-    setExtraSelections(lines);
+    return {m_save, m_execute, m_documentation, m_search};
 }
 
 void HVPythonTextEdit::updateWindowTitle()
@@ -130,34 +143,81 @@ void HVPythonTextEdit::updateWindowTitle()
     setWindowTitle(title);
 }
 
-void HVPythonTextEdit::keyPressEvent(QKeyEvent* event)
+void HVPythonTextEdit::execute()
 {
-    if (event->matches(QKeySequence::Save))
-        saveToFile();
-    else if (event->key() == Qt::Key_F8 && event->modifiers() == Qt::NoModifier)
-        execute();
-    else
-        QPlainTextEdit::keyPressEvent(event);
+    Q_EMIT sendActionToMdi(this, this, QStringLiteral("EXECUTE_PYTHON_IN_EDITOR"));
+}
+
+void HVPythonTextEdit::onTextChanged()
+{
+    driveCompletion();
+    if (m_errorLine != -1) {
+        m_errorLine = -1;
+        highlightLines();
+    }
+}
+
+bool HVPythonTextEdit::SaveObjectSession(QDomElement& element) const
+{
+    QDomElement own = element.ownerDocument().createElement(g_sessionElement);
+    own.setAttribute(QStringLiteral("filename"), m_filename);
+    own.setAttribute(QStringLiteral("cursorPosition"), textCursor().position());
+    element.appendChild(own);
+    return true;
+}
+
+bool HVPythonTextEdit::LoadObjectSession(const QDomElement& element)
+{
+    const QDomElement own = element.firstChildElement(g_sessionElement);
+    if (own.isNull())
+        return false;
+    const QString path = own.attribute(QStringLiteral("filename"));
+    if (!path.isEmpty() && !loadFile(path))
+        return false;
+    QTextCursor cursor = textCursor();
+    const int position = own.attribute(QStringLiteral("cursorPosition")).toInt();
+    cursor.setPosition(qBound(0, position, document()->characterCount() - 1)); // the file may have become shorter
+    setTextCursor(cursor);
+    ensureCursorVisible();
+    return true;
+}
+
+void HVPythonTextEdit::contextMenuEvent(QContextMenuEvent* event)
+{
+    QTextCursor under = cursorForPosition(event->pos());
+    under.select(QTextCursor::WordUnderCursor);
+    const QString word = under.selectedText();
+    // A selection that was made to be copied stays.
+    const QTextCursor selection = textCursor();
+    if (under.position() < selection.selectionStart() || under.anchor() > selection.selectionEnd() ||
+        !selection.hasSelection())
+        setTextCursor(under);
+    m_search->setText(word.isEmpty() ? QStringLiteral("Search...") : QStringLiteral("Search for '%1'").arg(word));
+    m_documentation->setText(word.isEmpty()
+                                 ? QStringLiteral("Search Strativo Python Documentation...")
+                                 : QStringLiteral("Search Strativo Python Documentation for '%1'").arg(word));
+    m_search->setData(word);
+    m_documentation->setData(word);
+
+    const QPointer<QMenu> menu = createStandardContextMenu(event->pos());
+    QAction* first = menu->actions().value(0);
+    menu->insertActions(first, {m_search, m_documentation, m_execute, m_save});
+    menu->insertSeparator(first);
+    menu->exec(event->globalPos());
+    delete menu; // unless the editor took it along
 }
 
 void HVPythonTextEdit::changeEvent(QEvent* event)
 {
     QPlainTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        highlightLines();
+    if (event->type() == QEvent::PaletteChange && m_notice)
+        applyColours();
 }
 
-void HVPythonTextEdit::closeEvent(QCloseEvent* event)
+void HVPythonTextEdit::resizeEvent(QResizeEvent* event)
 {
-    if (!document()->isModified()) {
-        event->accept();
-        return;
-    }
-    const auto answer = QMessageBox::question(
-        this, QStringLiteral("Python"),
-        QStringLiteral("This editor contains unsaved changes. Save these changes before closing?"),
-        QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
-    const bool close =
-        answer == QMessageBox::No || (answer == QMessageBox::Yes && saveToFile() && QFileInfo::exists(m_filename));
-    event->setAccepted(close);
+    QPlainTextEdit::resizeEvent(event);
+    placeBars();
+    const QRect contents = contentsRect();
+    m_lineNumberArea->setGeometry(contents.left(), contents.top(), lineNumberAreaWidth(), contents.height());
 }

@@ -1,51 +1,183 @@
 #pragma once
 
+#include "editor/ScriptText.h"
+#include "host/services/HVObjectSerialization.h"
 #include "runtime/CodeEditor.h"
 
 #include <QPlainTextEdit>
 
+#include <memory>
+#include <set>
+#include <vector>
+
+class HVPythonCodeCompleter;
+class HVPythonLineNumberArea;
+class HVPythonReplaceWidget;
+class HVPythonSyntaxHighlighter;
+class HVPythonTextSearchWidget;
+
+namespace editor {
+class FileWatch;
+class NoticeBar;
+class RecoveryCopy;
+} // namespace editor
+
 /// editor: the windows in which scripts are written and watched.
 
-/// A plain editor for one Python file: it loads, saves and marks the line of the last error. It does not run code;
-/// its Execute action asks the main window to.
+/// The editor of one Python file: line numbers with breakpoints, search, completion, marks for the current line, the
+/// line where execution is paused and the line of the last error. It does not run code; Execute asks the main window
+/// to. Lines are counted from 1, -1 is none.
 ///
 /// GUI thread only. The execution context uses an editor during a run, so it must outlive the run.
-class HVPythonTextEdit : public QPlainTextEdit, public python::CodeEditor
+class HVPythonTextEdit : public QPlainTextEdit, public HVObjectSerialization, public python::CodeEditor
 {
     Q_OBJECT
 
 public:
     explicit HVPythonTextEdit(QWidget* parent = nullptr);
+    ~HVPythonTextEdit() override;
 
-    /// Replaces the text by the file's, read as UTF-8; false and unchanged when the file cannot be read.
+    /// Replaces the text by the file's (see ScriptText.h for encodings and line ends) and drops breakpoints and error
+    /// marks; false and unchanged when the file cannot be opened.
     bool loadFile(const QString& path);
     /// Asks for a file when there is none yet; true also when the user cancels that. A failed write is reported in a
     /// box and leaves the file as it was and the document modified.
     bool saveToFile();
+    /// Breakpoints move to the new name with the text.
     void setFilename(const QString& path);
     QString filename() const { return m_filename; }
+    void updateWindowTitle();
 
+    /// Asks for the text to be run: sends "EXECUTE_PYTHON_IN_EDITOR".
     void execute();
-    QList<QAction*> editorActions() const { return {m_save, m_execute}; }
+    /// Save, Execute, Documentation search, Search.
+    std::vector<QAction*> editorActions() const;
 
+    /// Marks `line`, whichever file the error was in, and puts the cursor below it.
     void errorDetected(std::string filename, std::string function, long line) override;
     void clearErrors() override;
-    QString plainText() const override { return toPlainText(); }
+    /// Unlike toPlainText() this keeps no-break spaces.
+    QString plainText() const override { return editor::documentText(*document()); }
+
+    /// Execution is paused at `line`, or goes on (-1).
+    void breakpointHit(int line);
+    void clearBreakpoints();
+    const std::set<qint32>& breakpoints() const { return m_breakpoints; }
+    /// As a click in the gutter does.
+    void toggleBreakpoint(int line);
+
+    int lineNumberAreaWidth() const;
+    void updateLineNumberAreaWidth(int blockCount = 0);
+    void updateLineNumberArea(const QRect& rectangle, int dy);
+    void onTextChanged();
+
+    bool SaveObjectSession(QDomElement& element) const override;
+    bool LoadObjectSession(const QDomElement& element) override;
+
+    /// Next or previous match of the last search, around the ends of the text.
+    void findNext();
+    void findPrevious();
+    void showReplaceBar();
+    /// Asks for the line when none is given.
+    void goToLine(int line = -1);
+
+    /// The text as it was when the application ended without saving it; see RecoveryCopy.h.
+    void restoreUnsaved(const QString& path, const QString& text);
 
 Q_SIGNALS:
+    void breakpointAdded(const QString& filename, int line);
+    void breakpointRemoved(const QString& filename, int line);
     void sendActionToMdi(QObject* sender, QObject* target, const QString& action);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void updateWindowTitle();
-    void highlightLines();
+    friend class HVPythonLineNumberArea;
 
+    void makeActions();
+    void makeCompleter();
+    void connectSignals();
+
+    // Files
+    bool readText(const QString& path);
+    bool writeText(const QString& path, QString& error) const;
+    bool mayOverwrite();
+    void readAgain();
+    void reportFileChange();
+    void keepUnsavedText();
+
+    // Keys
+    void controlKeyPressed(QKeyEvent* event);
+    bool editingKeyPressed(QKeyEvent* event);
+    bool commandKeyPressed(QKeyEvent* event);
+    void plainKeyPressed(QKeyEvent* event);
+    void insertNewLine(QKeyEvent* event);
+    static QFont settingsFont();
+    void applyFont(const QFont& font);
+    void changeFontSize(int delta);
+
+    // Marks
+    void applyColours();
+    void highlightLines();
+    void addBreakpoint(int line);
+    void removeBreakpoint(int line);
+    void moveMarks(int position);
+    void lineNumberAreaPaintEvent(QPaintEvent* event);
+    void lineNumberMousePressEvent(QMouseEvent* event);
+    QTextCursor cursorAtLine(int line) const;
+
+    // Search
+    void search(const QString& text);
+    void collectMatches(const QString& text);
+    int selectSearchResult(int delta);
+    void setCurrentMatch(int index);
+    void forgetMatches();
+    void findFromCursor(bool backward);
+    void showSearchBar();
+    void hideSearchBar();
+    void placeBars();
+    void replaceCurrent(const QString& replacement);
+    void replaceAll(const QString& replacement);
+
+    // Completion
+    QString textUnderCursor() const;
+    QString textFromStartToCursor() const;
+    void insertAutoCompletion(const QString& text);
+    void showCompletorRect();
+    void requestCompletion(bool showWhenReady, bool explicitly = false);
+    void driveCompletion();
+
+    HVPythonSyntaxHighlighter* m_highlighter;
+    QList<QTextEdit::ExtraSelection> m_searchResults;
+    std::set<qint32> m_breakpoints;
     QString m_filename;
-    QAction* m_save;
-    QAction* m_execute;
-    long m_errorLine = -1;
+    HVPythonCodeCompleter* m_completer = nullptr;
+    HVPythonTextSearchWidget* m_searchBar;
+    HVPythonReplaceWidget* m_replaceBar = nullptr; // made when first shown
+    HVPythonLineNumberArea* m_lineNumberArea;
+    editor::NoticeBar* m_notice = nullptr;
+    QAction* m_save = nullptr;
+    QAction* m_execute = nullptr;
+    QAction* m_search = nullptr;
+    QAction* m_documentation = nullptr;
+    qint32 m_currentSearchResult = 0;
+    qint32 m_breakpointHitLine = -1;
+    qint32 m_errorLine = -1;
+
+    editor::TextForm m_form;
+    int m_lineCount = 1; // before the edit that is under way
+    bool m_replacingText = false;
+    bool m_unavailableTold = false;
+    QMetaObject::Connection m_showWhenReady;
+    std::unique_ptr<editor::FileWatch> m_watch;
+    std::unique_ptr<editor::RecoveryCopy> m_recovery;
 };

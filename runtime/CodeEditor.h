@@ -13,7 +13,8 @@ class CodeEditor
 public:
     virtual ~CodeEditor() = default;
 
-    /// Marks `line` (1-based) when `filename` is the file this editor shows. `function` is empty for a syntax error.
+    /// An error at `line` (1-based) of `filename`, which may be another file than the editor's. `function` is empty for
+    /// a syntax error.
     virtual void errorDetected(std::string filename, std::string function, long line) = 0;
     virtual void clearErrors() = 0;
     /// The whole text, lines separated by "\n".

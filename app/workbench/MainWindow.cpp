@@ -2,6 +2,7 @@
 
 #include "app/workbench/EmptyWorkspace.h"
 #include "app/workbench/MainMenus.h"
+#include "app/workbench/OpenScripts.h"
 #include "app/workbench/RecentScripts.h"
 #include "app/workbench/RunIndicator.h"
 #include "editor/HVPythonTextEdit.h"
@@ -266,11 +267,13 @@ void MainWindow::closeEvent(QCloseEvent* event)
         event->ignore();
         return;
     }
+    const QByteArray session = openScripts(*this);
     m_workspace->closeAllSubWindows();
     if (!m_workspace->subWindowList().isEmpty()) {
         event->ignore();
         return;
     }
+    keepOpenScripts(session);
     QSettings settings;
     settings.setValue(g_geometryKey, saveGeometry());
     settings.setValue(g_stateKey, saveState(g_stateVersion));

@@ -4,10 +4,13 @@
 #include "app/workbench/AppWrapper.h"
 #include "app/workbench/DebuggerDock.h"
 #include "app/workbench/MainWindow.h"
+#include "app/workbench/OpenScripts.h"
 #include "app/workbench/PluginMenu.h"
 #include "app/workbench/RunIndicator.h"
+#include "app/workbench/ScriptFiles.h"
 #include "app/workbench/ScriptName.h"
 #include "app/workbench/Theme.h"
+#include "editor/CompletionEngine.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
 #include "host/widgets/HVMessageWindow.h"
@@ -29,6 +32,7 @@ namespace {
 constexpr int g_statusLeft = 0;
 constexpr int g_statusFailed = 1;
 constexpr int g_statusNotStarted = 2;
+constexpr int g_warmUpDelay = 500; // milliseconds, once the windows are on the screen
 
 struct Options
 {
@@ -107,6 +111,7 @@ int run(int& argc, char** argv)
         return refuseToStart(missing);
 
     applyTheme(storedTheme());
+    const ScriptFiles scriptFiles;
     MainWindow window;
     AppWrapper app(window);
     int status = g_statusLeft;
@@ -131,6 +136,11 @@ int run(int& argc, char** argv)
         window.show();
         if (!options.project.isEmpty())
             window.openProject(options.project);
+        // A picture shows what the command line asks for, nothing of the user's.
+        if (options.screenshot.isEmpty()) {
+            restoreOpenScripts(window);
+            QTimer::singleShot(g_warmUpDelay, &window, &editor::CompletionEngine::warmUp);
+        }
         HVPythonTextEdit* first = nullptr;
         for (const QString& script : options.scripts) {
             HVPythonTextEdit* editor = window.openScript(script);

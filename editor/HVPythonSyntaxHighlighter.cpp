@@ -1,0 +1,64 @@
+#include "editor/HVPythonSyntaxHighlighter.h"
+
+#include <QFont>
+
+using editor::PythonToken;
+
+namespace {
+
+QTextCharFormat makeFormat(const QColor& colour, int weight)
+{
+    QTextCharFormat format;
+    format.setForeground(colour);
+    format.setFontWeight(weight);
+    return format;
+}
+
+} // namespace
+
+HVPythonSyntaxHighlighter::HVPythonSyntaxHighlighter(QTextDocument* document) : QSyntaxHighlighter(document)
+{
+    makeFormats(false);
+}
+
+void HVPythonSyntaxHighlighter::makeFormats(bool dark)
+{
+    const QColor word = dark ? QColor(0x79b8ff) : QColor(Qt::blue);
+    const QColor string = dark ? QColor(0xf0a0e8) : QColor(Qt::magenta);
+    const QColor comment = dark ? QColor(0x7fc987) : QColor(Qt::darkGreen);
+    m_formats = {makeFormat(word, QFont::Bold), makeFormat(word, QFont::Light), makeFormat(string, QFont::Light),
+                 makeFormat(comment, QFont::Light), makeFormat(comment, QFont::ExtraBold)};
+}
+
+void HVPythonSyntaxHighlighter::setDark(bool dark)
+{
+    if (std::exchange(m_dark, dark) == dark)
+        return;
+    makeFormats(dark);
+    rehighlight();
+}
+
+std::vector<HVPythonSyntaxHighlighter::Rule> HVPythonSyntaxHighlighter::rules() const
+{
+    std::vector<Rule> rules;
+    const auto add = [&](const QString& pattern, PythonToken token) {
+        rules.push_back({QRegularExpression(pattern), format(token)});
+    };
+    for (const QString& word : editor::pythonKeywords())
+        add(QStringLiteral("\\b%1\\b").arg(word), PythonToken::Keyword);
+    for (const QString& word : editor::pythonBuiltins())
+        add(QStringLiteral("\\b%1\\b").arg(word), PythonToken::Builtin);
+    add(QStringLiteral("\"([^\"]*?)\""), PythonToken::String);
+    add(QStringLiteral("'([^']*?)'"), PythonToken::String);
+    add(QStringLiteral("#[^\n]*"), PythonToken::Comment);
+    add(QStringLiteral("@[^\n]*"), PythonToken::Decorator);
+    return rules;
+}
+
+void HVPythonSyntaxHighlighter::highlightBlock(const QString& text)
+{
+    editor::scanPythonLine(text, m_spans);
+    for (const editor::PythonSpan& span : m_spans)
+        setFormat(span.start, span.length, format(span.token));
+    setCurrentBlockState(0);
+}

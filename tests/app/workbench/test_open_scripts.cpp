@@ -1,0 +1,58 @@
+// Scripts that come back when the application starts again.
+#include "app/workbench/MainWindow.h"
+#include "app/workbench/OpenScripts.h"
+#include "editor/HVPythonTextEdit.h"
+#include "host/services/HVUserData.h"
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTextBlock>
+
+namespace {
+
+using namespace workbench;
+
+TEST(OpenScripts, theNextSessionBeginsWhereTheLastEnded)
+{
+    const QTemporaryDir folder;
+    QStringList paths;
+    for (const char* name : {"a.py", "b & <b>.py", "gone.py"}) {
+        paths << folder.filePath(QString::fromLatin1(name));
+        QFile file(paths.last());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("1\n2\n3\n");
+    }
+    {
+        MainWindow window;
+        window.show();
+        for (const QString& path : paths)
+            window.openScript(path);
+        window.newScript();
+        HVPythonTextEdit* second = window.editors().at(1);
+        second->goToLine(3);
+        window.showEditor(*second);
+        ASSERT_TRUE(window.close());
+    }
+    QFile::remove(paths.takeLast());
+    MainWindow next;
+    next.show();
+    restoreOpenScripts(next);
+    QStringList opened;
+    for (const HVPythonTextEdit* editor : next.editors())
+        opened << editor->filename();
+    EXPECT_EQ(opened.join(' ').toStdString(), paths.join(' ').toStdString());
+    ASSERT_TRUE(next.activeEditor());
+    EXPECT_EQ(next.activeEditor()->filename(), paths.at(1));
+    EXPECT_EQ(next.activeEditor()->textCursor().blockNumber(), 2);
+
+    // A session file of somebody else is no reason not to start.
+    QFile session(hv::userDataDirectory() + QStringLiteral("/session.xml"));
+    ASSERT_TRUE(session.open(QIODevice::WriteOnly));
+    session.write("<session><PythonEditor/>");
+    session.close();
+    MainWindow last;
+    restoreOpenScripts(last);
+    EXPECT_TRUE(last.editors().isEmpty());
+}
+
+} // namespace
