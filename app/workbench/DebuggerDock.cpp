@@ -19,36 +19,17 @@ namespace workbench {
 
 namespace {
 
-// The editor's breakpoints are optional: an editor without a gutter is debugged by breakpoint() and by errors.
-
-template <typename Editor>
-void markStoppedLine(Editor& editor, int line)
+void connectBreakpoints(HVPythonTextEdit* editor, HVPythonDebugger* debugger)
 {
-    if constexpr (requires { editor.breakpointHit(line); })
-        editor.breakpointHit(line);
-}
-
-template <typename Editor>
-void toggleBreakpoint(Editor& editor)
-{
-    if constexpr (requires { editor.toggleBreakpoint(1); })
-        editor.toggleBreakpoint(editor.textCursor().blockNumber() + 1);
-}
-
-template <typename Editor>
-void connectBreakpoints(Editor* editor, HVPythonDebugger* debugger)
-{
-    if constexpr (requires { &Editor::breakpointAdded; }) {
-        // An unsaved script has no file name, but runs under one of its own.
-        const auto nameOf = [editor](const QString& file) { return file.isEmpty() ? scriptName(*editor) : file; };
-        QObject::connect(editor, &Editor::breakpointAdded, debugger, [=](const QString& file, int line) {
-            debugger->addBreakpoint(nameOf(file), line);
-            // Whoever sets a breakpoint wants it to stop.
-            debugger->setDebuggingEnabled(true);
-        });
-        QObject::connect(editor, &Editor::breakpointRemoved, debugger,
-                         [=](const QString& file, int line) { debugger->removeBreakpoint(nameOf(file), line); });
-    }
+    // An unsaved script has no file name, but runs under one of its own.
+    const auto nameOf = [editor](const QString& file) { return file.isEmpty() ? scriptName(*editor) : file; };
+    QObject::connect(editor, &HVPythonTextEdit::breakpointAdded, debugger, [=](const QString& file, int line) {
+        debugger->addBreakpoint(nameOf(file), line);
+        // Whoever sets a breakpoint wants it to stop.
+        debugger->setDebuggingEnabled(true);
+    });
+    QObject::connect(editor, &HVPythonTextEdit::breakpointRemoved, debugger,
+                     [=](const QString& file, int line) { debugger->removeBreakpoint(nameOf(file), line); });
 }
 
 QMenu* findMenu(const QMenuBar& bar, const QString& title)
@@ -110,7 +91,7 @@ void DebuggerDock::addCommands()
     debug->setIcon(HVIconStore::icon(QStringLiteral("pythondebug24")));
     connect(m_window.runIndicator(), &RunIndicator::runningChanged, debug, &QAction::setDisabled);
     add(tr("Toggle Breakpoint"), tr("F9"), tr("Set or remove a breakpoint at the cursor's line"),
-        [](HVPythonTextEdit& editor) { toggleBreakpoint(editor); });
+        [](HVPythonTextEdit& editor) { editor.toggleBreakpoint(editor.textCursor().blockNumber() + 1); });
     tools->addActions(m_debugger->commands().mid(0, 4));
     QAction* runTo = add(tr("Run to Cursor"), tr("Ctrl+F10"), tr("Let the script go on to the cursor's line"),
                          [this](HVPythonTextEdit& editor) {
@@ -136,12 +117,12 @@ HVPythonTextEdit* DebuggerDock::editorOf(const QString& file)
 void DebuggerDock::showStoppedLine(int line)
 {
     if (m_stoppedEditor)
-        markStoppedLine(*m_stoppedEditor, -1);
+        m_stoppedEditor->breakpointHit(-1);
     m_stoppedEditor = line == -1 ? nullptr : editorOf(m_debugger->pausedFile());
     if (!m_stoppedEditor)
         return;
     m_window.showEditor(*m_stoppedEditor);
-    markStoppedLine(*m_stoppedEditor, line);
+    m_stoppedEditor->breakpointHit(line);
 }
 
 void DebuggerDock::showWaiting(bool waiting)

@@ -73,6 +73,34 @@ TEST_F(DebuggerDockTest, PauseOpensTheFileAndIsSeenEverywhere)
     EXPECT_FALSE(window.windowTitle().contains(QStringLiteral("(paused)")));
 }
 
+TEST_F(DebuggerDockTest, BreakpointsOfTheEditorStopAndTheLineTurnsGreen)
+{
+    HVPythonTextEdit* script = window.openScript(path);
+    ASSERT_NE(script, nullptr);
+    const auto markedLines = [script] {
+        std::vector<int> marked;
+        for (const QTextEdit::ExtraSelection& selection : script->extraSelections()) {
+            const QColor colour = selection.format.background().color();
+            if (colour.green() > colour.red() && colour.green() > colour.blue())
+                marked.push_back(selection.cursor.blockNumber() + 1);
+        }
+        return marked;
+    };
+    script->toggleBreakpoint(3);
+    script->moveCursor(QTextCursor::Start);
+    whilePaused = [&] {
+        EXPECT_EQ(markedLines(), std::vector<int>{lines.back()});
+        QTest::keyClick(&window, Qt::Key_F5);
+    };
+    EXPECT_TRUE(runScript());
+    EXPECT_EQ(lines, (std::vector<int>{2, -1, 3, -1}));
+    EXPECT_TRUE(markedLines().empty());
+
+    script->toggleBreakpoint(3);
+    EXPECT_TRUE(runScript());
+    EXPECT_EQ(lines, (std::vector<int>{2, -1}));
+}
+
 TEST_F(DebuggerDockTest, KeysStepAndStop)
 {
     std::vector<Qt::Key> keys = {Qt::Key_F10, Qt::Key_F11};
