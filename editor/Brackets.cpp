@@ -12,7 +12,7 @@ namespace editor {
 namespace {
 
 constexpr int g_farthest = 2000;       // lines
-constexpr int g_longestLine = 100'000; // characters
+constexpr int g_longestLine = 50'000; // characters
 
 const QString g_opening = QStringLiteral("([{");
 const QString g_closing = QStringLiteral(")]}");

@@ -6,6 +6,10 @@ using editor::PythonToken;
 
 namespace {
 
+/// Characters. Laying a line out takes time by the square of its number of colours, so data that was written into one
+/// line stays plain.
+constexpr int g_longestLine = 50'000;
+
 QTextCharFormat makeFormat(const QColor& colour, int weight)
 {
     QTextCharFormat format;
@@ -57,8 +61,10 @@ std::vector<HVPythonSyntaxHighlighter::Rule> HVPythonSyntaxHighlighter::rules() 
 
 void HVPythonSyntaxHighlighter::highlightBlock(const QString& text)
 {
+    setCurrentBlockState(0);
+    if (text.size() > g_longestLine)
+        return;
     editor::scanPythonLine(text, m_spans);
     for (const editor::PythonSpan& span : m_spans)
         setFormat(span.start, span.length, format(span.token));
-    setCurrentBlockState(0);
 }

@@ -8,7 +8,7 @@
 #include <array>
 
 /// Colours Python text line by line. There is no state between lines: text in triple quotes that spans lines is not
-/// recognised as one string. GUI thread only.
+/// recognised as one string. Lines of more than 50,000 characters stay plain. GUI thread only.
 class HVPythonSyntaxHighlighter : public QSyntaxHighlighter
 {
     Q_OBJECT
