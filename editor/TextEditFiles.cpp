@@ -252,7 +252,9 @@ void HVPythonTextEdit::dragMoveEvent(QDragMoveEvent* event)
 void HVPythonTextEdit::dropEvent(QDropEvent* event)
 {
     const QMimeData* dragged = event->mimeData();
-    if (dragged->hasUrls()) {
+    const QList<hv::ProjectItem> items = hv::draggedProjectItems(dragged);
+    // Project items may carry their files' addresses as well.
+    if (items.isEmpty() && dragged->hasUrls()) {
         const QString path = dragged->urls().value(0).toLocalFile();
         const QString own = m_filename;
         if (loadFile(path)) {
@@ -272,7 +274,6 @@ void HVPythonTextEdit::dropEvent(QDropEvent* event)
         }
         return;
     }
-    const QList<hv::ProjectItem> items = hv::draggedProjectItems(dragged);
     if (items.isEmpty())
         QPlainTextEdit::dropEvent(event);
     else if (items.size() == 1 && items.first().type == hv::g_pythonScriptType && loadFile(items.first().path))
