@@ -11,7 +11,7 @@ namespace editor {
 
 namespace {
 
-constexpr int g_farthest = 2000;       // lines
+constexpr int g_farthest = 2000;      // lines
 constexpr int g_longestLine = 50'000; // characters
 
 const QString g_opening = QStringLiteral("([{");
