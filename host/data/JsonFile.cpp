@@ -46,7 +46,7 @@ bool writeJsonFile(const QString& path, const QJsonObject& object, QString* erro
 {
     QSaveFile file(path);
     const QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Indented);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() || !file.commit())
         return fail(
             error, QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(path), file.errorString()));
     return true;

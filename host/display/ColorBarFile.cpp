@@ -54,7 +54,7 @@ bool writeColorBar(const ColorBar& bar, const QString& filename, QString& error)
     const bool isPaletteTable = target.suffix().compare(QLatin1String("cpt"), Qt::CaseInsensitive) == 0;
     const QByteArray content = isPaletteTable ? writePaletteTable(bar) : writeColorMap(bar);
     QSaveFile file(filename);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.commit()) {
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush() || !file.commit()) {
         error = file.errorString();
         return false;
     }

@@ -26,7 +26,7 @@ bool writeObject(HVProject& project, ObjectKind kind, const QString& name, const
     if (path.isEmpty())
         return false;
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() || !file.commit())
         return hv::fail(error, QStringLiteral("Unable to write '%1': %2.").arg(path, file.errorString()));
     project.refresh(kind);
     return true;
