@@ -1,9 +1,10 @@
 #include "host/data/JsonFile.h"
 
+#include "host/services/HVWholeFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 namespace hv {
 
@@ -44,12 +45,10 @@ bool readJsonFile(const QString& path, int major, QJsonObject& object, QString* 
 
 bool writeJsonFile(const QString& path, const QJsonObject& object, QString* error)
 {
-    QSaveFile file(path);
-    const QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Indented);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() || !file.commit())
-        return fail(
-            error, QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(path), file.errorString()));
-    return true;
+    QString reason;
+    if (writeWholeFile(path, QJsonDocument(object).toJson(QJsonDocument::Indented), reason))
+        return true;
+    return fail(error, QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(path), reason));
 }
 
 } // namespace hv

@@ -1,9 +1,10 @@
 #include "host/display/ColorBarFile.h"
 
+#include "host/services/HVWholeFile.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
-#include <QSaveFile>
 
 namespace display {
 
@@ -45,20 +46,8 @@ std::optional<ColorBar> readColorBar(const QString& filename, const QString& nam
 
 bool writeColorBar(const ColorBar& bar, const QString& filename, QString& error)
 {
-    // Renaming the finished file over a device or a pipe would replace it.
-    const QFileInfo target(filename);
-    if (target.exists() && !target.isFile()) {
-        error = QStringLiteral("it is not an ordinary file");
-        return false;
-    }
-    const bool isPaletteTable = target.suffix().compare(QLatin1String("cpt"), Qt::CaseInsensitive) == 0;
-    const QByteArray content = isPaletteTable ? writePaletteTable(bar) : writeColorMap(bar);
-    QSaveFile file(filename);
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush() || !file.commit()) {
-        error = file.errorString();
-        return false;
-    }
-    return true;
+    const bool isPaletteTable = QFileInfo(filename).suffix().compare(QLatin1String("cpt"), Qt::CaseInsensitive) == 0;
+    return hv::writeWholeFile(filename, isPaletteTable ? writePaletteTable(bar) : writeColorMap(bar), error);
 }
 
 QVector<ColorPoint> storedPoints(const ColorBar& bar)

@@ -8,7 +8,8 @@ namespace hv {
 /// Writes a file as a whole: beside its place and renamed, so that on a failure (`error` says which) the old file
 /// stays as it was. Thread-safe.
 ///
-/// QSaveFile alone reports success when the disk has no room for its last buffer.
+/// What exists and is not an ordinary file is refused. QSaveFile alone reports success when the disk has no room for
+/// its last buffer.
 bool writeWholeFile(const QString& path, const QByteArray& bytes, QString& error);
 
 } // namespace hv

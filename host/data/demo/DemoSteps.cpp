@@ -5,11 +5,11 @@
 #include "host/data/demo/SyntheticSurvey.h"
 #include "host/display/ColorBarFile.h"
 #include "host/display/PaletteCatalogue.h"
+#include "host/services/HVWholeFile.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -25,9 +25,9 @@ bool writeObject(HVProject& project, ObjectKind kind, const QString& name, const
     const QString path = project.newFilename(kind, name, error);
     if (path.isEmpty())
         return false;
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.flush() || !file.commit())
-        return hv::fail(error, QStringLiteral("Unable to write '%1': %2.").arg(path, file.errorString()));
+    QString reason;
+    if (!hv::writeWholeFile(path, text, reason))
+        return hv::fail(error, QStringLiteral("Unable to write '%1': %2.").arg(path, reason));
     project.refresh(kind);
     return true;
 }
