@@ -1,7 +1,8 @@
 #pragma once
 
 /// The registrations of the scripting module, in the order in which the module frame calls them. Each registers one
-/// class, enumeration or submodule in the current scope; its file has the same name in one of the families' folders.
+/// class, enumeration (or a group of small ones) or submodule in the current scope; its file has the same name in one of
+/// the families' folders.
 namespace python {
 
 void bindIntArray();
@@ -17,8 +18,11 @@ void bindMat4();
 void bindRect2D();
 void bindRect3D();
 
+void bindKey();
+void bindInputEnumerations();
+void bindWidgetEnumerations();
+void bindDrawingEnumerations();
 void bindColor();
-void bindPenStyle();
 void bindPen();
 void bindObject();
 void bindWidget();

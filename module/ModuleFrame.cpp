@@ -33,8 +33,11 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindRect2D();
     python::bindRect3D();
 
+    python::bindKey();
+    python::bindInputEnumerations();
+    python::bindWidgetEnumerations();
+    python::bindDrawingEnumerations();
     python::bindColor();
-    python::bindPenStyle();
     python::bindPen();
     python::bindObject();
     python::bindWidget();

@@ -27,17 +27,6 @@ void setWidth(QPen& self, double width)
 
 } // namespace
 
-void bindPenStyle()
-{
-    bp::enum_<Qt::PenStyle>("PenStyle", "How lines are drawn.")
-        .value("NoPen", Qt::NoPen)
-        .value("SolidLine", Qt::SolidLine)
-        .value("DashLine", Qt::DashLine)
-        .value("DotLine", Qt::DotLine)
-        .value("DashDotLine", Qt::DashDotLine)
-        .value("DashDotDotLine", Qt::DashDotDotLine);
-}
-
 void bindPen()
 {
     bp::class_<QPen>("Pen", "A line style.",

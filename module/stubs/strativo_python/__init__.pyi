@@ -737,6 +737,359 @@ class Rect3D:
     def center(self) -> vec3:
         """The middle of the box."""
 
+class Key(int):
+    """A key of the keyboard. Letter keys have no name; they are the number of the capital letter: event.key ==
+    ord('A').
+    """
+    names: dict[str, Key]
+    values: dict[int, Key]
+    name: str
+    Space: Key  # 32
+    ExclamationPoint: Key  # 33
+    DoubleQuote: Key  # 34
+    NumberSign: Key  # 35
+    Dollar: Key  # 36
+    Percent: Key  # 37
+    Ampersand: Key  # 38
+    Apostrophe: Key  # 39
+    LeftParen: Key  # 40
+    RightParen: Key  # 41
+    Plus: Key  # 43
+    Comma: Key  # 44
+    Minus: Key  # 45
+    Period: Key  # 46
+    Slash: Key  # 47
+    Number_0: Key  # 48
+    Number_1: Key  # 49
+    Number_2: Key  # 50
+    Number_3: Key  # 51
+    Number_4: Key  # 52
+    Number_5: Key  # 53
+    Number_6: Key  # 54
+    Number_7: Key  # 55
+    Number_8: Key  # 56
+    Number_9: Key  # 57
+    Colon: Key  # 58
+    SemiColon: Key  # 59
+    Less: Key  # 60
+    Equal: Key  # 61
+    Greater: Key  # 62
+    QuestionMark: Key  # 63
+    at: Key  # 64
+    LeftBracket: Key  # 91
+    Backslash: Key  # 92
+    RightBracket: Key  # 93
+    Underscore: Key  # 95
+    QuoteLeft: Key  # 96
+    BraceLeft: Key  # 123
+    BraceRight: Key  # 125
+    Tilde: Key  # 126
+    Escape: Key  # 16777216
+    Tab: Key  # 16777217
+    Backtab: Key  # 16777218
+    Backspace: Key  # 16777219
+    Return: Key  # 16777220
+    Enter: Key  # 16777221
+    Insert: Key  # 16777222
+    Delete: Key  # 16777223
+    Pause: Key  # 16777224
+    Print: Key  # 16777225
+    Clear: Key  # 16777227
+    Home: Key  # 16777232
+    End: Key  # 16777233
+    Up: Key  # 16777235
+    Down: Key  # 16777237
+    PageUp: Key  # 16777238
+    PageDown: Key  # 16777239
+    Shift: Key  # 16777248
+    Control: Key  # 16777249
+    Meta: Key  # 16777250
+    Alt: Key  # 16777251
+    CapsLock: Key  # 16777252
+    NumLock: Key  # 16777253
+    ScrollLock: Key  # 16777254
+    F1: Key  # 16777264
+    F2: Key  # 16777265
+    F3: Key  # 16777266
+    F4: Key  # 16777267
+    F5: Key  # 16777268
+    F6: Key  # 16777269
+    F7: Key  # 16777270
+    F8: Key  # 16777271
+    F9: Key  # 16777272
+    F10: Key  # 16777273
+    F11: Key  # 16777274
+    F12: Key  # 16777275
+
+class MouseMode(int):
+    """What the mouse does in a viewer."""
+    names: dict[str, MouseMode]
+    values: dict[int, MouseMode]
+    name: str
+    Unknown: MouseMode  # 0
+    Selection: MouseMode  # 1
+    SquareSelection: MouseMode  # 2
+    CrossNavigation: MouseMode  # 3
+    Translation: MouseMode  # 4
+    Zoom: MouseMode  # 5
+
+class ScrollDirection(int):
+    """Where a turn of the mouse wheel scrolls to."""
+    names: dict[str, ScrollDirection]
+    values: dict[int, ScrollDirection]
+    name: str
+    Down: ScrollDirection  # 0
+    Up: ScrollDirection  # 1
+    NoDirection: ScrollDirection  # 2
+    Left: ScrollDirection  # 3
+    Right: ScrollDirection  # 4
+
+class EventType(int):
+    """The kind of an event."""
+    names: dict[str, EventType]
+    values: dict[int, EventType]
+    name: str
+    MouseButtonPress: EventType  # 2
+    MouseButtonRelease: EventType  # 3
+    MouseMove: EventType  # 5
+    KeyPress: EventType  # 6
+    KeyRelease: EventType  # 7
+    Enter: EventType  # 10
+    Show: EventType  # 17
+    Hide: EventType  # 18
+    Close: EventType  # 19
+    Wheel: EventType  # 31
+    DragEnter: EventType  # 60
+    DragMove: EventType  # 61
+    DragLeave: EventType  # 62
+    Drop: EventType  # 63
+    Scroll: EventType  # 205
+
+class KeyboardModifiers(int):
+    """The keys held down during an event. Several are combined with |; & tells whether one is among them."""
+    names: dict[str, KeyboardModifiers]
+    values: dict[int, KeyboardModifiers]
+    name: str
+    NoModifier: KeyboardModifiers  # 0
+    Shift: KeyboardModifiers  # 33554432
+    Control: KeyboardModifiers  # 67108864
+    Alt: KeyboardModifiers  # 134217728
+    Meta: KeyboardModifiers  # 268435456
+    Keypad: KeyboardModifiers  # 536870912
+
+class MouseButton(int):
+    """A button of the mouse."""
+    names: dict[str, MouseButton]
+    values: dict[int, MouseButton]
+    name: str
+    NoButton: MouseButton  # 0
+    Left: MouseButton  # 1
+    Right: MouseButton  # 2
+    Middle: MouseButton  # 4
+
+class Modality(int):
+    """Which windows wait while a dialog is open."""
+    names: dict[str, Modality]
+    values: dict[int, Modality]
+    name: str
+    NonModal: Modality  # 0
+    Window: Modality  # 1
+    Application: Modality  # 2
+
+class DialogResponse(int):
+    """How a dialog was closed."""
+    names: dict[str, DialogResponse]
+    values: dict[int, DialogResponse]
+    name: str
+    Rejected: DialogResponse  # 0
+    Accepted: DialogResponse  # 1
+
+class Align(int):
+    """Where something stands in its place. A horizontal and a vertical one are combined with |: Align.Left | Align.Top.
+    Leading and Trailing are other names of Left and Right.
+    """
+    names: dict[str, Align]
+    values: dict[int, Align]
+    name: str
+    Left: Align  # 1
+    Leading: Align  # 1
+    Right: Align  # 2
+    Trailing: Align  # 2
+    HCenter: Align  # 4
+    Justify: Align  # 8
+    Absolute: Align  # 16
+    Top: Align  # 32
+    Bottom: Align  # 64
+    VCenter: Align  # 128
+    Center: Align  # 132
+    Baseline: Align  # 256
+
+class CheckState(int):
+    """The state of a check box."""
+    names: dict[str, CheckState]
+    values: dict[int, CheckState]
+    name: str
+    Unchecked: CheckState  # 0
+    PartiallyChecked: CheckState  # 1
+    Checked: CheckState  # 2
+
+class Orientation(int):
+    """The direction in which a slider or a splitter lies."""
+    names: dict[str, Orientation]
+    values: dict[int, Orientation]
+    name: str
+    Horizontal: Orientation  # 1
+    Vertical: Orientation  # 2
+
+class ComboBoxSizePolicy(int):
+    """How a combo box finds its width."""
+    names: dict[str, ComboBoxSizePolicy]
+    values: dict[int, ComboBoxSizePolicy]
+    name: str
+    AdjustToContents: ComboBoxSizePolicy  # 0
+    AdjustToContentsOnFirstShow: ComboBoxSizePolicy  # 1
+    AdjustToMinimumContentsLength: ComboBoxSizePolicy  # 2
+    AdjustToMinimumContentsLengthWithIcon: ComboBoxSizePolicy  # 3
+
+class FileDialogType(int):
+    """What a file chooser is for."""
+    names: dict[str, FileDialogType]
+    values: dict[int, FileDialogType]
+    name: str
+    Open: FileDialogType  # 0
+    Save: FileDialogType  # 1
+
+class ScrollSizeAdjust(int):
+    """How a scroll area finds its size."""
+    names: dict[str, ScrollSizeAdjust]
+    values: dict[int, ScrollSizeAdjust]
+    name: str
+    AdjustIgnored: ScrollSizeAdjust  # 0
+    AdjustToContentsOnFirstShow: ScrollSizeAdjust  # 1
+    AdjustToContents: ScrollSizeAdjust  # 2
+
+class ScrollBarPolicy(int):
+    """When a scroll bar is shown."""
+    names: dict[str, ScrollBarPolicy]
+    values: dict[int, ScrollBarPolicy]
+    name: str
+    AsNeeded: ScrollBarPolicy  # 0
+    AlwaysOff: ScrollBarPolicy  # 1
+    AlwaysOn: ScrollBarPolicy  # 2
+
+class ScrollEventState(int):
+    """The phase of a scroll gesture."""
+    names: dict[str, ScrollEventState]
+    values: dict[int, ScrollEventState]
+    name: str
+    Started: ScrollEventState  # 0
+    Updated: ScrollEventState  # 1
+    Finished: ScrollEventState  # 2
+
+class SliderTickPosition(int):
+    """Where a slider has its tick marks. The sides of a vertical slider are other names of those of a horizontal one:
+    TicksLeft of TicksAbove, TicksRight of TicksBelow.
+    """
+    names: dict[str, SliderTickPosition]
+    values: dict[int, SliderTickPosition]
+    name: str
+    NoTicks: SliderTickPosition  # 0
+    TicksAbove: SliderTickPosition  # 1
+    TicksLeft: SliderTickPosition  # 1
+    TicksBelow: SliderTickPosition  # 2
+    TicksRight: SliderTickPosition  # 2
+    TicksBothSides: SliderTickPosition  # 3
+
+class FrameShadow(int):
+    """How the line of a frame stands out."""
+    names: dict[str, FrameShadow]
+    values: dict[int, FrameShadow]
+    name: str
+    Plain: FrameShadow  # 16
+    Raised: FrameShadow  # 32
+    Sunken: FrameShadow  # 48
+
+class FrameShape(int):
+    """The form of a frame."""
+    names: dict[str, FrameShape]
+    values: dict[int, FrameShape]
+    name: str
+    NoFrame: FrameShape  # 0
+    Box: FrameShape  # 1
+    Panel: FrameShape  # 2
+    WinPanel: FrameShape  # 3
+    HLine: FrameShape  # 4
+    VLine: FrameShape  # 5
+    StyledPanel: FrameShape  # 6
+
+class TextFormat(int):
+    """How a text is read: as it is, as HTML, or as what it looks like."""
+    names: dict[str, TextFormat]
+    values: dict[int, TextFormat]
+    name: str
+    PlainText: TextFormat  # 0
+    RichText: TextFormat  # 1
+    AutoText: TextFormat  # 2
+
+class PenStyle(int):
+    """How lines are drawn."""
+    names: dict[str, PenStyle]
+    values: dict[int, PenStyle]
+    name: str
+    NoPen: PenStyle  # 0
+    SolidLine: PenStyle  # 1
+    DashLine: PenStyle  # 2
+    DotLine: PenStyle  # 3
+    DashDotLine: PenStyle  # 4
+    DashDotDotLine: PenStyle  # 5
+
+class Colors(int):
+    """Colours that need no numbers. Each can stand wherever a Color is wanted."""
+    names: dict[str, Colors]
+    values: dict[int, Colors]
+    name: str
+    Black: Colors  # 2
+    White: Colors  # 3
+    DarkGray: Colors  # 4
+    Gray: Colors  # 5
+    LightGray: Colors  # 6
+    Red: Colors  # 7
+    Green: Colors  # 8
+    Blue: Colors  # 9
+    Cyan: Colors  # 10
+    Magenta: Colors  # 11
+    Yellow: Colors  # 12
+    DarkRed: Colors  # 13
+    DarkGreen: Colors  # 14
+    DarkBlue: Colors  # 15
+    DarkCyan: Colors  # 16
+    DarkMagenta: Colors  # 17
+    DarkYellow: Colors  # 18
+    Transparent: Colors  # 19
+
+class ImageConversion(int):
+    """How an image is turned into one of fewer colours. One of each group is combined with |: colours, dithering of the
+    alpha channel, dithering of the colours, when to dither. AutoColor, ThresholdAlphaDither, DiffuseDither and
+    AutoDither are all 0, the usual choice.
+    """
+    names: dict[str, ImageConversion]
+    values: dict[int, ImageConversion]
+    name: str
+    AutoColor: ImageConversion  # 0
+    ThresholdAlphaDither: ImageConversion  # 0
+    DiffuseDither: ImageConversion  # 0
+    AutoDither: ImageConversion  # 0
+    MonoOnly: ImageConversion  # 2
+    ColorOnly: ImageConversion  # 3
+    OrderedAlphaDither: ImageConversion  # 4
+    DiffuseAlphaDither: ImageConversion  # 8
+    OrderedDither: ImageConversion  # 16
+    ThresholdDither: ImageConversion  # 32
+    PreferDither: ImageConversion  # 64
+    AvoidDither: ImageConversion  # 128
+    NoOpaqueDetection: ImageConversion  # 256
+    NoFormatConversion: ImageConversion  # 512
+
 class Color:
     """A colour; alpha 255 is opaque."""
     def __init__(self, red: int = 0, green: int = 0, blue: int = 0, alpha: int = 255) -> None:
@@ -781,18 +1134,6 @@ class Color:
         """Opacity, 0 (clear) to 1 (opaque)."""
     @alphaF.setter
     def alphaF(self, value: float) -> None: ...
-
-class PenStyle(int):
-    """How lines are drawn."""
-    names: dict[str, PenStyle]
-    values: dict[int, PenStyle]
-    name: str
-    NoPen: PenStyle  # 0
-    SolidLine: PenStyle  # 1
-    DashLine: PenStyle  # 2
-    DotLine: PenStyle  # 3
-    DashDotLine: PenStyle  # 4
-    DashDotDotLine: PenStyle  # 5
 
 class Pen:
     """A line style."""
