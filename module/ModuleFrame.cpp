@@ -40,12 +40,19 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindColor();
     python::bindPen();
     python::bindObject();
+    python::bindEvents();
     python::bindWidget();
     python::bindIcon();
     python::bindAction();
-    python::bindMenu();
-    python::bindToolBar();
+    python::bindFrame();
+    python::bindAbstractScrollArea();
     python::bindTextEdit();
+    python::bindAbstractButton();
+    python::bindButton();
+    python::bindDialog();
+    python::bindMenu();
+    python::bindMenuBar();
+    python::bindToolBar();
     python::bindSubWindow();
     python::bindMainWindow();
 

@@ -1,44 +1,32 @@
 #include "runtime/Callback.h"
 
-#include "host/services/IAppWrapper.h"
-#include "runtime/ApplicationInterface.h"
 #include "runtime/Errors.h"
-#include "runtime/GilLock.h"
-#include "runtime/RunMonitor.h"
+#include "runtime/QtCall.h"
 
 namespace python {
 
-class Callback::Reference
-{
-public:
-    explicit Reference(PyObject* object) : callable(object) { Py_INCREF(callable); }
-    ~Reference()
-    {
-        const LateGilLock lock;
-        if (lock)
-            Py_DECREF(callable);
-    }
-    Reference(const Reference&) = delete;
-    Reference& operator=(const Reference&) = delete;
-
-    PyObject* const callable;
-};
-
-Callback::Callback(const boost::python::object& callable, QString name)
-    : m_reference(std::make_shared<Reference>(callable.ptr())), m_name(std::move(name))
-{}
-
 void Callback::operator()() const
 {
-    // The call may destroy what holds this object, and the object with it.
-    const std::shared_ptr<Reference> reference = m_reference;
-    const GilLock lock;
-    const IAppWrapper* app = applicationInterface();
-    const RunMonitor monitor(app ? app->runObserver() : nullptr, m_name);
-    PyObject* result = PyObject_CallNoArgs(reference->callable);
+    call(nullptr, nullptr);
+}
+
+void Callback::call(PyObject* (*makeArgument)(const void*), const void* maker) const
+{
+    const QtCall scope(m_name);
+    // The call may end the connection, and this object and the callable with it.
+    PyObject* callable = m_reference.get();
+    if (!callable)
+        return;
+    Py_INCREF(callable);
+    PyObject* argument = makeArgument ? makeArgument(maker) : nullptr;
+    PyObject* result = nullptr;
+    if (argument || !makeArgument)
+        result = argument ? PyObject_CallOneArg(callable, argument) : PyObject_CallNoArgs(callable);
     if (!result)
         printPendingError();
     Py_XDECREF(result);
+    Py_XDECREF(argument);
+    Py_DECREF(callable);
 }
 
 } // namespace python

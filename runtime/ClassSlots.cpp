@@ -55,6 +55,7 @@ constexpr int g_slots[] = {Py_nb_add,
                            Py_tp_str,
                            Py_tp_hash,
                            Py_tp_richcompare,
+                           Py_tp_setattro,
                            Py_tp_init};
 
 /// A type that has every slot. When it is made, the interpreter gives it a wrapper for each special method, and a

@@ -15,8 +15,8 @@ namespace python {
 /// signature of the slot behind the name: binaryfunc for number operations (called for either operand, so it checks
 /// both and returns NotImplemented), initproc for "__init__", lenfunc for "__len__", binaryfunc for "__getitem__"
 /// (mapping form: any key), objobjargproc for "__setitem__", getiterfunc for "__iter__", reprfunc for "__repr__" and
-/// "__str__", richcmpfunc for "__eq__" and "__ne__", objobjproc for "__contains__". "__mul__" and "__rmul__" share one
-/// slot and need the same function.
+/// "__str__", richcmpfunc for "__eq__" and "__ne__", objobjproc for "__contains__", setattrofunc for "__setattr__".
+/// "__mul__" and "__rmul__" share one slot and need the same function; so do "__setattr__" and "__delattr__".
 ///
 /// In-place arithmetic ("__iadd__", ...) must raise TypeError for a wrong operand and never return NotImplemented: the
 /// interpreter puts the function into the sequence form of the slot too and would hand that object to the script.

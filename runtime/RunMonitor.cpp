@@ -5,6 +5,7 @@
 
 #include <boost/python.hpp>
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <csignal>
@@ -24,59 +25,96 @@ constexpr std::chrono::milliseconds g_interval{40};
 /// instructions; unlike a pending call it also wakes time.sleep and select.
 constexpr int g_signal = SIGURG;
 
+/// The ticking goes on this long without a run, so that handlers in quick succession wake no thread.
+constexpr int g_idleTicks = 25;
+
 pthread_t g_guiThread;
-IRunObserver* g_observed = nullptr; // of the run under way; touched on the GUI thread only
+
+// Of the run under way; touched on the GUI thread only.
+IRunObserver* g_observer = nullptr;
+const char* g_name = nullptr; // of a run that the observer has not been told of
 bool g_breathing = false;
 bool g_paused = false;
 
-/// Sends the signal at the interval for its lifetime.
+/// Sends the signal at the interval while it is wanted. The thread is never joined: it sleeps when nothing runs and
+/// ends with the process.
 class Ticker
 {
 public:
-    Ticker() : m_thread([this] { tick(); }) {}
-    ~Ticker()
+    void setWanted(bool wanted)
     {
-        {
-            const std::lock_guard lock(m_mutex);
-            m_ended = true;
-        }
-        m_wake.notify_one();
-        m_thread.join();
+        m_wanted = wanted;
+        if (wanted && m_asleep)
+            wake();
     }
-    Ticker(const Ticker&) = delete;
-    Ticker& operator=(const Ticker&) = delete;
 
 private:
+    void wake()
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!m_started) {
+            m_started = true;
+            std::thread([this] { tick(); }).detach();
+        }
+        m_asleep = false;
+        m_wake.notify_one();
+    }
+
     void tick()
     {
         // This thread must not take the signals that are meant for the GUI thread.
         sigset_t all;
         sigfillset(&all);
         pthread_sigmask(SIG_BLOCK, &all, nullptr);
-        std::unique_lock lock(m_mutex);
-        while (!m_wake.wait_for(lock, g_interval, [this] { return m_ended; }))
-            pthread_kill(g_guiThread, g_signal);
+        for (int idle = 0;;) {
+            std::this_thread::sleep_for(g_interval);
+            if (m_wanted) {
+                idle = 0;
+                pthread_kill(g_guiThread, g_signal);
+            } else if (++idle >= g_idleTicks) {
+                std::unique_lock lock(m_mutex);
+                m_asleep = true;
+                // A run that began in between has not seen the thread asleep.
+                m_wake.wait(lock, [this] { return !m_asleep || m_wanted; });
+                m_asleep = false;
+                idle = 0;
+            }
+        }
     }
 
+    std::atomic<bool> m_wanted = false;
+    std::atomic<bool> m_asleep = true;
     std::mutex m_mutex;
     std::condition_variable m_wake;
-    bool m_ended = false;
-    std::thread m_thread;
+    bool m_started = false;
 };
 
-std::unique_ptr<Ticker>& ticker()
+Ticker& ticker()
 {
-    static std::unique_ptr<Ticker> current;
-    return current;
+    static auto* const only = new Ticker; // its thread outlives every static object
+    return *only;
+}
+
+void beginRun(IRunObserver* observer)
+{
+    g_observer = observer;
+    ticker().setWanted(!g_paused);
+}
+
+bool isObservable(const IRunObserver* observer)
+{
+    return observer && !g_observer && pthread_equal(pthread_self(), g_guiThread);
 }
 
 /// The interpreter calls it as handler(signal number, frame) on the GUI thread.
 PyObject* breathe(PyObject* /*self*/, PyObject* /*arguments*/)
 {
-    if (!g_observed || g_breathing || g_paused)
+    if (!g_observer || g_breathing || g_paused)
         Py_RETURN_NONE;
     g_breathing = true;
-    const bool stop = g_observed->breathe();
+    if (g_name)
+        g_observer->runStarted(QString::fromLatin1(std::exchange(g_name, nullptr)));
+    const bool stop = g_observer->breathe();
     g_breathing = false;
     if (stop) {
         PyErr_SetNone(PyExc_KeyboardInterrupt);
@@ -89,23 +127,30 @@ PyMethodDef g_breathe = {"__strativo_breathe", breathe, METH_VARARGS, nullptr};
 
 } // namespace
 
-RunMonitor::RunMonitor(IRunObserver* observer, const QString& fileName)
+RunMonitor::RunMonitor(IRunObserver* observer, const QString& fileName) : m_isOutermost(isObservable(observer))
 {
-    if (!observer || g_observed || !pthread_equal(pthread_self(), g_guiThread))
+    if (!m_isOutermost)
         return;
-    m_observer = observer;
-    g_observed = observer;
     observer->runStarted(fileName);
-    ticker() = std::make_unique<Ticker>();
+    beginRun(observer);
+}
+
+RunMonitor::RunMonitor(IRunObserver* observer, const char* name) : m_isOutermost(isObservable(observer))
+{
+    if (!m_isOutermost)
+        return;
+    g_name = name;
+    beginRun(observer);
 }
 
 RunMonitor::~RunMonitor()
 {
-    if (!m_observer)
+    if (!m_isOutermost)
         return;
-    ticker().reset();
-    g_observed = nullptr;
-    m_observer->runFinished();
+    ticker().setWanted(false);
+    IRunObserver* observer = std::exchange(g_observer, nullptr);
+    if (!std::exchange(g_name, nullptr))
+        observer->runFinished();
 }
 
 bool RunMonitor::isBreathing()
@@ -115,14 +160,13 @@ bool RunMonitor::isBreathing()
 
 RunPause::RunPause() : m_wasPaused(std::exchange(g_paused, true))
 {
-    ticker().reset();
+    ticker().setWanted(false);
 }
 
 RunPause::~RunPause()
 {
     g_paused = m_wasPaused;
-    if (g_observed && !g_paused)
-        ticker() = std::make_unique<Ticker>();
+    ticker().setWanted(g_observer && !g_paused);
 }
 
 void RunMonitor::install()

@@ -15,7 +15,11 @@ namespace python {
 class RunMonitor
 {
 public:
+    /// The observer learns of the run at once.
     RunMonitor(IRunObserver* observer, const QString& fileName);
+    /// The observer learns of the run at its first breath, and never of a shorter one: for the many short calls with
+    /// which windows ask scripts. `name` stays valid; it costs some nanoseconds.
+    RunMonitor(IRunObserver* observer, const char* name);
     ~RunMonitor();
     RunMonitor(const RunMonitor&) = delete;
     RunMonitor& operator=(const RunMonitor&) = delete;
@@ -27,7 +31,7 @@ public:
     static void install();
 
 private:
-    IRunObserver* m_observer = nullptr;
+    bool m_isOutermost = false;
 };
 
 /// For a run that waits in an event loop of its own, as in the debugger: for the object's lifetime the observer does

@@ -41,9 +41,10 @@ public:
             const T sample{};
             Holder holder(nullptr, boost::ref(sample));
             find(&holder);
-            // The class's own deallocator would look for the next different one and find ours again.
+            // The class's own deallocator would look for the next different one and find ours again; a base class may
+            // be one of these classes too.
             PyTypeObject* base = type->tp_base;
-            while (base->tp_dealloc == type->tp_dealloc)
+            while (PyType_HasFeature(base, Py_TPFLAGS_HEAPTYPE))
                 base = base->tp_base;
             s_deallocate = base->tp_dealloc;
             type->tp_dealloc = release;

@@ -3,7 +3,7 @@
 #include "module/app/ApplicationFunctions.h"
 #include "module/app/PluginContext.h"
 #include "module/app/ProjectFactory.h"
-#include "module/gui/Handles.h"
+#include "module/gui/Widgets.h"
 #include "runtime/Errors.h"
 
 namespace bp = boost::python;

@@ -2,7 +2,7 @@
 #include "host/widgets/HVPluginContributions.h"
 #include "module/app/ApplicationFunctions.h"
 #include "module/app/PluginContext.h"
-#include "module/gui/Handles.h"
+#include "module/gui/Widgets.h"
 #include "runtime/Errors.h"
 
 #include <QMenuBar>

@@ -1,9 +1,9 @@
 #include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
 #include "module/app/PluginContext.h"
-#include "module/gui/Handles.h"
-#include "module/gui/IconHandle.h"
-#include "runtime/Callback.h"
+#include "module/gui/Connector.h"
+#include "module/gui/Property.h"
+#include "module/gui/Widgets.h"
 #include "runtime/Errors.h"
 
 namespace bp = boost::python;
@@ -24,8 +24,7 @@ bp::object addAction(QWidget& place, const char* function, const bp::object& tex
     auto* action = new QAction(label, &place);
     if (!icon.is_none())
         action->setIcon(given().icon);
-    // The call may unload the plug-in and destroy the action with it.
-    QObject::connect(action, &QAction::triggered, action, [callback = Callback(callable, label)] { callback(); });
+    connectCall(*action, &QAction::triggered, callable, function);
     place.addAction(action);
     HVPluginContributions::instance().add(callingPluginFolder(), action);
     return wrapObject<ActionHandle>(action);
@@ -33,36 +32,21 @@ bp::object addAction(QWidget& place, const char* function, const bp::object& tex
 
 namespace {
 
-bp::object text(const ActionHandle& handle)
+void setToolTip(QAction& action, const QString& tip)
 {
-    return unicodeText(handle.action().text());
+    action.setToolTip(tip);
+    action.setStatusTip(tip);
 }
 
-void setText(const ActionHandle& handle, const QString& label)
-{
-    handle.action().setText(label);
-}
-
-bp::object toolTip(const ActionHandle& handle)
-{
-    return unicodeText(handle.action().toolTip());
-}
-
-void setToolTip(const ActionHandle& handle, const QString& tip)
-{
-    handle.action().setToolTip(tip);
-    handle.action().setStatusTip(tip);
-}
-
-bool enabled(const ActionHandle& handle)
-{
-    return handle.action().isEnabled();
-}
-
-void setEnabled(const ActionHandle& handle, bool value)
-{
-    handle.action().setEnabled(value);
-}
+PyGetSetDef g_properties[] = {
+    property<&QAction::text, &QAction::setText>("Action.text", "str: What the command is called."),
+    property<&QAction::toolTip, setToolTip>("Action.toolTip", "str: The text under the mouse and in the status bar."),
+    property<&QAction::icon, &QAction::setIcon>("Action.icon", "Icon: The picture beside the text."),
+    property<&QAction::isEnabled, &QAction::setEnabled>("Action.enabled", "bool: Whether the user can choose it."),
+    property<&QAction::isCheckable, &QAction::setCheckable>("Action.checkable",
+                                                            "bool: Whether choosing it switches it on or off."),
+    property<&QAction::isChecked, &QAction::setChecked>("Action.checked", "bool: Whether it is switched on."),
+};
 
 void trigger(const ActionHandle& handle)
 {
@@ -73,13 +57,12 @@ void trigger(const ActionHandle& handle)
 
 void bindAction()
 {
-    bp::class_<ActionHandle, bp::bases<ObjectHandle>, std::shared_ptr<ActionHandle>, boost::noncopyable>(
+    bp::class_<ActionHandle, bp::bases<ObjectHandle>, boost::noncopyable>(
         "Action", "A command in a menu or a tool bar, as addAction() returns it.", bp::no_init)
-        .add_property("text", text, setText, "str: What the command is called.")
-        .add_property("toolTip", toolTip, setToolTip, "str: The text under the mouse and in the status bar.")
-        .add_property("enabled", enabled, setEnabled, "bool: Whether the user can choose the command.")
         .def("trigger", trigger, bp::args("self"),
              "trigger() -> None\n\nDoes what choosing the command does; nothing while it is not enabled.");
+    for (PyGetSetDef& definition : g_properties)
+        installProperty(classOf<ActionHandle>(), definition);
 }
 
 } // namespace python

@@ -1,6 +1,9 @@
 #include "module/Bindings.h"
-#include "module/gui/Handles.h"
+#include "module/gui/Property.h"
+#include "module/gui/Widgets.h"
 #include "runtime/Errors.h"
+
+#include <boost/python/raw_function.hpp>
 
 namespace bp = boost::python;
 
@@ -8,22 +11,42 @@ namespace python {
 
 namespace {
 
-/// The main window is the application's: a script that closed or hid it would take the user's work away.
-void refuse(const MainWindowHandle& /*handle*/)
+constexpr const char* g_illegal = "MainWindow, illegal method call";
+
+/// The main window is the application's: a script that closed, hid or refilled it would take the user's work away.
+bp::object refuse(const bp::tuple& /*arguments*/, const bp::dict& /*keywords*/)
 {
-    raise(PyExc_RuntimeError, "MainWindow, illegal method call");
+    raise(PyExc_RuntimeError, g_illegal);
 }
+
+bp::object noParent(QWidget& /*window*/)
+{
+    return {};
+}
+
+void refuseValue(QWidget& /*window*/, const bp::object& /*value*/)
+{
+    raise(PyExc_RuntimeError, g_illegal);
+}
+
+PyGetSetDef g_properties[] = {
+    property<&QWidget::isVisible, refuseValue>("MainWindow.visible", "bool: Whether it is shown. Read-only."),
+    property<&QWidget::isEnabled, refuseValue>("MainWindow.enabled", "bool: Whether it can be used. Read-only."),
+    property<noParent, refuseValue>("MainWindow.parentWidget", "None: It is in no other widget. Read-only."),
+};
 
 } // namespace
 
 void bindMainWindow()
 {
-    bp::class_<MainWindowHandle, bp::bases<WidgetHandle>, std::shared_ptr<MainWindowHandle>, boost::noncopyable> window(
-        "MainWindow", "The application's main window. Calls that would take it from the user raise RuntimeError.",
-        bp::no_init);
-    for (const char* name : {"show", "hide", "close"})
-        window.def(name, refuse, bp::args("self"),
-                   (std::string(name) + "() -> None\n\nAlways raises RuntimeError.").c_str());
+    bindBase<QMainWindow>("_QMainWindow", "What main windows have.");
+    auto window = bindPublic<QMainWindow>(
+        "MainWindow", "The application's main window. Calls that would take it from the user raise RuntimeError.");
+    for (const char* name : {"show", "hide", "close", "setLayout", "setFixedSize", "setMinimumSize", "setMaximumSize"})
+        window.def(name, bp::raw_function(refuse, 1),
+                   (std::string(name) + "(*arguments) -> None\n\nAlways raises RuntimeError.").c_str());
+    for (PyGetSetDef& definition : g_properties)
+        installProperty(classOf<MainWindowHandle>(), definition);
 }
 
 } // namespace python

@@ -1,8 +1,13 @@
 #include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
 #include "module/app/PluginContext.h"
-#include "module/gui/Handles.h"
+#include "module/gui/Collection.h"
+#include "module/gui/Construction.h"
+#include "module/gui/Property.h"
+#include "module/gui/Widgets.h"
 #include "runtime/Errors.h"
+
+#include <QMenuBar>
 
 namespace bp = boost::python;
 
@@ -10,42 +15,74 @@ namespace python {
 
 namespace {
 
-bp::object title(const MenuHandle& handle)
-{
-    return unicodeText(handle.menu().title());
-}
+using QMenuIndirect = Indirect<QMenu>;
+using PyMenu = Wrapper<QMenuIndirect>;
+using QMenuBarIndirect = Indirect<QMenuBar>;
+using PyMenuBar = Wrapper<QMenuBarIndirect>;
 
-void setTitle(const MenuHandle& handle, const QString& text)
-{
-    handle.menu().setTitle(text);
-}
+constexpr ConstructorArguments g_menuArguments = {{"title", "title"}, {"parent", "parentWidget"}};
+constexpr ConstructorArguments g_menuBarArguments = {{"parent", "parentWidget"}};
 
-bp::object addMenuAction(const MenuHandle& handle, const bp::object& text, const bp::object& callable,
+PyGetSetDef g_menuProperties[] = {
+    property<&QMenu::title, &QMenu::setTitle>("Menu.title", "str: What the menu is called."),
+    property<&QMenu::icon, &QMenu::setIcon>("Menu.icon", "Icon: The picture beside the title."),
+};
+PyGetSetDef g_menuBarProperties[] = {
+    property<&QMenuBar::isDefaultUp, &QMenuBar::setDefaultUp>(
+        "MenuBar.defaultUp", "bool: Whether menus open upwards, for a bar at the lower edge."),
+};
+
+bp::object addMenuAction(const Handle<QMenu>& handle, const bp::object& text, const bp::object& callable,
                          const bp::object& icon)
 {
-    return addAction(handle.menu(), "Menu.addAction()", text, callable, icon);
+    return addAction(handle.get(), "Menu.addAction()", text, callable, icon);
 }
 
-void addSeparator(const MenuHandle& handle)
+void addSeparator(const Handle<QMenu>& handle)
 {
-    HVPluginContributions::instance().add(callingPluginFolder(), handle.menu().addSeparator());
+    HVPluginContributions::instance().add(callingPluginFolder(), handle.get().addSeparator());
 }
 
-bp::object addMenu(const MenuHandle& handle, const bp::object& text)
+/// A menu in `place`, which is given one or the title of a new one. A given menu stays where it is in the tree of
+/// widgets; its Python object lives as long as the place.
+template <typename Place>
+bp::object addMenu(Place& place, const bp::object& given, const char* method)
 {
-    QMenu* menu = handle.menu().addMenu(requireStr(text, "Menu.addMenu(), expected 'str' but got '%s' instead"));
+    const bp::extract<const Handle<QMenu>&> handle(given);
+    QMenu* menu = handle.check() ? &handle().get() : nullptr;
+    if (menu) {
+        if (static_cast<QWidget*>(menu) == &place || menu->isAncestorOf(&place))
+            raise(PyExc_ValueError, "%s, a menu can not be inside itself", method);
+        new HeldReference(&place, SharedReference(given));
+        place.addMenu(menu);
+    } else {
+        menu =
+            place.addMenu(requireStr(given, (std::string(method) + ", expected 'str' but got '%s' instead").c_str()));
+    }
     // Its entry is a command of the menu above and goes with the plug-in even when that menu stays.
     HVPluginContributions::instance().add(callingPluginFolder(), menu->menuAction());
-    return wrapObject<MenuHandle>(menu);
+    return wrapWidget(menu);
 }
+
+bp::object addMenuToMenu(const Handle<QMenu>& handle, const bp::object& title)
+{
+    return addMenu(handle.get(), title, "Menu.addMenu()");
+}
+
+bp::object addMenuToBar(const Handle<QMenuBar>& handle, const bp::object& title)
+{
+    return addMenu(handle.get(), title, "MenuBar.addMenu()");
+}
+
+constexpr const char* g_addMenu = "addMenu(title: str | Menu) -> Menu\n\nA new menu with this title at the end, or the "
+                                  "given one.\n\nRaises TypeError, "
+                                  "and ValueError for a menu that would be inside itself.";
 
 } // namespace
 
 void bindMenu()
 {
-    bp::class_<MenuHandle, bp::bases<WidgetHandle>, std::shared_ptr<MenuHandle>, boost::noncopyable>(
-        "Menu", "A menu, as addMainWindowMenu() and getMainWindowMenu() return it.", bp::no_init)
-        .add_property("title", title, setTitle, "str: What the menu is called.")
+    bindBase<QMenu>("_QMenu", "What menus have.")
         .def("addAction", addMenuAction,
              (bp::arg("self"), bp::arg("text"), bp::arg("callable"), bp::arg("icon") = bp::object()),
              "addAction(text: str, callable: Callable[[], object], icon: Icon = None) -> Action\n\n"
@@ -53,8 +90,22 @@ void bindMenu()
              "printed.\n\n"
              "Raises TypeError for a text that is not a str, an object that can not be called, or a wrong icon.")
         .def("addSeparator", addSeparator, bp::args("self"), "addSeparator() -> None\n\nA line between commands.")
-        .def("addMenu", addMenu, bp::args("self", "title"),
-             "addMenu(title: str) -> Menu\n\nA new menu inside this one.\n\nRaises TypeError when title is not a str.");
+        .def("addMenu", addMenuToMenu, bp::args("self", "title"), g_addMenu);
+    installProperties<QMenu>(g_menuProperties);
+    bindPublic<QMenu>("Menu", "Menu(title: str = '', parent: Widget = None, **properties)\n\nA menu.");
+    bindConstructor<PyMenu, g_menuArguments>(
+        "__init__(title: str = '', parent: Widget = None, **properties) -> None\n\nAn empty menu.");
+}
+
+void bindMenuBar()
+{
+    bindBase<QMenuBar>("_QMenuBar", "What menu bars have.")
+        .def("addMenu", addMenuToBar, bp::args("self", "title"), g_addMenu);
+    installProperties<QMenuBar>(g_menuBarProperties);
+    bindPublic<QMenuBar>("MenuBar",
+                         "MenuBar(parent: Widget = None, **properties)\n\nA row of menus at the top of a window.");
+    bindConstructor<PyMenuBar, g_menuBarArguments>(
+        "__init__(parent: Widget = None, **properties) -> None\n\nAn empty menu bar.");
 }
 
 } // namespace python

@@ -1,11 +1,8 @@
 #include "module/gui/ObjectHandle.h"
 
-#include "module/Bindings.h"
 #include "runtime/Errors.h"
 
 #include <QHash>
-
-namespace bp = boost::python;
 
 namespace python {
 
@@ -21,11 +18,6 @@ QHash<QObject*, Entry>& entries()
 {
     static QHash<QObject*, Entry> all;
     return all;
-}
-
-bool isDeleted(const ObjectHandle& handle)
-{
-    return handle.objectOrNull() == nullptr;
 }
 
 } // namespace
@@ -52,15 +44,6 @@ void ObjectHandle::remember(ObjectHandle& handle, PyObject* self)
 void ObjectHandle::raiseDeleted() const
 {
     raise(PyExc_RuntimeError, "%s has been deleted", m_className);
-}
-
-void bindObject()
-{
-    bp::class_<ObjectHandle, std::shared_ptr<ObjectHandle>, boost::noncopyable>(
-        "_QObject", "What menus, commands and windows have in common.", bp::no_init)
-        .add_property("deleted", isDeleted,
-                      "bool: Whether the application has destroyed what this object stands for; everything else then "
-                      "raises RuntimeError. Read-only.");
 }
 
 } // namespace python

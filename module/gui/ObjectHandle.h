@@ -9,9 +9,20 @@
 
 #include <memory>
 
-/// module/gui: windows, menus and tool bars as scripts see them. A Python object is a handle on a Qt object: using it
+/// module/gui: windows and what is in them as scripts see them. A Python object is a handle on a Qt object: using it
 /// after the Qt object was destroyed raises RuntimeError, and as long as a handle lives, the same Qt object comes back
 /// as the same Python object. Handles are used with the interpreter lock held, on the GUI thread.
+///
+/// Who keeps whom alive:
+/// - Objects of the application (its main window, its menus) belong to it; a handle only points at them.
+/// - A widget without a parent that a script made belongs to its Python object and dies with it, unless it is a window
+///   on the screen: that stays until it is closed.
+/// - A widget with a parent belongs to the parent, and keeps its Python object: overridden handlers and attributes stay
+///   though the script dropped every name of it.
+/// - What a connection calls lives as long as the sender.
+///
+/// References that the Qt side holds are shown to the interpreter's collector (see Collection.h), so a window whose
+/// parts refer to it is found when the script has dropped it.
 namespace python {
 
 class ObjectHandle
@@ -28,15 +39,24 @@ public:
     Object& alive() const
     {
         requireGuiThread();
-        if (!m_object)
+        if (!m_object) [[unlikely]]
             raiseDeleted();
         return *static_cast<Object*>(m_object.data());
     }
     QObject* objectOrNull() const { return m_object; }
+    const char* className() const { return m_className; }
+
+    /// Whether the Qt object and all that hangs in it goes when the Python object does, at the latest when the Qt
+    /// object's parent goes too: only then the collector may count what it holds.
+    virtual bool isScriptMade() const { return false; }
 
     /// The Python object of a living handle on `object`, borrowed; null when there is none.
     static PyObject* known(QObject* object);
     static void remember(ObjectHandle& handle, PyObject* self);
+
+protected:
+    /// The Qt object is about to go.
+    void forgetObject() { m_object.clear(); }
 
 private:
     [[noreturn]] void raiseDeleted() const;
@@ -45,20 +65,5 @@ private:
     QObject* m_key; // only an address: the object may be gone
     const char* m_className;
 };
-
-/// The Python object of a Qt object, None for null.
-template <typename Handle, typename Object>
-boost::python::object wrapObject(Object* object)
-{
-    namespace bp = boost::python;
-    if (!object)
-        return {};
-    if (PyObject* self = ObjectHandle::known(object))
-        return bp::object(bp::handle<>(bp::borrowed(self)));
-    const auto handle = std::make_shared<Handle>(object);
-    const bp::object made(handle);
-    ObjectHandle::remember(*handle, made.ptr());
-    return made;
-}
 
 } // namespace python

@@ -1,14 +1,13 @@
 #include "module/Bindings.h"
-#include "module/gui/Handles.h"
-
-namespace bp = boost::python;
+#include "module/gui/Widgets.h"
 
 namespace python {
 
 void bindSubWindow()
 {
-    bp::class_<SubWindowHandle, bp::bases<WidgetHandle>, std::shared_ptr<SubWindowHandle>, boost::noncopyable>(
-        "SubWindow", "A window in the main window's document area, as addSubWindow() returns it.", bp::no_init);
+    bindBase<QMdiSubWindow>("_QMdiSubWindow", "What windows in the document area have.");
+    bindPublic<QMdiSubWindow>("SubWindow",
+                              "A window in the main window's document area, as addSubWindow() returns it.");
 }
 
 } // namespace python

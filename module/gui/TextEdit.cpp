@@ -1,54 +1,50 @@
 #include "module/Bindings.h"
-#include "module/gui/Handles.h"
-#include "runtime/Errors.h"
+#include "module/gui/Construction.h"
+#include "module/gui/Property.h"
 
 #include <QFontDatabase>
-
-namespace bp = boost::python;
+#include <QTextEdit>
 
 namespace python {
 
 namespace {
 
-std::shared_ptr<TextEditHandle> makeTextEdit()
+/// For reports and settings rather than letters: plain text in letters of one width.
+class QTextEditIndirect : public Indirect<QTextEdit>
 {
-    auto handle = makeOwned<TextEditHandle, QTextEdit>();
-    QTextEdit& edit = handle->edit();
-    edit.setAcceptRichText(false);
-    edit.setLineWrapMode(QTextEdit::NoWrap);
-    edit.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    return handle;
-}
+public:
+    QTextEditIndirect()
+    {
+        setAcceptRichText(false);
+        setLineWrapMode(QTextEdit::NoWrap);
+        setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    }
+};
 
-bp::object text(const TextEditHandle& handle)
-{
-    return unicodeText(handle.edit().toPlainText());
-}
+using PyTextEdit = Wrapper<QTextEditIndirect>;
 
-void setText(const TextEditHandle& handle, const QString& value)
-{
-    handle.edit().setPlainText(value);
-}
+constexpr ConstructorArguments g_arguments = {{"text", "text"}, {"parent", "parentWidget"}};
 
-bool readOnly(const TextEditHandle& handle)
-{
-    return handle.edit().isReadOnly();
-}
-
-void setReadOnly(const TextEditHandle& handle, bool value)
-{
-    handle.edit().setReadOnly(value);
-}
+PyGetSetDef g_properties[] = {
+    property<&QTextEdit::toPlainText, &QTextEdit::setPlainText>("TextEdit.text",
+                                                                "str: The text, lines separated by '\\n'."),
+    property<&QTextEdit::isReadOnly, &QTextEdit::setReadOnly>("TextEdit.readOnly",
+                                                              "bool: Whether the user can only look and copy."),
+    property<&QTextEdit::placeholderText, &QTextEdit::setPlaceholderText>("TextEdit.placeholderText",
+                                                                          "str: What an empty field shows."),
+};
 
 } // namespace
 
 void bindTextEdit()
 {
-    bp::class_<TextEditHandle, bp::bases<WidgetHandle>, std::shared_ptr<TextEditHandle>, boost::noncopyable>(
-        "TextEdit", "TextEdit()\n\nA field for text of many lines, shown in letters of one width.", bp::no_init)
-        .def("__init__", bp::make_constructor(makeTextEdit), "__init__() -> None\n\nAn empty text field.")
-        .add_property("text", text, setText, "str: The text, lines separated by '\\n'.")
-        .add_property("readOnly", readOnly, setReadOnly, "bool: Whether the user can only look and copy.");
+    bindBase<QTextEdit>("_QTextEdit", "What text fields of many lines have.");
+    installProperties<QTextEdit>(g_properties);
+    bindPublic<QTextEdit>("TextEdit",
+                          "TextEdit(text: str = '', parent: Widget = None, **properties)\n\nA field for text "
+                          "of many lines, shown in letters of one width.");
+    bindConstructor<PyTextEdit, g_arguments>(
+        "__init__(text: str = '', parent: Widget = None, **properties) -> None\n\nA text field.");
 }
 
 } // namespace python

@@ -1,7 +1,8 @@
 #include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
 #include "module/app/PluginContext.h"
-#include "module/gui/Handles.h"
+#include "module/gui/Property.h"
+#include "module/gui/Widgets.h"
 
 namespace bp = boost::python;
 
@@ -9,40 +10,29 @@ namespace python {
 
 namespace {
 
-template <auto Getter>
-bool get(const ToolBarHandle& handle)
-{
-    return (handle.bar().*Getter)();
-}
+PyGetSetDef g_properties[] = {
+    property<&QToolBar::isMovable, &QToolBar::setMovable>("ToolBar.movable", "bool: Whether the user can move it."),
+    property<&QToolBar::isFloatable, &QToolBar::setFloatable>("ToolBar.floatable",
+                                                              "bool: Whether the user can pull it out as a window."),
+    readOnly<&QToolBar::isFloating>("ToolBar.floating", "bool: Whether it is a window now. Read-only."),
+};
 
-template <auto Setter>
-void set(const ToolBarHandle& handle, bool value)
-{
-    (handle.bar().*Setter)(value);
-}
-
-bp::object addToolBarAction(const ToolBarHandle& handle, const bp::object& text, const bp::object& callable,
+bp::object addToolBarAction(const Handle<QToolBar>& handle, const bp::object& text, const bp::object& callable,
                             const bp::object& icon)
 {
-    return addAction(handle.bar(), "ToolBar.addAction()", text, callable, icon);
+    return addAction(handle.get(), "ToolBar.addAction()", text, callable, icon);
 }
 
-void addSeparator(const ToolBarHandle& handle)
+void addSeparator(const Handle<QToolBar>& handle)
 {
-    HVPluginContributions::instance().add(callingPluginFolder(), handle.bar().addSeparator());
+    HVPluginContributions::instance().add(callingPluginFolder(), handle.get().addSeparator());
 }
 
 } // namespace
 
 void bindToolBar()
 {
-    bp::class_<ToolBarHandle, bp::bases<WidgetHandle>, std::shared_ptr<ToolBarHandle>, boost::noncopyable>(
-        "ToolBar", "A tool bar of the main window, as addMainWindowToolBar() returns it.", bp::no_init)
-        .add_property("movable", get<&QToolBar::isMovable>, set<&QToolBar::setMovable>,
-                      "bool: Whether the user can move it.")
-        .add_property("floatable", get<&QToolBar::isFloatable>, set<&QToolBar::setFloatable>,
-                      "bool: Whether the user can pull it out as a window.")
-        .add_property("floating", get<&QToolBar::isFloating>, "bool: Whether it is a window now. Read-only.")
+    bindBase<QToolBar>("_QToolBar", "What tool bars have.")
         .def("addAction", addToolBarAction,
              (bp::arg("self"), bp::arg("text"), bp::arg("callable"), bp::arg("icon") = bp::object()),
              "addAction(text: str, callable: Callable[[], object], icon: Icon = None) -> Action\n\n"
@@ -50,6 +40,8 @@ void bindToolBar()
              "printed.\n\n"
              "Raises TypeError for a text that is not a str, an object that can not be called, or a wrong icon.")
         .def("addSeparator", addSeparator, bp::args("self"), "addSeparator() -> None\n\nA line between buttons.");
+    installProperties<QToolBar>(g_properties);
+    bindPublic<QToolBar>("ToolBar", "A tool bar of the main window, as addMainWindowToolBar() returns it.");
 }
 
 } // namespace python

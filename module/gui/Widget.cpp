@@ -1,69 +1,110 @@
 #include "module/Bindings.h"
-#include "module/gui/Handles.h"
+#include "module/gui/Construction.h"
+#include "module/gui/Property.h"
+#include "module/gui/Widgets.h"
 #include "runtime/Errors.h"
 
-#include <QThread>
+#include <QFont>
 
 namespace bp = boost::python;
 
 namespace python {
 
-WidgetHandle::~WidgetHandle()
-{
-    auto* widget = m_owned ? static_cast<QWidget*>(objectOrNull()) : nullptr;
-    if (!widget || widget->parent())
-        return;
-    if (QThread::currentThread() == widget->thread())
-        delete widget;
-    else
-        widget->deleteLater();
-}
-
 namespace {
 
-/// The public class beside the base that every widget shares.
-class PlainWidgetHandle : public WidgetHandle
+using QWidgetIndirect = Indirect<QWidget>;
+using PyWidget = Wrapper<QWidgetIndirect>;
+
+constexpr ConstructorArguments g_arguments = {{"parent", "parentWidget"}};
+
+void setWidth(QWidget& self, int width)
 {
-public:
-    using WidgetHandle::WidgetHandle;
+    self.resize(width, self.height());
+}
+
+void setHeight(QWidget& self, int height)
+{
+    self.resize(self.width(), height);
+}
+
+bp::object parentWidget(QWidget& self)
+{
+    return wrapWidget(self.parentWidget());
+}
+
+void setParentWidget(QWidget& self, const bp::object& value)
+{
+    QWidget* parent = nullptr;
+    if (!value.is_none()) {
+        const bp::extract<const WidgetHandle&> handle(value);
+        if (!handle.check())
+            raise(PyExc_TypeError, "Widget.parentWidget, expected 'Widget' but got '%s' instead", typeName(value));
+        parent = &handle().widget();
+    }
+    if (parent == &self || (parent && self.isAncestorOf(parent)))
+        raise(PyExc_ValueError, "Widget.parentWidget, a widget can not be inside itself");
+    // Dialogs and menus stay windows of their own, above the parent.
+    const Qt::WindowFlags kind = self.windowFlags() & Qt::WindowType_Mask;
+    const bool staysWindow = kind == Qt::Dialog || kind == Qt::Popup;
+    if (parent != self.parentWidget())
+        self.setParent(parent, staysWindow ? self.windowFlags() : self.windowFlags() & ~Qt::WindowType_Mask);
+}
+
+PyGetSetDef g_properties[] = {
+    property<&QWidget::width, setWidth>("Widget.width", "int: Width in pixels."),
+    property<&QWidget::height, setHeight>("Widget.height", "int: Height in pixels."),
+    property<&QWidget::acceptDrops, &QWidget::setAcceptDrops>(
+        "Widget.acceptDrops", "bool: Whether something can be dropped here; see dragEnterEvent() and dropEvent()."),
+    property<&QWidget::windowTitle, &QWidget::setWindowTitle>("Widget.windowTitle",
+                                                              "str: The text in the title bar or the tab."),
+    property<&QWidget::isEnabled, &QWidget::setEnabled>("Widget.enabled", "bool: Whether the user can use the widget."),
+    property<&QWidget::isVisible, &QWidget::setVisible>(
+        "Widget.visible", "bool: Whether the widget is shown. A part of a window is not visible before the window is."),
+    property<&QWidget::whatsThis, &QWidget::setWhatsThis>("Widget.helpText",
+                                                          "str: The longer explanation that Shift+F1 shows."),
+    property<&QWidget::toolTip, &QWidget::setToolTip>("Widget.toolTip", "str: The text that appears under the mouse."),
+    property<&QWidget::styleSheet, &QWidget::setStyleSheet>(
+        "Widget.styleSheet", "str: Colours, borders and the like in Qt's style-sheet language; the classes there have "
+                             "Qt's names."),
+    property<parentWidget, setParentWidget>("Widget.parentWidget",
+                                            "Widget | None: The widget that this one is in. It keeps this one alive."),
+    property<&QWidget::font, &QWidget::setFont>(
+        "Widget.font", "Font: The font. Reading gives a copy; assign it to change the widget."),
+    property<&QWidget::hasMouseTracking, &QWidget::setMouseTracking>(
+        "Widget.mouseTracking", "bool: Whether mouseMoveEvent() is also called when no button is held down."),
 };
 
-std::shared_ptr<PlainWidgetHandle> makeWidget()
+/// Sizes come as one Size or as width and height.
+QSize requireSize(const bp::object& width, const bp::object& height, const char* method)
 {
-    return makeOwned<PlainWidgetHandle, QWidget>();
+    if (height.is_none())
+        return Argument<QSize>::from(width.ptr(), method);
+    return {Argument<int>::from(width.ptr(), method), Argument<int>::from(height.ptr(), method)};
 }
 
-bp::object windowTitle(const WidgetHandle& handle)
+template <void (QWidget::*setter)(const QSize&)>
+struct SetSize
 {
-    return unicodeText(handle.widget().windowTitle());
-}
+    const char* method;
+    void operator()(const WidgetHandle& handle, const bp::object& width, const bp::object& height) const
+    {
+        QWidget& widget = handle.widget();
+        const QSize size = requireSize(width, height, method);
+        if (size.width() < 0 || size.height() < 0)
+            raise(PyExc_ValueError, "%s, a size can not be negative", method);
+        (widget.*setter)(size);
+    }
+};
 
-void setWindowTitle(const WidgetHandle& handle, const QString& title)
+template <QPoint (QWidget::*map)(const QPoint&) const>
+struct MapPosition
 {
-    handle.widget().setWindowTitle(title);
-}
-
-bp::object toolTip(const WidgetHandle& handle)
-{
-    return unicodeText(handle.widget().toolTip());
-}
-
-void setToolTip(const WidgetHandle& handle, const QString& text)
-{
-    handle.widget().setToolTip(text);
-}
-
-template <auto Getter>
-auto get(const WidgetHandle& handle)
-{
-    return (handle.widget().*Getter)();
-}
-
-template <auto Setter>
-void set(const WidgetHandle& handle, bool value)
-{
-    (handle.widget().*Setter)(value);
-}
+    const char* method;
+    QPoint operator()(const WidgetHandle& handle, const bp::object& position) const
+    {
+        return (handle.widget().*map)(Argument<QPoint>::from(position.ptr(), method));
+    }
+};
 
 void show(const WidgetHandle& handle)
 {
@@ -80,28 +121,85 @@ bool close(const WidgetHandle& handle)
     return handle.widget().close();
 }
 
+void move(const WidgetHandle& handle, const bp::object& x, const bp::object& y)
+{
+    constexpr const char* method = "Widget.move()";
+    handle.widget().move(y.is_none()
+                             ? Argument<QPoint>::from(x.ptr(), method)
+                             : QPoint(Argument<int>::from(x.ptr(), method), Argument<int>::from(y.ptr(), method)));
+}
+
+template <typename Class, typename Function>
+void defineSizeSetter(Class& registered, const char* name, Function function, const char* documentation)
+{
+    registered.def(name,
+                   bp::make_function(function, bp::default_call_policies(),
+                                     (bp::arg("self"), bp::arg("width"), bp::arg("height") = bp::object()),
+                                     boost::mpl::vector4<void, const WidgetHandle&, bp::object, bp::object>()),
+                   documentation);
+}
+
+template <typename Class, typename Function>
+void defineMap(Class& registered, const char* name, Function function, const char* documentation)
+{
+    registered.def(name,
+                   bp::make_function(function, bp::default_call_policies(), bp::args("self", "position"),
+                                     boost::mpl::vector3<QPoint, const WidgetHandle&, bp::object>()),
+                   documentation);
+}
+
 } // namespace
+
+QWidget& requireWidget(const bp::object& argument, const char* method)
+{
+    const bp::extract<const WidgetHandle&> handle(argument);
+    if (!handle.check())
+        raise(PyExc_TypeError, "%s, expected type 'Widget' but got '%s' instead", method, typeName(argument));
+    return handle().widget();
+}
 
 void bindWidget()
 {
-    bp::class_<WidgetHandle, bp::bases<ObjectHandle>, std::shared_ptr<WidgetHandle>, boost::noncopyable>(
-        "_QWidget", "What all windows and parts of windows have in common.", bp::no_init)
-        .add_property("width", get<&QWidget::width>, "int: Width in pixels. Read-only.")
-        .add_property("height", get<&QWidget::height>, "int: Height in pixels. Read-only.")
-        .add_property("windowTitle", windowTitle, setWindowTitle, "str: The text in the title bar or the tab.")
-        .add_property("toolTip", toolTip, setToolTip, "str: The text that appears under the mouse.")
-        .add_property("enabled", get<&QWidget::isEnabled>, set<&QWidget::setEnabled>,
-                      "bool: Whether the user can use the widget.")
-        .add_property("visible", get<&QWidget::isVisible>, set<&QWidget::setVisible>,
-                      "bool: Whether the widget is shown.")
-        .def("show", show, bp::args("self"), "show() -> None\n\nShows the widget.")
+    bp::class_<WidgetHandle, bp::bases<ObjectHandle>, boost::noncopyable> base(
+        "_QWidget", "What all windows and parts of windows have in common.", bp::no_init);
+    base.def(
+            "show", show, bp::args("self"),
+            "show() -> None\n\nShows the widget. A window without a parent stays until it is closed, though the script "
+            "keeps no name of it.")
         .def("hide", hide, bp::args("self"), "hide() -> None\n\nHides the widget.")
         .def("close", close, bp::args("self"),
-             "close() -> bool\n\nCloses the window; False when it refused, for example over unsaved changes.");
+             "close() -> bool\n\nCloses the window; False when it refused, for example over unsaved changes.")
+        .def(
+            "move", move, (bp::arg("self"), bp::arg("x"), bp::arg("y") = bp::object()),
+            "move(x: int | Point, y: int = None) -> None\n\nMoves the upper left corner, in pixels of the parent or of "
+            "the screen.");
+    defineSizeSetter(
+        base, "setMinimumSize", SetSize<&QWidget::setMinimumSize>{"Widget.setMinimumSize()"},
+        "setMinimumSize(width: int | Size, height: int = None) -> None\n\nThe widget never gets smaller, in "
+        "pixels.");
+    defineSizeSetter(
+        base, "setMaximumSize", SetSize<&QWidget::setMaximumSize>{"Widget.setMaximumSize()"},
+        "setMaximumSize(width: int | Size, height: int = None) -> None\n\nThe widget never gets larger, in "
+        "pixels.");
+    defineSizeSetter(base, "setFixedSize", SetSize<&QWidget::setFixedSize>{"Widget.setFixedSize()"},
+                     "setFixedSize(width: int | Size, height: int = None) -> None\n\nThe widget keeps this size, in "
+                     "pixels.");
+    defineMap(base, "toGlobalPosition", MapPosition<&QWidget::mapToGlobal>{"Widget.toGlobalPosition()"},
+              "toGlobalPosition(position: Point) -> Point\n\nThe place on the screen of a place in the widget.");
+    defineMap(base, "fromGlobalPosition", MapPosition<&QWidget::mapFromGlobal>{"Widget.fromGlobalPosition()"},
+              "fromGlobalPosition(position: Point) -> Point\n\nThe place in the widget of a place on the screen.");
+    defineMap(base, "toParentPosition", MapPosition<&QWidget::mapToParent>{"Widget.toParentPosition()"},
+              "toParentPosition(position: Point) -> Point\n\nThe place in the parent of a place in the widget.");
+    defineMap(base, "fromParentPosition", MapPosition<&QWidget::mapFromParent>{"Widget.fromParentPosition()"},
+              "fromParentPosition(position: Point) -> Point\n\nThe place in the widget of a place in the parent.");
+    installProperties<QWidget>(g_properties);
+    installHandlers(classOf<WidgetHandle>());
 
-    bp::class_<PlainWidgetHandle, bp::bases<WidgetHandle>, std::shared_ptr<PlainWidgetHandle>, boost::noncopyable>(
-        "Widget", "Widget()\n\nAn empty widget.", bp::no_init)
-        .def("__init__", bp::make_constructor(makeWidget), "__init__() -> None\n\nAn empty widget.");
+    bindPublic<QWidget>("Widget",
+                        "Widget(parent: Widget = None, **properties)\n\nAn empty widget, to put others into or "
+                        "to derive from.");
+    bindConstructor<PyWidget, g_arguments>("__init__(parent: Widget = None, **properties) -> None\n\nProperties go by "
+                                           "name, as in Widget(toolTip='...').");
 }
 
 } // namespace python

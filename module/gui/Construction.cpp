@@ -1,0 +1,89 @@
+#include "module/gui/Construction.h"
+
+#include "runtime/Errors.h"
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+namespace bp = boost::python;
+
+namespace python {
+
+namespace {
+
+/// In the order in which they are set, after all others: what others bound, then what makes the widget known outside,
+/// so that a wrong argument leaves nothing behind.
+constexpr std::array<const char*, 6> g_lastProperties = {"value",       "checked",      "currentIndex",
+                                                         "currentText", "parentWidget", "visible"};
+
+struct Setting
+{
+    PyObject* descriptor; // borrowed, the class keeps it
+    PyObject* value;      // borrowed, the caller keeps it
+    int rank;
+};
+
+const char* propertyOf(const ConstructorArguments& names, const char* argument)
+{
+    const auto* found = std::find_if(names.begin(), names.end(), [&](const ConstructorArgument& candidate) {
+        return std::strcmp(candidate.name, argument) == 0;
+    });
+    return found != names.end() ? found->property : argument;
+}
+
+Setting makeSetting(PyTypeObject* type, const char* argument, const char* property, PyObject* value)
+{
+    const bp::object name = owned(PyUnicode_InternFromString(property));
+    PyObject* descriptor = _PyType_Lookup(type, name.ptr());
+    if (!descriptor || !PyDescr_IsData(descriptor))
+        raise(PyExc_TypeError, "%s() got an unexpected keyword argument '%s'", type->tp_name, argument);
+    const auto* last = std::find_if(g_lastProperties.begin(), g_lastProperties.end(),
+                                    [&](const char* candidate) { return std::strcmp(candidate, property) == 0; });
+    const bool isLast = last != g_lastProperties.end();
+    return {descriptor, value, isLast ? static_cast<int>(last - g_lastProperties.begin()) + 1 : 0};
+}
+
+} // namespace
+
+void applyArguments(PyObject* self, PyTypeObject* type, const ConstructorArguments& names, PyObject* arguments,
+                    PyObject* keywords)
+{
+    const Py_ssize_t count = PyTuple_GET_SIZE(arguments);
+    if (count == 0 && !keywords)
+        return;
+    if (count > static_cast<Py_ssize_t>(names.size()))
+        raise(PyExc_TypeError, "%s() takes at most %d positional arguments (%zd given)", type->tp_name,
+              static_cast<int>(names.size()), count);
+    std::vector<Setting> settings;
+    for (Py_ssize_t index = 0; index < count; ++index) {
+        const ConstructorArgument& name = names.begin()[index];
+        if (keywords && PyDict_GetItemString(keywords, name.name))
+            raise(PyExc_TypeError, "%s() got multiple values for argument '%s'", type->tp_name, name.name);
+        settings.push_back(makeSetting(type, name.name, name.property, PyTuple_GET_ITEM(arguments, index)));
+    }
+    PyObject* key = nullptr;
+    PyObject* value = nullptr;
+    for (Py_ssize_t place = 0; keywords && PyDict_Next(keywords, &place, &key, &value);) {
+        const char* argument = PyUnicode_AsUTF8(key);
+        if (!argument)
+            raisePending();
+        settings.push_back(makeSetting(type, argument, propertyOf(names, argument), value));
+    }
+    std::stable_sort(settings.begin(), settings.end(),
+                     [](const Setting& one, const Setting& other) { return one.rank < other.rank; });
+    for (const Setting& setting : settings)
+        if (Py_TYPE(setting.descriptor)->tp_descr_set(setting.descriptor, self, setting.value) < 0)
+            raisePending();
+}
+
+void adoptWidget(PyObject* self, PyTypeObject* type, const std::shared_ptr<WidgetHandle>& handle, WidgetPeer& peer)
+{
+    handle->setPeer(peer); // from here on the handle destroys the widget
+    installHandle(self, handle);
+    peer.attach(*handle, self);
+    if (Py_TYPE(self) != type)
+        peer.allowOverrides();
+}
+
+} // namespace python

@@ -1,0 +1,105 @@
+#include "host/services/IAppWrapper.h"
+#include "module/Bindings.h"
+#include "module/gui/Connector.h"
+#include "module/gui/Construction.h"
+#include "module/gui/Property.h"
+#include "runtime/ApplicationInterface.h"
+#include "runtime/Errors.h"
+#include "runtime/GilLock.h"
+#include "runtime/RunMonitor.h"
+
+#include <QDialog>
+#include <QMainWindow>
+#include <QPointer>
+#include <QWindow>
+
+namespace bp = boost::python;
+
+namespace python {
+
+namespace {
+
+using QDialogIndirect = Indirect<QDialog>;
+using PyDialog = Wrapper<QDialogIndirect>;
+
+constexpr ConstructorArguments g_arguments = {{"title", "windowTitle"}, {"parent", "parentWidget"}};
+
+PyGetSetDef g_properties[] = {
+    property<&QDialog::isModal, &QDialog::setModal>(
+        "Dialog.modal", "bool: Whether the other windows wait until it is closed; for show(), execute() always waits."),
+    property<&QDialog::windowModality, &QDialog::setWindowModality>("Dialog.modality",
+                                                                    "Modality: Which windows wait until it is closed."),
+};
+
+void accept(const Handle<QDialog>& handle)
+{
+    handle.get().accept();
+}
+
+void reject(const Handle<QDialog>& handle)
+{
+    handle.get().reject();
+}
+
+/// A dialog without a parent still belongs in front of the application's window.
+void placeOverApplication(QDialog& dialog)
+{
+    const IAppWrapper* app = applicationInterface();
+    const QMainWindow* window = app ? app->mainWindow() : nullptr;
+    if (dialog.parentWidget() || !window || !window->isVisible() || !window->windowHandle())
+        return;
+    dialog.winId(); // makes its window
+    dialog.windowHandle()->setTransientParent(window->windowHandle());
+    if (!dialog.testAttribute(Qt::WA_Moved)) {
+        dialog.adjustSize();
+        dialog.move(window->frameGeometry().center() - dialog.rect().center());
+    }
+}
+
+QDialog::DialogCode execute(const Handle<QDialog>& handle)
+{
+    QPointer<QDialog> dialog = &handle.get();
+    if (dialog->isVisible() && dialog->testAttribute(Qt::WA_ShowModal))
+        raise(PyExc_RuntimeError, "Dialog.execute(), the dialog is already waiting for an answer");
+    placeOverApplication(*dialog);
+    const RunPause pause;
+    const GilRelease release;
+    return dialog->exec() == QDialog::Accepted ? QDialog::Accepted : QDialog::Rejected;
+}
+
+void accepted(const Handle<QDialog>& handle, const bp::object& callable)
+{
+    connectCall(handle.get(), &QDialog::accepted, callable, "Dialog.accepted()");
+}
+
+void rejected(const Handle<QDialog>& handle, const bp::object& callable)
+{
+    connectCall(handle.get(), &QDialog::rejected, callable, "Dialog.rejected()");
+}
+
+} // namespace
+
+void bindDialog()
+{
+    bindBase<QDialog>("_QDialog", "What dialogs have.")
+        .def("accept", accept, bp::args("self"), "accept() -> None\n\nCloses the dialog with the answer Accepted.")
+        .def("reject", reject, bp::args("self"), "reject() -> None\n\nCloses the dialog with the answer Rejected.")
+        .def("execute", execute, bp::args("self"),
+             "execute() -> DialogResponse\n\nShows the dialog and waits until the user closes it.\n\nRaises "
+             "RuntimeError "
+             "when it is already waiting.")
+        .def("accepted", accepted, bp::args("self", "callable"),
+             "accepted(callable: Callable[[], object]) -> None\n\nCalls `callable` when the dialog is closed by "
+             "accept().\n\nRaises TypeError for what can not be called.")
+        .def("rejected", rejected, bp::args("self", "callable"),
+             "rejected(callable: Callable[[], object]) -> None\n\nCalls `callable` when the dialog is closed by "
+             "reject(), "
+             "the Escape key or the window's button.\n\nRaises TypeError for what can not be called.");
+    installProperties<QDialog>(g_properties);
+    bindPublic<QDialog>("Dialog", "Dialog(title: str = '', parent: Widget = None, **properties)\n\nA window that asks "
+                                  "the user for something.");
+    bindConstructor<PyDialog, g_arguments>(
+        "__init__(title: str = '', parent: Widget = None, **properties) -> None\n\nAn empty dialog.");
+}
+
+} // namespace python

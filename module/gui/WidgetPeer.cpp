@@ -1,0 +1,182 @@
+#include "module/gui/WidgetPeer.h"
+
+#include "module/gui/Events.h"
+#include "module/gui/Guarded.h"
+#include "module/gui/HandleInstance.h"
+#include "module/gui/WidgetHandle.h"
+#include "runtime/ClassSlots.h"
+#include "runtime/Errors.h"
+#include "runtime/QtCall.h"
+
+namespace python {
+
+namespace {
+
+struct HandlerMethod
+{
+    PyObject* name = nullptr;      // interned
+    PyObject* inherited = nullptr; // the method of the common base class; borrowed, lives as long as the class
+};
+
+/// In the order of Handler; filled at registration.
+std::array<HandlerMethod, g_handlers.size()> g_methods;
+
+const HandlerMethod& methodOf(Handler handler)
+{
+    return g_methods[static_cast<std::size_t>(handler)];
+}
+
+bool isOverridden(PyObject* self, const HandlerMethod& method)
+{
+    PyObject* attributes = reinterpret_cast<boost::python::objects::instance<>*>(self)->dict;
+    if (attributes && PyDict_GetItemWithError(attributes, method.name))
+        return true;
+    return _PyType_Lookup(Py_TYPE(self), method.name) != method.inherited;
+}
+
+} // namespace
+
+void WidgetPeer::attach(WidgetHandle& handle, PyObject* self)
+{
+    m_handle = &handle;
+    m_self = self;
+    updateKeeping();
+}
+
+void WidgetPeer::detach()
+{
+    m_mayOverride = false;
+    m_handle = nullptr;
+    m_self = nullptr;
+}
+
+WidgetPeer::~WidgetPeer()
+{
+    const LateGilLock lock;
+    if (!lock)
+        return;
+    const QtCall::Guard guard;
+    if (m_handle)
+        m_handle->forgetPeer();
+    detach();
+    Py_CLEAR(m_kept);
+}
+
+void WidgetPeer::updateKeeping()
+{
+    QWidget& self = widget();
+    const bool wanted = self.parentWidget() || (self.isWindow() && self.isVisible());
+    if (wanted == (m_kept != nullptr))
+        return;
+    const LateGilLock lock;
+    if (!lock)
+        return;
+    const QtCall::Guard guard; // Qt is in the middle of the change
+    if (wanted) {
+        Py_XINCREF(m_self);
+        m_kept = m_self;
+    } else {
+        Py_CLEAR(m_kept);
+    }
+}
+
+bool WidgetPeer::callOverride(Handler handler, QEvent& event)
+{
+    const QtCall scope(describe(handler).name);
+    const HandlerMethod& method = methodOf(handler);
+    PyObject* self = m_self;
+    if (!self || !isOverridden(self, method))
+        return false;
+    // The handler may let go of the last name of its own widget.
+    Py_INCREF(self);
+    PyObject* wrapped = wrapEvent(event);
+    if (wrapped) {
+        PyObject* arguments[] = {self, wrapped};
+        PyObject* result = PyObject_VectorcallMethod(method.name, arguments, 2, nullptr);
+        endEvent(wrapped);
+        if (!result)
+            printPendingError();
+        Py_XDECREF(result);
+        Py_DECREF(wrapped);
+    } else {
+        printPendingError();
+    }
+    Py_DECREF(self);
+    return true;
+}
+
+namespace {
+
+PyObject* callInherited(Handler handler, PyObject* self, PyObject* argument)
+{
+    return guarded<>(static_cast<PyObject*>(nullptr), [&] {
+        const HandlerDescription& description = describe(handler);
+        auto& handle = static_cast<WidgetHandle&>(handleOf(self));
+        handle.widget();
+        QEvent* event = eventOf(argument);
+        if (!event || event->type() != description.event)
+            raise(PyExc_TypeError, "%s.%s(), wrong argument of type '%s'", handle.className(), description.name,
+                  typeName(argument));
+        if (!handle.peer())
+            raise(PyExc_RuntimeError, "%s.%s(), only widgets made by a script have handlers", handle.className(),
+                  description.name);
+        handle.peer()->handleByDefault(handler, *event);
+        return Py_NewRef(Py_None);
+    });
+}
+
+template <Handler handler>
+PyObject* inheritedHandler(PyObject* self, PyObject* event)
+{
+    return callInherited(handler, self, event);
+}
+
+/// The texts that help() shows, kept for as long as the class.
+const char* documentationOf(const HandlerDescription& description)
+{
+    static std::array<std::string, g_handlers.size()> texts;
+    std::string& text = texts[static_cast<std::size_t>(&description - g_handlers.data())];
+    text = std::string(description.name) + "(event: _QEvent) -> None\n\nWhat the widget does with the event when no "
+                                           "subclass overrides this. The event is only valid inside the handler.";
+    return text.c_str();
+}
+
+template <std::size_t... index>
+void installMethods(PyTypeObject* type, std::index_sequence<index...> /*handlers*/)
+{
+    static PyMethodDef definitions[] = {{g_handlers[index].name, inheritedHandler<static_cast<Handler>(index)>, METH_O,
+                                         documentationOf(g_handlers[index])}...};
+    for (PyMethodDef& definition : definitions)
+        installMethod(type, definition);
+}
+
+/// A handler may also be given to one object, as `label.mousePressEvent = function`, which is then called with the
+/// event alone.
+int setAttribute(PyObject* self, PyObject* name, PyObject* value)
+{
+    const int result = PyObject_GenericSetAttr(self, name, value);
+    if (result == 0 && value)
+        for (const HandlerMethod& method : g_methods)
+            if (method.name == name) {
+                ObjectHandle* handle = handleOrNull(self);
+                WidgetPeer* peer = handle ? static_cast<WidgetHandle*>(handle)->peer() : nullptr;
+                if (peer)
+                    peer->allowOverrides();
+            }
+    return result;
+}
+
+} // namespace
+
+void installHandlers(PyTypeObject* type)
+{
+    installMethods(type, std::make_index_sequence<g_handlers.size()>());
+    for (std::size_t index = 0; index < g_handlers.size(); ++index) {
+        g_methods[index].name = PyUnicode_InternFromString(g_handlers[index].name);
+        g_methods[index].inherited = PyDict_GetItemWithError(type->tp_dict, g_methods[index].name);
+    }
+    for (const char* name : {"__setattr__", "__delattr__"})
+        installSlot(type, name, reinterpret_cast<void*>(setAttribute));
+}
+
+} // namespace python

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "module/gui/Indirect.h"
+#include "module/gui/WidgetPeer.h"
+
+namespace python {
+
+/// A Qt widget that a script made: each event handler relays to Python, and does what Qt does when there is no override
+/// in Python. `I` is an Indirect class.
+template <typename I>
+class Wrapper final : public I, public WidgetPeer
+{
+public:
+    QWidget& widget() override { return *this; }
+    void handleByDefault(Handler handler, QEvent& event) override { I::defaultHandler(handler, event); }
+
+protected:
+    bool event(QEvent* event) override
+    {
+        const QEvent::Type type = event->type();
+        const bool result = I::event(event);
+        if (type == QEvent::ParentChange || type == QEvent::Show || type == QEvent::Hide)
+            updateKeeping();
+        return result;
+    }
+
+    void resizeEvent(QResizeEvent* event) override { relayOr(Handler::Resize, event); }
+    void showEvent(QShowEvent* event) override { relayOr(Handler::Show, event); }
+    void hideEvent(QHideEvent* event) override { relayOr(Handler::Hide, event); }
+    void closeEvent(QCloseEvent* event) override { relayOr(Handler::Close, event); }
+    void enterEvent(QEvent* event) override { relayOr(Handler::Enter, event); }
+    void leaveEvent(QEvent* event) override { relayOr(Handler::Leave, event); }
+    void moveEvent(QMoveEvent* event) override { relayOr(Handler::Move, event); }
+    void keyPressEvent(QKeyEvent* event) override { relayOr(Handler::KeyPress, event); }
+    void keyReleaseEvent(QKeyEvent* event) override { relayOr(Handler::KeyRelease, event); }
+    void mousePressEvent(QMouseEvent* event) override { relayOr(Handler::MousePress, event); }
+    void mouseReleaseEvent(QMouseEvent* event) override { relayOr(Handler::MouseRelease, event); }
+    void mouseDoubleClickEvent(QMouseEvent* event) override { relayOr(Handler::MouseDoubleClick, event); }
+    void mouseMoveEvent(QMouseEvent* event) override { relayOr(Handler::MouseMove, event); }
+    void wheelEvent(QWheelEvent* event) override { relayOr(Handler::Wheel, event); }
+    void dragEnterEvent(QDragEnterEvent* event) override { relayOr(Handler::DragEnter, event); }
+    void dragMoveEvent(QDragMoveEvent* event) override { relayOr(Handler::DragMove, event); }
+    void dragLeaveEvent(QDragLeaveEvent* event) override { relayOr(Handler::DragLeave, event); }
+    void dropEvent(QDropEvent* event) override { relayOr(Handler::Drop, event); }
+
+private:
+    void relayOr(Handler handler, QEvent* event)
+    {
+        if (!relay(handler, *event))
+            I::defaultHandler(handler, *event);
+    }
+};
+
+} // namespace python

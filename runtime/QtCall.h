@@ -1,0 +1,40 @@
+#pragma once
+
+#include "runtime/GilLock.h"
+#include "runtime/RunMonitor.h"
+
+namespace python {
+
+/// The way from the application's windows into Python: holds the interpreter lock, lets the user stop the code when it
+/// takes long, and says to destructors that the windows' own code is still on the stack. An exception that is pending
+/// (an object may die while one unwinds) waits meanwhile. On the GUI thread; nests.
+class QtCall
+{
+public:
+    /// `name`, which stays valid, is what a run indicator shows.
+    explicit QtCall(const char* name);
+    ~QtCall();
+    QtCall(const QtCall&) = delete;
+    QtCall& operator=(const QtCall&) = delete;
+
+    /// Whether Qt may still use an object that Python code now gives up: such objects are destroyed later.
+    static bool isUnderWay() { return s_depth > 0; }
+
+    /// The same promise for code of the application that lets Python objects go while Qt uses theirs.
+    class Guard
+    {
+    public:
+        Guard() { ++s_depth; }
+        ~Guard() { --s_depth; }
+        Guard(const Guard&) = delete;
+        Guard& operator=(const Guard&) = delete;
+    };
+
+private:
+    const GilLock m_lock;
+    const RunMonitor m_monitor;
+    PyObject* m_pending[3];
+    static inline int s_depth = 0;
+};
+
+} // namespace python
