@@ -39,13 +39,13 @@ void setToolTip(QAction& action, const QString& tip)
 }
 
 PyGetSetDef g_properties[] = {
-    property<&QAction::text, &QAction::setText>("Action.text", "str: What the command is called."),
-    property<&QAction::toolTip, setToolTip>("Action.toolTip", "str: The text under the mouse and in the status bar."),
-    property<&QAction::icon, &QAction::setIcon>("Action.icon", "Icon: The picture beside the text."),
-    property<&QAction::isEnabled, &QAction::setEnabled>("Action.enabled", "bool: Whether the user can choose it."),
-    property<&QAction::isCheckable, &QAction::setCheckable>("Action.checkable",
+    property<&QAction::text, &QAction::setText>("text", "str: What the command is called."),
+    property<&QAction::toolTip, setToolTip>("toolTip", "str: The text under the mouse and in the status bar."),
+    property<&QAction::icon, &QAction::setIcon>("icon", "Icon: The picture beside the text."),
+    property<&QAction::isEnabled, &QAction::setEnabled>("enabled", "bool: Whether the user can choose it."),
+    property<&QAction::isCheckable, &QAction::setCheckable>("checkable",
                                                             "bool: Whether choosing it switches it on or off."),
-    property<&QAction::isChecked, &QAction::setChecked>("Action.checked", "bool: Whether it is switched on."),
+    property<&QAction::isChecked, &QAction::setChecked>("checked", "bool: Whether it is switched on."),
 };
 
 void trigger(const ActionHandle& handle)

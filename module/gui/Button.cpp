@@ -33,16 +33,13 @@ void setShortcut(QAbstractButton& button, const QString& keys)
 
 PyGetSetDef g_abstractProperties[] = {
     property<&QAbstractButton::text, &QAbstractButton::setText>(
-        "Button.text", "str: The label; a letter after '&' is the key that Alt makes press it."),
-    property<&QAbstractButton::icon, &QAbstractButton::setIcon>("Button.icon", "Icon: The picture beside the text."),
-    property<&QAbstractButton::iconSize, &QAbstractButton::setIconSize>("Button.iconSize",
-                                                                        "Size: The icon's size in pixels."),
+        "text", "str: The label; a letter after '&' is the key that Alt makes press it."),
+    property<&QAbstractButton::icon, &QAbstractButton::setIcon>("icon", "Icon: The picture beside the text."),
+    property<&QAbstractButton::iconSize, &QAbstractButton::setIconSize>("iconSize", "Size: The icon's size in pixels."),
     property<&QAbstractButton::isCheckable, &QAbstractButton::setCheckable>(
-        "Button.checkable", "bool: Whether pressing it switches it on or off."),
-    property<&QAbstractButton::isChecked, &QAbstractButton::setChecked>("Button.checked",
-                                                                        "bool: Whether it is switched on."),
-    property<shortcut, setShortcut>("Button.shortcut",
-                                    "str: Keys that press it from anywhere in the window, 'Ctrl+R'."),
+        "checkable", "bool: Whether pressing it switches it on or off."),
+    property<&QAbstractButton::isChecked, &QAbstractButton::setChecked>("checked", "bool: Whether it is switched on."),
+    property<shortcut, setShortcut>("shortcut", "str: Keys that press it from anywhere in the window, 'Ctrl+R'."),
 };
 
 /// What the menu of a button is held by; the button itself does not own it.
@@ -67,7 +64,7 @@ void setMenu(QPushButton& button, const bp::object& value)
 }
 
 PyGetSetDef g_properties[] = {
-    property<menu, setMenu>("Button.menu", "Menu | None: What opens when the button is pressed."),
+    property<menu, setMenu>("menu", "Menu | None: What opens when the button is pressed."),
 };
 
 void clicked(const Handle<QPushButton>& handle, const bp::object& callable)

@@ -26,8 +26,8 @@ constexpr ConstructorArguments g_arguments = {{"title", "windowTitle"}, {"parent
 
 PyGetSetDef g_properties[] = {
     property<&QDialog::isModal, &QDialog::setModal>(
-        "Dialog.modal", "bool: Whether the other windows wait until it is closed; for show(), execute() always waits."),
-    property<&QDialog::windowModality, &QDialog::setWindowModality>("Dialog.modality",
+        "modal", "bool: Whether the other windows wait until it is closed; for show(), execute() always waits."),
+    property<&QDialog::windowModality, &QDialog::setWindowModality>("modality",
                                                                     "Modality: Which windows wait until it is closed."),
 };
 

@@ -14,10 +14,10 @@ using PyFrame = Wrapper<QFrameIndirect>;
 constexpr ConstructorArguments g_arguments = {{"parent", "parentWidget"}};
 
 PyGetSetDef g_properties[] = {
-    property<&QFrame::frameShape, &QFrame::setFrameShape>("Frame.shape", "FrameShape: What the frame looks like."),
-    property<&QFrame::frameShadow, &QFrame::setFrameShadow>("Frame.shadow", "FrameShadow: Flat, raised or sunken."),
-    property<&QFrame::lineWidth, &QFrame::setLineWidth>("Frame.lineWidth", "int: Width of the lines in pixels."),
-    property<&QFrame::frameStyle, &QFrame::setFrameStyle>("Frame.frameStyle",
+    property<&QFrame::frameShape, &QFrame::setFrameShape>("shape", "FrameShape: What the frame looks like."),
+    property<&QFrame::frameShadow, &QFrame::setFrameShadow>("shadow", "FrameShadow: Flat, raised or sunken."),
+    property<&QFrame::lineWidth, &QFrame::setLineWidth>("lineWidth", "int: Width of the lines in pixels."),
+    property<&QFrame::frameStyle, &QFrame::setFrameStyle>("frameStyle",
                                                           "int: Shape and shadow in one number, `shape | shadow`."),
 };
 

@@ -30,9 +30,9 @@ void refuseValue(QWidget& /*window*/, const bp::object& /*value*/)
 }
 
 PyGetSetDef g_properties[] = {
-    property<&QWidget::isVisible, refuseValue>("MainWindow.visible", "bool: Whether it is shown. Read-only."),
-    property<&QWidget::isEnabled, refuseValue>("MainWindow.enabled", "bool: Whether it can be used. Read-only."),
-    property<noParent, refuseValue>("MainWindow.parentWidget", "None: It is in no other widget. Read-only."),
+    property<&QWidget::isVisible, refuseValue>("visible", "bool: Whether it is shown. Read-only."),
+    property<&QWidget::isEnabled, refuseValue>("enabled", "bool: Whether it can be used. Read-only."),
+    property<noParent, refuseValue>("parentWidget", "None: It is in no other widget. Read-only."),
 };
 
 } // namespace

@@ -24,12 +24,12 @@ constexpr ConstructorArguments g_menuArguments = {{"title", "title"}, {"parent",
 constexpr ConstructorArguments g_menuBarArguments = {{"parent", "parentWidget"}};
 
 PyGetSetDef g_menuProperties[] = {
-    property<&QMenu::title, &QMenu::setTitle>("Menu.title", "str: What the menu is called."),
-    property<&QMenu::icon, &QMenu::setIcon>("Menu.icon", "Icon: The picture beside the title."),
+    property<&QMenu::title, &QMenu::setTitle>("title", "str: What the menu is called."),
+    property<&QMenu::icon, &QMenu::setIcon>("icon", "Icon: The picture beside the title."),
 };
 PyGetSetDef g_menuBarProperties[] = {
     property<&QMenuBar::isDefaultUp, &QMenuBar::setDefaultUp>(
-        "MenuBar.defaultUp", "bool: Whether menus open upwards, for a bar at the lower edge."),
+        "defaultUp", "bool: Whether menus open upwards, for a bar at the lower edge."),
 };
 
 bp::object addMenuAction(const Handle<QMenu>& handle, const bp::object& text, const bp::object& callable,

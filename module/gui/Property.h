@@ -11,8 +11,8 @@
 /// Properties of widgets, straight from pairs of Qt functions:
 ///
 ///     static PyGetSetDef g_properties[] = {
-///         property<&QFrame::lineWidth, &QFrame::setLineWidth>("Frame.lineWidth", "int: Width of the frame's lines."),
-///         readOnly<&QFrame::frameWidth>("Frame.frameWidth", "int: Pixels that the frame takes at each side."),
+///         property<&QFrame::lineWidth, &QFrame::setLineWidth>("lineWidth", "int: Width of the frame's lines."),
+///         readOnly<&QFrame::frameWidth>("frameWidth", "int: Pixels that the frame takes at each side."),
 ///     };
 ///     installProperties<QFrame>(g_properties);
 ///
@@ -48,7 +48,7 @@ struct Signature<void (*)(Object&, Value)>
 };
 
 template <auto getter>
-PyObject* get(PyObject* self, void* /*where*/)
+PyObject* get(PyObject* self, void* /*member*/)
 {
     return guarded<>(static_cast<PyObject*>(nullptr), [&] {
         auto& object = handleOf(self).alive<typename Signature<decltype(getter)>::Owner>();
@@ -60,15 +60,16 @@ PyObject* get(PyObject* self, void* /*where*/)
 }
 
 template <auto setter>
-int set(PyObject* self, PyObject* value, void* where)
+int set(PyObject* self, PyObject* value, void* member)
 {
     return guarded<>(-1, [&] {
         using Types = Signature<decltype(setter)>;
-        const auto* name = static_cast<const char*>(where);
-        auto& object = handleOf(self).alive<typename Types::Owner>();
+        const ObjectHandle& handle = handleOf(self);
+        auto& object = handle.alive<typename Types::Owner>();
+        const std::string where = std::string(handle.className()) + "." + static_cast<const char*>(member);
         if (!value)
-            raise(PyExc_AttributeError, "%s can not be deleted", name);
-        auto&& argument = Argument<typename Types::Argument>::from(value, name);
+            raise(PyExc_AttributeError, "%s can not be deleted", where.c_str());
+        auto&& argument = Argument<typename Types::Argument>::from(value, where.c_str());
         if constexpr (std::is_member_function_pointer_v<decltype(setter)>)
             (object.*setter)(argument);
         else
@@ -77,26 +78,18 @@ int set(PyObject* self, PyObject* value, void* where)
     });
 }
 
-/// The part of "Class.member" that scripts write.
-constexpr const char* memberOf(const char* where)
-{
-    while (*where && *where != '.')
-        ++where;
-    return *where ? where + 1 : where;
-}
-
 } // namespace detail
 
 template <auto getter, auto setter>
-PyGetSetDef property(const char* where, const char* documentation)
+PyGetSetDef property(const char* name, const char* documentation)
 {
-    return {detail::memberOf(where), detail::get<getter>, detail::set<setter>, documentation, const_cast<char*>(where)};
+    return {name, detail::get<getter>, detail::set<setter>, documentation, const_cast<char*>(name)};
 }
 
 template <auto getter>
-PyGetSetDef readOnly(const char* where, const char* documentation)
+PyGetSetDef readOnly(const char* name, const char* documentation)
 {
-    return {detail::memberOf(where), detail::get<getter>, nullptr, documentation, const_cast<char*>(where)};
+    return {name, detail::get<getter>, nullptr, documentation, nullptr};
 }
 
 /// `definitions` has static storage. The base class of Q is registered.

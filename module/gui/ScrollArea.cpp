@@ -16,11 +16,11 @@ using PyScrollArea = Wrapper<QScrollAreaIndirect>;
 
 PyGetSetDef g_abstractProperties[] = {
     property<&QAbstractScrollArea::horizontalScrollBarPolicy, &QAbstractScrollArea::setHorizontalScrollBarPolicy>(
-        "ScrollArea.horizontalScrollBarPolicy", "ScrollBarPolicy: When the lower scroll bar is shown."),
+        "horizontalScrollBarPolicy", "ScrollBarPolicy: When the lower scroll bar is shown."),
     property<&QAbstractScrollArea::verticalScrollBarPolicy, &QAbstractScrollArea::setVerticalScrollBarPolicy>(
-        "ScrollArea.verticalScrollBarPolicy", "ScrollBarPolicy: When the scroll bar at the side is shown."),
+        "verticalScrollBarPolicy", "ScrollBarPolicy: When the scroll bar at the side is shown."),
     property<&QAbstractScrollArea::sizeAdjustPolicy, &QAbstractScrollArea::setSizeAdjustPolicy>(
-        "ScrollArea.sizeAdjustPolicy", "ScrollSizeAdjust: Whether the size follows what is shown."),
+        "sizeAdjustPolicy", "ScrollSizeAdjust: Whether the size follows what is shown."),
 };
 
 } // namespace

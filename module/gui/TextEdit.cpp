@@ -26,11 +26,10 @@ using PyTextEdit = Wrapper<QTextEditIndirect>;
 constexpr ConstructorArguments g_arguments = {{"text", "text"}, {"parent", "parentWidget"}};
 
 PyGetSetDef g_properties[] = {
-    property<&QTextEdit::toPlainText, &QTextEdit::setPlainText>("TextEdit.text",
-                                                                "str: The text, lines separated by '\\n'."),
-    property<&QTextEdit::isReadOnly, &QTextEdit::setReadOnly>("TextEdit.readOnly",
+    property<&QTextEdit::toPlainText, &QTextEdit::setPlainText>("text", "str: The text, lines separated by '\\n'."),
+    property<&QTextEdit::isReadOnly, &QTextEdit::setReadOnly>("readOnly",
                                                               "bool: Whether the user can only look and copy."),
-    property<&QTextEdit::placeholderText, &QTextEdit::setPlaceholderText>("TextEdit.placeholderText",
+    property<&QTextEdit::placeholderText, &QTextEdit::setPlaceholderText>("placeholderText",
                                                                           "str: What an empty field shows."),
 };
 

@@ -11,10 +11,10 @@ namespace python {
 namespace {
 
 PyGetSetDef g_properties[] = {
-    property<&QToolBar::isMovable, &QToolBar::setMovable>("ToolBar.movable", "bool: Whether the user can move it."),
-    property<&QToolBar::isFloatable, &QToolBar::setFloatable>("ToolBar.floatable",
+    property<&QToolBar::isMovable, &QToolBar::setMovable>("movable", "bool: Whether the user can move it."),
+    property<&QToolBar::isFloatable, &QToolBar::setFloatable>("floatable",
                                                               "bool: Whether the user can pull it out as a window."),
-    readOnly<&QToolBar::isFloating>("ToolBar.floating", "bool: Whether it is a window now. Read-only."),
+    readOnly<&QToolBar::isFloating>("floating", "bool: Whether it is a window now. Read-only."),
 };
 
 bp::object addToolBarAction(const Handle<QToolBar>& handle, const bp::object& text, const bp::object& callable,

@@ -51,27 +51,27 @@ void setParentWidget(QWidget& self, const bp::object& value)
 }
 
 PyGetSetDef g_properties[] = {
-    property<&QWidget::width, setWidth>("Widget.width", "int: Width in pixels."),
-    property<&QWidget::height, setHeight>("Widget.height", "int: Height in pixels."),
+    property<&QWidget::width, setWidth>("width", "int: Width in pixels."),
+    property<&QWidget::height, setHeight>("height", "int: Height in pixels."),
     property<&QWidget::acceptDrops, &QWidget::setAcceptDrops>(
-        "Widget.acceptDrops", "bool: Whether something can be dropped here; see dragEnterEvent() and dropEvent()."),
-    property<&QWidget::windowTitle, &QWidget::setWindowTitle>("Widget.windowTitle",
+        "acceptDrops", "bool: Whether something can be dropped here; see dragEnterEvent() and dropEvent()."),
+    property<&QWidget::windowTitle, &QWidget::setWindowTitle>("windowTitle",
                                                               "str: The text in the title bar or the tab."),
-    property<&QWidget::isEnabled, &QWidget::setEnabled>("Widget.enabled", "bool: Whether the user can use the widget."),
+    property<&QWidget::isEnabled, &QWidget::setEnabled>("enabled", "bool: Whether the user can use the widget."),
     property<&QWidget::isVisible, &QWidget::setVisible>(
-        "Widget.visible", "bool: Whether the widget is shown. A part of a window is not visible before the window is."),
-    property<&QWidget::whatsThis, &QWidget::setWhatsThis>("Widget.helpText",
+        "visible", "bool: Whether the widget is shown. A part of a window is not visible before the window is."),
+    property<&QWidget::whatsThis, &QWidget::setWhatsThis>("helpText",
                                                           "str: The longer explanation that Shift+F1 shows."),
-    property<&QWidget::toolTip, &QWidget::setToolTip>("Widget.toolTip", "str: The text that appears under the mouse."),
+    property<&QWidget::toolTip, &QWidget::setToolTip>("toolTip", "str: The text that appears under the mouse."),
     property<&QWidget::styleSheet, &QWidget::setStyleSheet>(
-        "Widget.styleSheet", "str: Colours, borders and the like in Qt's style-sheet language; the classes there have "
-                             "Qt's names."),
-    property<parentWidget, setParentWidget>("Widget.parentWidget",
+        "styleSheet", "str: Colours, borders and the like in Qt's style-sheet language; the classes there have "
+                      "Qt's names."),
+    property<parentWidget, setParentWidget>("parentWidget",
                                             "Widget | None: The widget that this one is in. It keeps this one alive."),
     property<&QWidget::font, &QWidget::setFont>(
-        "Widget.font", "Font: The font. Reading gives a copy; assign it to change the widget."),
+        "font", "Font: The font. Reading gives a copy; assign it to change the widget."),
     property<&QWidget::hasMouseTracking, &QWidget::setMouseTracking>(
-        "Widget.mouseTracking", "bool: Whether mouseMoveEvent() is also called when no button is held down."),
+        "mouseTracking", "bool: Whether mouseMoveEvent() is also called when no button is held down."),
 };
 
 /// Sizes come as one Size or as width and height.
