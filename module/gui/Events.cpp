@@ -3,6 +3,7 @@
 #include "module/Bindings.h"
 #include "module/gui/Conversion.h"
 #include "module/gui/Guarded.h"
+#include "module/gui/ScrollDirection.h"
 #include "runtime/ClassSlots.h"
 #include "runtime/Errors.h"
 #include "runtime/ValueInstance.h"
@@ -165,6 +166,16 @@ Qt::MouseButton heldButtons(QMouseEvent& event)
     return static_cast<Qt::MouseButton>(static_cast<int>(event.buttons()));
 }
 
+ScrollDirection scrollDirection(QWheelEvent& event)
+{
+    const QPoint turned = event.angleDelta();
+    if (std::abs(turned.y()) >= std::abs(turned.x()) && turned.y() != 0)
+        return turned.y() > 0 ? ScrollDirection::Up : ScrollDirection::Down;
+    if (turned.x() != 0)
+        return turned.x() > 0 ? ScrollDirection::Left : ScrollDirection::Right;
+    return ScrollDirection::NoDirection;
+}
+
 PyGetSetDef g_event[] = {
     readOnlyOf<+[](QEvent& event) { return event.type(); }>("eventType", "EventType: What happened. Read-only."),
     readOnlyOf<+[](QEvent& event) { return event.isAccepted(); }>(
@@ -195,6 +206,8 @@ PyGetSetDef g_mouseEvent[] = {
     readOnlyOf<heldButtons>("buttons", "MouseButton: The buttons held down, combined by '|'. Read-only."),
 };
 PyGetSetDef g_wheelEvent[] = {
+    readOnlyOf<scrollDirection>(
+        "scrollDirection", "ScrollDirection: Where the wheel turns, in the direction that turned most. Read-only."),
     readOnlyOf<+[](QWheelEvent& event) { return event.angleDelta(); }>(
         "angle", "Point: How far the wheel turned, in eighths of a degree; most wheels make steps of 120. Read-only."),
     readOnlyOf<+[](QWheelEvent& event) { return event.position().toPoint(); }>(

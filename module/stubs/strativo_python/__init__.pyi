@@ -1163,24 +1163,156 @@ class _QObject:
         Read-only.
         """
 
+class _QEvent:
+    """Something that happened to a widget. Only valid inside the handler that gets it."""
+    @property
+    def eventType(self) -> EventType:
+        """What happened. Read-only."""
+    @property
+    def accepted(self) -> bool:
+        """Whether the event counts as used; what is not goes on to the widget around. Read-only."""
+    def accept(self) -> None:
+        """The event is used and goes no further."""
+    def ignore(self) -> None:
+        """The event is not used: it goes on to the widget around, a window refuses to close, something dragged can not
+        be dropped.
+        """
+
+class CloseEvent(_QEvent):
+    """A window is about to close; ignore() keeps it open."""
+
+class ShowEvent(_QEvent):
+    """A widget appears."""
+
+class HideEvent(_QEvent):
+    """A widget disappears."""
+
+class MoveEvent(_QEvent):
+    """A widget has moved in the widget around, or a window on the screen."""
+    @property
+    def position(self) -> Point:
+        """Where it is now. Read-only."""
+    @property
+    def oldPosition(self) -> Point:
+        """Where it was. Read-only."""
+
+class ResizeEvent(_QEvent):
+    """A widget has got another size."""
+    @property
+    def size(self) -> Size:
+        """Size now, in pixels. Read-only."""
+    @property
+    def oldSize(self) -> Size:
+        """Size before, (-1, -1) for the first time. Read-only."""
+
+class DropEvent(_QEvent):
+    """Something dragged is dropped on the widget."""
+    @property
+    def position(self) -> Point:
+        """Place in the widget. Read-only."""
+
+class DragMoveEvent(DropEvent):
+    """Something dragged moves over the widget."""
+    @property
+    def rectangle(self) -> Rectangle:
+        """The part of the widget for which the answer holds. Read-only."""
+    def acceptRectangle(self, rectangle: Rectangle) -> None:
+        """What is dragged can be dropped anywhere in the rectangle."""
+    def ignoreRectangle(self, rectangle: Rectangle) -> None:
+        """What is dragged can not be dropped in the rectangle."""
+
+class DragEnterEvent(DragMoveEvent):
+    """Something dragged comes over the widget; accept() lets it be dropped."""
+
+class DragLeaveEvent(_QEvent):
+    """Something dragged has left the widget."""
+
+class InputEvent(_QEvent):
+    """Something done with keyboard or mouse."""
+    @property
+    def modifiers(self) -> KeyboardModifiers:
+        """The keys held down, combined by '|'. Read-only."""
+
+class KeyEvent(InputEvent):
+    """A key is pressed or released."""
+    @property
+    def key(self) -> Key:
+        """The key; a letter compares equal to its capital's code, `event.key == ord('A')`. Read-only."""
+    @property
+    def text(self) -> str:
+        """What the key types, empty for keys such as Shift. Read-only."""
+
+class MouseEvent(InputEvent):
+    """A mouse button is pressed or released, or the mouse moves."""
+    @property
+    def position(self) -> Point:
+        """Place in the widget, in pixels from its upper left corner. Read-only."""
+    @property
+    def globalPosition(self) -> Point:
+        """Place on the screen. Read-only."""
+    @property
+    def button(self) -> MouseButton:
+        """The button pressed or released; NoButton when the mouse moves. Read-only."""
+    @property
+    def buttons(self) -> MouseButton:
+        """The buttons held down, combined by '|'. Read-only."""
+
+class WheelEvent(InputEvent):
+    """The mouse wheel turns."""
+    @property
+    def scrollDirection(self) -> ScrollDirection:
+        """Where the wheel turns, in the direction that turned most. Read-only."""
+    @property
+    def angle(self) -> Point:
+        """How far the wheel turned, in eighths of a degree; most wheels make steps of 120. Read-only."""
+    @property
+    def position(self) -> Point:
+        """Place in the widget. Read-only."""
+
 class _QWidget(_QObject):
     """What all windows and parts of windows have in common."""
+    def show(self) -> None:
+        """Shows the widget. A window without a parent stays until it is closed, though the script keeps no name of it."""
+    def hide(self) -> None:
+        """Hides the widget."""
+    def close(self) -> bool:
+        """Closes the window; False when it refused, for example over unsaved changes."""
+    def move(self, x: int | Point, y: int = None) -> None:
+        """Moves the upper left corner, in pixels of the parent or of the screen."""
+    def setMinimumSize(self, width: int | Size, height: int = None) -> None:
+        """The widget never gets smaller, in pixels."""
+    def setMaximumSize(self, width: int | Size, height: int = None) -> None:
+        """The widget never gets larger, in pixels."""
+    def setFixedSize(self, width: int | Size, height: int = None) -> None:
+        """The widget keeps this size, in pixels."""
+    def toGlobalPosition(self, position: Point) -> Point:
+        """The place on the screen of a place in the widget."""
+    def fromGlobalPosition(self, position: Point) -> Point:
+        """The place in the widget of a place on the screen."""
+    def toParentPosition(self, position: Point) -> Point:
+        """The place in the parent of a place in the widget."""
+    def fromParentPosition(self, position: Point) -> Point:
+        """The place in the widget of a place in the parent."""
     @property
     def width(self) -> int:
-        """Width in pixels. Read-only."""
+        """Width in pixels."""
+    @width.setter
+    def width(self, value: int) -> None: ...
     @property
     def height(self) -> int:
-        """Height in pixels. Read-only."""
+        """Height in pixels."""
+    @height.setter
+    def height(self, value: int) -> None: ...
+    @property
+    def acceptDrops(self) -> bool:
+        """Whether something can be dropped here; see dragEnterEvent() and dropEvent()."""
+    @acceptDrops.setter
+    def acceptDrops(self, value: bool) -> None: ...
     @property
     def windowTitle(self) -> str:
         """The text in the title bar or the tab."""
     @windowTitle.setter
     def windowTitle(self, value: str) -> None: ...
-    @property
-    def toolTip(self) -> str:
-        """The text that appears under the mouse."""
-    @toolTip.setter
-    def toolTip(self, value: str) -> None: ...
     @property
     def enabled(self) -> bool:
         """Whether the user can use the widget."""
@@ -1188,23 +1320,119 @@ class _QWidget(_QObject):
     def enabled(self, value: bool) -> None: ...
     @property
     def visible(self) -> bool:
-        """Whether the widget is shown."""
+        """Whether the widget is shown. A part of a window is not visible before the window is."""
     @visible.setter
     def visible(self, value: bool) -> None: ...
-    def show(self) -> None:
-        """Shows the widget."""
-    def hide(self) -> None:
-        """Hides the widget."""
-    def close(self) -> bool:
-        """Closes the window; False when it refused, for example over unsaved changes."""
+    @property
+    def helpText(self) -> str:
+        """The longer explanation that Shift+F1 shows."""
+    @helpText.setter
+    def helpText(self, value: str) -> None: ...
+    @property
+    def toolTip(self) -> str:
+        """The text that appears under the mouse."""
+    @toolTip.setter
+    def toolTip(self, value: str) -> None: ...
+    @property
+    def styleSheet(self) -> str:
+        """Colours, borders and the like in Qt's style-sheet language; the classes there have Qt's names."""
+    @styleSheet.setter
+    def styleSheet(self, value: str) -> None: ...
+    @property
+    def parentWidget(self) -> Widget | None:
+        """The widget that this one is in. It keeps this one alive."""
+    @parentWidget.setter
+    def parentWidget(self, value: Widget | None) -> None: ...
+    @property
+    def font(self) -> Font:
+        """The font. Reading gives a copy; assign it to change the widget."""
+    @font.setter
+    def font(self, value: Font) -> None: ...
+    @property
+    def mouseTracking(self) -> bool:
+        """Whether mouseMoveEvent() is also called when no button is held down."""
+    @mouseTracking.setter
+    def mouseTracking(self, value: bool) -> None: ...
+    def resizeEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def showEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def hideEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def closeEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def enterEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def leaveEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def moveEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def keyPressEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def keyReleaseEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def mousePressEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def mouseReleaseEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def mouseDoubleClickEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def mouseMoveEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def wheelEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def dragEnterEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def dragMoveEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def dragLeaveEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
+    def dropEvent(self, event: _QEvent) -> None:
+        """What the widget does with the event when no subclass overrides this. The event is only valid inside the
+        handler.
+        """
 
 class Widget(_QWidget):
-    """Widget()
+    """Widget(parent: Widget = None, **properties)
 
-    An empty widget.
+    An empty widget, to put others into or to derive from.
     """
-    def __init__(self) -> None:
-        """An empty widget."""
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """Properties go by name, as in Widget(toolTip='...')."""
 
 class Icon:
     """Icon(path: str)
@@ -1231,6 +1459,8 @@ class Icon:
 
 class Action(_QObject):
     """A command in a menu or a tool bar, as addAction() returns it."""
+    def trigger(self) -> None:
+        """Does what choosing the command does; nothing while it is not enabled."""
     @property
     def text(self) -> str:
         """What the command is called."""
@@ -1242,20 +1472,197 @@ class Action(_QObject):
     @toolTip.setter
     def toolTip(self, value: str) -> None: ...
     @property
+    def icon(self) -> Icon:
+        """The picture beside the text."""
+    @icon.setter
+    def icon(self, value: Icon) -> None: ...
+    @property
     def enabled(self) -> bool:
-        """Whether the user can choose the command."""
+        """Whether the user can choose it."""
     @enabled.setter
     def enabled(self, value: bool) -> None: ...
-    def trigger(self) -> None:
-        """Does what choosing the command does; nothing while it is not enabled."""
-
-class Menu(_QWidget):
-    """A menu, as addMainWindowMenu() and getMainWindowMenu() return it."""
     @property
-    def title(self) -> str:
-        """What the menu is called."""
-    @title.setter
-    def title(self, value: str) -> None: ...
+    def checkable(self) -> bool:
+        """Whether choosing it switches it on or off."""
+    @checkable.setter
+    def checkable(self, value: bool) -> None: ...
+    @property
+    def checked(self) -> bool:
+        """Whether it is switched on."""
+    @checked.setter
+    def checked(self, value: bool) -> None: ...
+
+class _QFrame(_QWidget):
+    """What widgets with a frame have."""
+    @property
+    def shape(self) -> FrameShape:
+        """What the frame looks like."""
+    @shape.setter
+    def shape(self, value: FrameShape) -> None: ...
+    @property
+    def shadow(self) -> FrameShadow:
+        """Flat, raised or sunken."""
+    @shadow.setter
+    def shadow(self, value: FrameShadow) -> None: ...
+    @property
+    def lineWidth(self) -> int:
+        """Width of the lines in pixels."""
+    @lineWidth.setter
+    def lineWidth(self, value: int) -> None: ...
+    @property
+    def frameStyle(self) -> int:
+        """Shape and shadow in one number, `shape | shadow`."""
+    @frameStyle.setter
+    def frameStyle(self, value: int) -> None: ...
+
+class Frame(_QFrame):
+    """Frame(parent: Widget = None, **properties)
+
+    A frame around other widgets, or a line.
+    """
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """A frame without lines."""
+
+class _QAbstractScrollArea(_QFrame):
+    """What everything that scrolls has."""
+    @property
+    def horizontalScrollBarPolicy(self) -> ScrollBarPolicy:
+        """When the lower scroll bar is shown."""
+    @horizontalScrollBarPolicy.setter
+    def horizontalScrollBarPolicy(self, value: ScrollBarPolicy) -> None: ...
+    @property
+    def verticalScrollBarPolicy(self) -> ScrollBarPolicy:
+        """When the scroll bar at the side is shown."""
+    @verticalScrollBarPolicy.setter
+    def verticalScrollBarPolicy(self, value: ScrollBarPolicy) -> None: ...
+    @property
+    def sizeAdjustPolicy(self) -> ScrollSizeAdjust:
+        """Whether the size follows what is shown."""
+    @sizeAdjustPolicy.setter
+    def sizeAdjustPolicy(self, value: ScrollSizeAdjust) -> None: ...
+
+class _QTextEdit(_QAbstractScrollArea):
+    """What text fields of many lines have."""
+    @property
+    def text(self) -> str:
+        """The text, lines separated by '\\n'."""
+    @text.setter
+    def text(self, value: str) -> None: ...
+    @property
+    def readOnly(self) -> bool:
+        """Whether the user can only look and copy."""
+    @readOnly.setter
+    def readOnly(self, value: bool) -> None: ...
+    @property
+    def placeholderText(self) -> str:
+        """What an empty field shows."""
+    @placeholderText.setter
+    def placeholderText(self, value: str) -> None: ...
+
+class TextEdit(_QTextEdit):
+    """TextEdit(text: str = '', parent: Widget = None, **properties)
+
+    A field for text of many lines, shown in letters of one width.
+    """
+    def __init__(self, text: str = '', parent: Widget = None, **properties) -> None:
+        """A text field."""
+
+class _QAbstractButton(_QWidget):
+    """What everything that is pressed has."""
+    @property
+    def text(self) -> str:
+        """The label; a letter after '&' is the key that Alt makes press it."""
+    @text.setter
+    def text(self, value: str) -> None: ...
+    @property
+    def icon(self) -> Icon:
+        """The picture beside the text."""
+    @icon.setter
+    def icon(self, value: Icon) -> None: ...
+    @property
+    def iconSize(self) -> Size:
+        """The icon's size in pixels."""
+    @iconSize.setter
+    def iconSize(self, value: Size) -> None: ...
+    @property
+    def checkable(self) -> bool:
+        """Whether pressing it switches it on or off."""
+    @checkable.setter
+    def checkable(self, value: bool) -> None: ...
+    @property
+    def checked(self) -> bool:
+        """Whether it is switched on."""
+    @checked.setter
+    def checked(self, value: bool) -> None: ...
+    @property
+    def shortcut(self) -> str:
+        """Keys that press it from anywhere in the window, 'Ctrl+R'."""
+    @shortcut.setter
+    def shortcut(self, value: str) -> None: ...
+
+class _QPushButton(_QAbstractButton):
+    """What push buttons have."""
+    def clicked(self, callable: Callable[[], object]) -> None:
+        """Calls `callable` whenever the button is pressed. An exception that it raises is printed.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def menu(self) -> Menu | None:
+        """What opens when the button is pressed."""
+    @menu.setter
+    def menu(self, value: Menu | None) -> None: ...
+
+class Button(_QPushButton):
+    """Button(text: str = '', parent: Widget = None, **properties)
+
+    A push button.
+    """
+    def __init__(self, text: str = '', parent: Widget = None, **properties) -> None:
+        """A button; icon, shortcut and the other properties go by name."""
+
+class _QDialog(_QWidget):
+    """What dialogs have."""
+    def accept(self) -> None:
+        """Closes the dialog with the answer Accepted."""
+    def reject(self) -> None:
+        """Closes the dialog with the answer Rejected."""
+    def execute(self) -> DialogResponse:
+        """Shows the dialog and waits until the user closes it.
+
+        Raises RuntimeError when it is already waiting.
+        """
+    def accepted(self, callable: Callable[[], object]) -> None:
+        """Calls `callable` when the dialog is closed by accept().
+
+        Raises TypeError for what can not be called.
+        """
+    def rejected(self, callable: Callable[[], object]) -> None:
+        """Calls `callable` when the dialog is closed by reject(), the Escape key or the window's button.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def modal(self) -> bool:
+        """Whether the other windows wait until it is closed; for show(), execute() always waits."""
+    @modal.setter
+    def modal(self, value: bool) -> None: ...
+    @property
+    def modality(self) -> Modality:
+        """Which windows wait until it is closed."""
+    @modality.setter
+    def modality(self, value: Modality) -> None: ...
+
+class Dialog(_QDialog):
+    """Dialog(title: str = '', parent: Widget = None, **properties)
+
+    A window that asks the user for something.
+    """
+    def __init__(self, title: str = '', parent: Widget = None, **properties) -> None:
+        """An empty dialog."""
+
+class _QMenu(_QWidget):
+    """What menus have."""
     def addAction(self, text: str, callable: Callable[[], object], icon: Icon = None) -> Action:
         """A new command at the end that calls `callable` without arguments. An exception that it raises is printed.
 
@@ -1263,14 +1670,60 @@ class Menu(_QWidget):
         """
     def addSeparator(self) -> None:
         """A line between commands."""
-    def addMenu(self, title: str) -> Menu:
-        """A new menu inside this one.
+    def addMenu(self, title: str | Menu) -> Menu:
+        """A new menu with this title at the end, or the given one.
 
-        Raises TypeError when title is not a str.
+        Raises TypeError, and ValueError for a menu that would be inside itself.
         """
+    @property
+    def title(self) -> str:
+        """What the menu is called."""
+    @title.setter
+    def title(self, value: str) -> None: ...
+    @property
+    def icon(self) -> Icon:
+        """The picture beside the title."""
+    @icon.setter
+    def icon(self, value: Icon) -> None: ...
 
-class ToolBar(_QWidget):
-    """A tool bar of the main window, as addMainWindowToolBar() returns it."""
+class Menu(_QMenu):
+    """Menu(title: str = '', parent: Widget = None, **properties)
+
+    A menu.
+    """
+    def __init__(self, title: str = '', parent: Widget = None, **properties) -> None:
+        """An empty menu."""
+
+class _QMenuBar(_QWidget):
+    """What menu bars have."""
+    def addMenu(self, title: str | Menu) -> Menu:
+        """A new menu with this title at the end, or the given one.
+
+        Raises TypeError, and ValueError for a menu that would be inside itself.
+        """
+    @property
+    def defaultUp(self) -> bool:
+        """Whether menus open upwards, for a bar at the lower edge."""
+    @defaultUp.setter
+    def defaultUp(self, value: bool) -> None: ...
+
+class MenuBar(_QMenuBar):
+    """MenuBar(parent: Widget = None, **properties)
+
+    A row of menus at the top of a window.
+    """
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """An empty menu bar."""
+
+class _QToolBar(_QWidget):
+    """What tool bars have."""
+    def addAction(self, text: str, callable: Callable[[], object], icon: Icon = None) -> Action:
+        """A new button at the end that calls `callable` without arguments. An exception that it raises is printed.
+
+        Raises TypeError for a text that is not a str, an object that can not be called, or a wrong icon.
+        """
+    def addSeparator(self) -> None:
+        """A line between buttons."""
     @property
     def movable(self) -> bool:
         """Whether the user can move it."""
@@ -1284,43 +1737,50 @@ class ToolBar(_QWidget):
     @property
     def floating(self) -> bool:
         """Whether it is a window now. Read-only."""
-    def addAction(self, text: str, callable: Callable[[], object], icon: Icon = None) -> Action:
-        """A new button at the end that calls `callable` without arguments. An exception that it raises is printed.
 
-        Raises TypeError for a text that is not a str, an object that can not be called, or a wrong icon.
-        """
-    def addSeparator(self) -> None:
-        """A line between buttons."""
+class ToolBar(_QToolBar):
+    """A tool bar of the main window, as addMainWindowToolBar() returns it."""
 
-class TextEdit(_QWidget):
-    """TextEdit()
+class _QMdiSubWindow(_QWidget):
+    """What windows in the document area have."""
 
-    A field for text of many lines, shown in letters of one width.
-    """
-    def __init__(self) -> None:
-        """An empty text field."""
-    @property
-    def text(self) -> str:
-        """The text, lines separated by '\\n'."""
-    @text.setter
-    def text(self, value: str) -> None: ...
-    @property
-    def readOnly(self) -> bool:
-        """Whether the user can only look and copy."""
-    @readOnly.setter
-    def readOnly(self, value: bool) -> None: ...
-
-class SubWindow(_QWidget):
+class SubWindow(_QMdiSubWindow):
     """A window in the main window's document area, as addSubWindow() returns it."""
 
-class MainWindow(_QWidget):
+class _QMainWindow(_QWidget):
+    """What main windows have."""
+
+class MainWindow(_QMainWindow):
     """The application's main window. Calls that would take it from the user raise RuntimeError."""
-    def show(self) -> None:
+    def show(self, *arguments) -> None:
         """Always raises RuntimeError."""
-    def hide(self) -> None:
+    def hide(self, *arguments) -> None:
         """Always raises RuntimeError."""
-    def close(self) -> None:
+    def close(self, *arguments) -> None:
         """Always raises RuntimeError."""
+    def setLayout(self, *arguments) -> None:
+        """Always raises RuntimeError."""
+    def setFixedSize(self, *arguments) -> None:
+        """Always raises RuntimeError."""
+    def setMinimumSize(self, *arguments) -> None:
+        """Always raises RuntimeError."""
+    def setMaximumSize(self, *arguments) -> None:
+        """Always raises RuntimeError."""
+    @property
+    def visible(self) -> bool:
+        """Whether it is shown. Read-only."""
+    @visible.setter
+    def visible(self, value: bool) -> None: ...
+    @property
+    def enabled(self) -> bool:
+        """Whether it can be used. Read-only."""
+    @enabled.setter
+    def enabled(self, value: bool) -> None: ...
+    @property
+    def parentWidget(self) -> None:
+        """It is in no other widget. Read-only."""
+    @parentWidget.setter
+    def parentWidget(self, value: None) -> None: ...
 
 class ObjectId(int):
     """The kinds of object that a project holds."""
