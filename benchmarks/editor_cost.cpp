@@ -1,14 +1,14 @@
 // What the script editor costs: colouring 20,000 lines of Python, a key press among them, a completion. Prints the
 // rows of a table; the folder with the Python files is the argument.
+#include "benchmarks/EditorBenchmark.h"
 #include "editor/CompletionEngine.h"
 #include "editor/HVPythonSyntaxHighlighter.h"
 #include "editor/HVPythonTextEdit.h"
 #include "runtime/HVPythonExecutionContext.h"
 #include "runtime/PythonPaths.h"
+#include "tests/editor/RuleHighlighter.h"
 
 #include <QApplication>
-#include <QDirIterator>
-#include <QElapsedTimer>
 #include <QPlainTextDocumentLayout>
 #include <QTest>
 #include <QTextBlock>
@@ -17,31 +17,11 @@
 #include <algorithm>
 #include <cstdio>
 
+using benchmark::milliseconds;
+
 namespace {
 
-constexpr int g_lines = 20'000;
 constexpr int g_keys = 30;
-
-/// The definition of the colouring, rule by rule.
-class OneAfterTheOther : public HVPythonSyntaxHighlighter
-{
-public:
-    using HVPythonSyntaxHighlighter::HVPythonSyntaxHighlighter;
-
-protected:
-    void highlightBlock(const QString& text) override
-    {
-        for (const Rule& rule : m_rules)
-            for (auto match = rule.pattern.globalMatch(text); match.hasNext();) {
-                const QRegularExpressionMatch found = match.next();
-                setFormat(found.capturedStart(), found.capturedLength(), rule.format);
-            }
-        setCurrentBlockState(0);
-    }
-
-private:
-    const std::vector<Rule> m_rules = rules();
-};
 
 class Uncoloured : public QSyntaxHighlighter
 {
@@ -51,19 +31,6 @@ public:
 protected:
     void highlightBlock(const QString&) override {}
 };
-
-template <typename Work>
-double milliseconds(int rounds, Work work)
-{
-    double least = 1e9;
-    for (int i = 0; i < rounds; ++i) {
-        QElapsedTimer clock;
-        clock.start();
-        work();
-        least = std::min(least, static_cast<double>(clock.nsecsElapsed()) / 1e6);
-    }
-    return least;
-}
 
 void row(const char* what, double ms, const char* remark = "")
 {
@@ -86,17 +53,14 @@ long differences(const QStringList& files, long& lines)
 {
     long different = 0;
     for (const QString& path : files) {
-        QFile file(path);
-        if (!file.open(QIODevice::ReadOnly))
-            continue;
-        const QString text = QString::fromUtf8(file.readAll());
+        const QString text = benchmark::pythonText(path);
         QTextDocument scanned, ruled;
         for (QTextDocument* document : {&scanned, &ruled}) {
             document->setDocumentLayout(new QPlainTextDocumentLayout(document));
             document->setPlainText(text);
         }
         HVPythonSyntaxHighlighter scanner(&scanned);
-        OneAfterTheOther rules(&ruled);
+        RuleHighlighter rules(&ruled);
         scanner.rehighlight();
         rules.rehighlight();
         lines += scanned.blockCount();
@@ -106,9 +70,11 @@ long differences(const QStringList& files, long& lines)
     return different;
 }
 
+template <typename View>
 void measureKeys(const QString& text, const char* name)
 {
-    HVPythonTextEdit view;
+    View view;
+    view.setLineWrapMode(QPlainTextEdit::NoWrap);
     view.resize(900, 700);
     view.show();
     if (!QTest::qWaitForWindowActive(&view))
@@ -117,7 +83,8 @@ void measureKeys(const QString& text, const char* name)
             view.setPlainText(text);
             QCoreApplication::processEvents();
         }));
-    view.goToLine((view.blockCount() + 1) / 2);
+    view.setTextCursor(QTextCursor(view.document()->findBlockByNumber((view.blockCount() - 1) / 2)));
+    view.centerCursor();
     std::vector<double> keys;
     for (int i = 0; i < g_keys; ++i)
         keys.push_back(milliseconds(1, [&] {
@@ -137,28 +104,18 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     python::utils::setApplicationDirPath(QCoreApplication::applicationDirPath());
     const HVPythonExecutionContext context(nullptr);
-    QStringList files;
-    for (QDirIterator it(QString::fromLocal8Bit(argv[argc - 1]), {QStringLiteral("*.py")}, QDir::Files,
-                         QDirIterator::Subdirectories);
-         it.hasNext();)
-        files << it.next();
-    files.sort();
-    QString text;
-    for (const QString& path : qAsConst(files)) {
-        QFile file(path);
-        if (text.count(QLatin1Char('\n')) < g_lines && file.open(QIODevice::ReadOnly))
-            text += QString::fromUtf8(file.readAll());
-    }
-    text = text.section(QLatin1Char('\n'), 0, g_lines - 1);
+    const QStringList files = benchmark::pythonFiles(QString::fromLocal8Bit(argv[argc - 1]));
+    const QString text = benchmark::firstLines(files);
 
     std::printf("| | time | |\n|---|---|---|\n");
     row("colouring 20,000 lines", colouring<HVPythonSyntaxHighlighter>(text, 9));
     row("the same without colours", colouring<Uncoloured>(text, 9), "Qt's own part");
-    row("the same, 107 rules one after the other", colouring<OneAfterTheOther>(text, 3));
-    measureKeys(text, "20,000 lines");
-    measureKeys(text.repeated(5), "100,000 lines");
-    measureKeys(QStringLiteral("x = [") + QStringLiteral("'a', 1, ").repeated(125'000) + QLatin1Char(']'),
-                "one line of 1 MB");
+    row("the same, 107 rules one after the other", colouring<RuleHighlighter>(text, 3));
+    measureKeys<HVPythonTextEdit>(text, "20,000 lines");
+    measureKeys<HVPythonTextEdit>(text.repeated(5), "100,000 lines");
+    const QString line = QStringLiteral("x = [") + QStringLiteral("'a', 1, ").repeated(125'000) + QLatin1Char(']');
+    measureKeys<HVPythonTextEdit>(line, "one line of 1 MB");
+    measureKeys<QPlainTextEdit>(line, "the same in Qt's own plain text window");
     {
         editor::CompletionEngine engine;
         row("first completion of the process",

@@ -1,6 +1,8 @@
 #include "editor/HVPythonSyntaxHighlighter.h"
 
 #include <QFont>
+#include <QTextBlock>
+#include <QTextLayout>
 
 using editor::PythonToken;
 
@@ -22,6 +24,7 @@ QTextCharFormat makeFormat(const QColor& colour, int weight)
 
 HVPythonSyntaxHighlighter::HVPythonSyntaxHighlighter(QTextDocument* document) : QSyntaxHighlighter(document)
 {
+    m_longLine.setFontStyleStrategy(QFont::PreferNoShaping);
     makeFormats(false);
 }
 
@@ -62,8 +65,13 @@ std::vector<HVPythonSyntaxHighlighter::Rule> HVPythonSyntaxHighlighter::rules() 
 void HVPythonSyntaxHighlighter::highlightBlock(const QString& text)
 {
     setCurrentBlockState(0);
-    if (text.size() > g_longestLine)
+    const bool isLong = text.size() > g_longestLine;
+    // Without its cache Qt shapes a line anew for its width, each movement of the cursor and each painting.
+    currentBlock().layout()->setCacheEnabled(isLong);
+    if (isLong) {
+        setFormat(0, text.size(), m_longLine);
         return;
+    }
     editor::scanPythonLine(text, m_spans);
     for (const editor::PythonSpan& span : m_spans)
         setFormat(span.start, span.length, format(span.token));

@@ -1,5 +1,5 @@
 // The scanner against the list of rules that defines the colouring.
-#include "editor/HVPythonSyntaxHighlighter.h"
+#include "tests/editor/RuleHighlighter.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -11,27 +11,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-/// As the definition says it: every rule over the whole line, in order.
-class OneAfterTheOther : public HVPythonSyntaxHighlighter
-{
-public:
-    using HVPythonSyntaxHighlighter::HVPythonSyntaxHighlighter;
-
-protected:
-    void highlightBlock(const QString& text) override
-    {
-        for (const Rule& rule : m_rules)
-            for (auto match = rule.pattern.globalMatch(text); match.hasNext();) {
-                const QRegularExpressionMatch found = match.next();
-                setFormat(found.capturedStart(), found.capturedLength(), rule.format);
-            }
-        setCurrentBlockState(0);
-    }
-
-private:
-    const std::vector<Rule> m_rules = rules();
-};
 
 struct Coloured
 {
@@ -47,7 +26,7 @@ struct Coloured
     }
     QTextDocument scanned, ruled;
     HVPythonSyntaxHighlighter scanner{&scanned};
-    OneAfterTheOther rules{&ruled};
+    RuleHighlighter rules{&ruled};
 };
 
 void expectSame(const QString& text, const std::string& name)
