@@ -1,7 +1,8 @@
 #include "editor/ScriptText.h"
 
+#include "runtime/ScriptCoding.h"
+
 #include <QCoreApplication>
-#include <QRegularExpression>
 #include <QTextCodec>
 #include <QTextDocument>
 
@@ -9,41 +10,36 @@
 
 namespace editor {
 
+using python::isUtf8;
+
 namespace {
 
 constexpr char g_utf8Mark[] = "\xef\xbb\xbf";
+const QByteArray g_utf8 = "utf-8";
+constexpr int g_longestStart = 1000; // characters in which a coding comment is looked for
 
 QString tr(const char* text)
 {
     return QCoreApplication::translate("ScriptText", text);
 }
 
-/// The name in a coding comment of the first two lines; empty when there is none.
-QByteArray codingComment(const QString& start)
+/// UTF-8, nearly every file, is left to Qt, which is fast and does not wait for the interpreter.
+bool decode(const QByteArray& bytes, const QByteArray& encoding, QString& text)
 {
-    static const QRegularExpression comment(QStringLiteral("\\A(?:[ \\t\\f]*(?:#[^\\n]*)?\\r?\\n)?"
-                                                           "[ \\t\\f]*#[^\\n]*?coding[:=][ \\t]*([-\\w.]+)"));
-    return comment.match(start.left(1000)).captured(1).toLatin1();
-}
-
-/// Python's spellings of UTF-8 and Latin-1 include some that Qt has not.
-QTextCodec* codecNamed(QByteArray name)
-{
-    name = name.toLower().replace('_', '-');
-    if (name == "utf8" || name.startsWith("utf-8"))
-        name = "UTF-8";
-    else if (name == "latin-1" || name == "iso8859-1")
-        name = "ISO-8859-1";
-    else if (name.startsWith("cp125"))
-        name = "windows-" + name.mid(2);
-    return QTextCodec::codecForName(name);
-}
-
-bool decode(QTextCodec* codec, const QByteArray& bytes, QString& text)
-{
+    QString error;
+    if (!isUtf8(encoding))
+        return python::isScriptEncoding(encoding) && python::decodeText(bytes, encoding, text, error);
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    text = codec->toUnicode(bytes.constData(), bytes.size(), &state);
+    text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
     return state.invalidChars == 0 && state.remainingChars == 0;
+}
+
+QByteArray encode(const QString& text, const QByteArray& encoding, QString& error)
+{
+    if (!isUtf8(encoding))
+        return python::encodeText(text, encoding, error);
+    error = text.isValidUtf16() ? QString() : tr("The text has half a character, which no encoding can store.");
+    return error.isEmpty() ? QByteArray("") + text.toUtf8() : QByteArray();
 }
 
 /// Makes all line ends "\n" and tells which most lines had.
@@ -66,22 +62,26 @@ LineEnd normaliseLineEnds(QString& text, bool& mixed)
 
 ScriptText decodeScript(const QByteArray& bytes)
 {
+    const python::ScriptCoding coding = python::codingOf(bytes);
+    const QByteArray named = coding.named ? coding.encoding : QByteArray();
     ScriptText script;
-    script.form.byteOrderMark = bytes.startsWith(g_utf8Mark);
-    const QByteArray body = script.form.byteOrderMark ? bytes.mid(sizeof g_utf8Mark - 1) : bytes;
-    const QByteArray named = codingComment(QString::fromLatin1(body.left(1000)));
-    QTextCodec* codec = codecNamed(named.isEmpty() ? QByteArray("UTF-8") : named);
-    if (!codec || !decode(codec, body, script.text)) {
+    script.form.byteOrderMark = coding.byteOrderMark;
+    const bool isText = coding.byteOrderMark ? decode(bytes.mid(sizeof g_utf8Mark - 1), g_utf8, script.text)
+                                             : decode(bytes, coding.encoding, script.text);
+    if (!isText) {
         script.remark = named.isEmpty() ? tr("The file is not UTF-8 text and has no coding comment. It is shown and "
                                              "saved as Latin-1; Python will not run the file as it is.")
                                         : tr("The file is not the %1 text that its coding comment names. It is shown "
                                              "and saved as Latin-1.")
                                               .arg(QString::fromLatin1(named));
-        codec = QTextCodec::codecForName("ISO-8859-1");
-        script.text = QString::fromLatin1(body);
+        script.text = QString::fromLatin1(bytes);
+        script.form = {false, true, LineEnd::Lf, named};
+    } else if (coding.byteOrderMark && coding.named && !isUtf8(named)) {
+        script.remark = tr("The file is marked as UTF-8 and shown so, although its coding comment names %1. Python "
+                           "will not run the file as it is.")
+                            .arg(QString::fromLatin1(named));
         script.form.wrongComment = named;
     }
-    script.form.codec = codec->name();
     bool mixed = false;
     script.form.lineEnd = normaliseLineEnds(script.text, mixed);
     if (mixed && script.remark.isEmpty())
@@ -91,24 +91,20 @@ ScriptText decodeScript(const QByteArray& bytes)
 
 QByteArray encodeScript(const QString& text, const TextForm& form, QString& error)
 {
-    const QByteArray named = codingComment(text);
-    const bool toldByComment = !named.isEmpty() && named != form.wrongComment && codecNamed(named);
-    QTextCodec* codec = toldByComment ? codecNamed(named) : QTextCodec::codecForName(form.codec);
-    // Text that came as Latin-1 for want of a better codec may have grown beyond it.
-    if (!toldByComment && !codec->canEncode(text))
-        codec = QTextCodec::codecForName("UTF-8");
-    QString lines = text;
+    const python::ScriptCoding coding = python::codingOf(text.left(g_longestStart).toLatin1());
+    const bool toldByComment = coding.named && coding.encoding != form.wrongComment &&
+                               (isUtf8(coding.encoding) || python::isScriptEncoding(coding.encoding));
+    QByteArray encoding = toldByComment ? coding.encoding : form.shownAsLatin1 ? "latin-1" : g_utf8;
+    QByteArray bytes = encode(text, encoding, error);
+    // What was shown as Latin-1 may have grown beyond it.
+    if (bytes.isNull() && !toldByComment)
+        bytes = encode(text, encoding = g_utf8, error);
+    if (bytes.isNull())
+        return bytes;
+    // Script encodings leave ASCII characters as they are.
     if (form.lineEnd != LineEnd::Lf)
-        lines.replace(QLatin1Char('\n'), QLatin1String(form.lineEnd == LineEnd::CrLf ? "\r\n" : "\r"));
-    QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
-    const QByteArray bytes = codec->fromUnicode(lines.constData(), lines.size(), &state);
-    if (state.invalidChars > 0) {
-        error = tr("The text has characters that its encoding %1 has not. Change the coding comment to utf-8.")
-                    .arg(QString::fromLatin1(codec->name()));
-        return {};
-    }
-    error.clear();
-    return form.byteOrderMark && codec->name() == "UTF-8" ? g_utf8Mark + bytes : QByteArray("") + bytes;
+        bytes.replace("\n", form.lineEnd == LineEnd::CrLf ? "\r\n" : "\r");
+    return form.byteOrderMark && isUtf8(encoding) ? g_utf8Mark + bytes : bytes;
 }
 
 QString documentText(const QTextDocument& document)

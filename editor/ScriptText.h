@@ -7,10 +7,9 @@ class QTextDocument;
 
 /// The bytes of a Python file and its text.
 ///
-/// A file's encoding is what Python takes: UTF-8, with or without a byte order mark, or what a coding comment in the
-/// first two lines names (https://peps.python.org/pep-0263/). Bytes that are neither are shown as Latin-1, which keeps
-/// every byte, and are saved as they were. Line ends are kept as well; a file with mixed ones is saved with those that
-/// most of its lines have. Thread-safe.
+/// A file's encoding is what Python takes (runtime/ScriptCoding.h). Bytes that are no such text are shown as Latin-1,
+/// which keeps every byte, and are saved as they were. Line ends are kept as well; a file with mixed ones is saved with
+/// those that most of its lines have. Thread-safe; encodings other than UTF-8 need the interpreter.
 namespace editor {
 
 enum class LineEnd
@@ -23,8 +22,8 @@ enum class LineEnd
 /// How the text of a file is stored.
 struct TextForm
 {
-    QByteArray codec = "UTF-8"; ///< as QTextCodec names it
     bool byteOrderMark = false;
+    bool shownAsLatin1 = false; ///< the bytes are not what Python takes them for
     LineEnd lineEnd = LineEnd::Lf;
     QByteArray wrongComment; ///< what a coding comment names although the bytes are something else
 };
@@ -38,8 +37,8 @@ struct ScriptText
 
 ScriptText decodeScript(const QByteArray& bytes);
 
-/// The bytes of `text` in `form`; a coding comment in the text wins over the form's codec, as it does
-/// for Python, unless it was wrong from the start.
+/// The bytes of `text` in `form`, in the encoding that its coding comment names now, else in UTF-8, so that Python
+/// reads what was written. A comment that was wrong from the start, or names what Python does not know, does not count.
 /// On failure the result is null and `error` says what cannot be stored.
 QByteArray encodeScript(const QString& text, const TextForm& form, QString& error);
 

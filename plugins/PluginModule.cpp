@@ -2,7 +2,7 @@
 
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
-#include "runtime/ScriptArguments.h"
+#include "runtime/ScriptCoding.h"
 
 #include <QDateTime>
 #include <QFile>

@@ -28,7 +28,9 @@ PyObject* compileScript(const QString& code, const QString& fileName)
     const QByteArray file = fileName.toLocal8Bit();
     if (refuseNullCharacters(code, file))
         return nullptr;
-    return Py_CompileStringExFlags(code.toUtf8().constData(), file.constData(), Py_file_input, nullptr, -1);
+    // The text is handed over as UTF-8, whatever encoding a coding comment names for the file.
+    PyCompilerFlags flags = {PyCF_IGNORE_COOKIE, PY_MINOR_VERSION};
+    return Py_CompileStringExFlags(code.toUtf8().constData(), file.constData(), Py_file_input, &flags, -1);
 }
 
 } // namespace python

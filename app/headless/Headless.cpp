@@ -11,6 +11,7 @@
 #include "runtime/HVPythonExecutionContext.h"
 #include "runtime/RunMonitor.h"
 #include "runtime/ScriptArguments.h"
+#include "runtime/ScriptCoding.h"
 
 #include <QApplication>
 #include <QDir>

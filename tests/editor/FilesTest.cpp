@@ -4,6 +4,7 @@
 #include "host/services/HVProjectItemDrag.h"
 #include "host/services/HVUserData.h"
 #include "host/services/IScriptProject.h"
+#include "runtime/ScriptCoding.h"
 #include "tests/editor/EditorFixture.h"
 
 #include <QDir>
@@ -80,6 +81,47 @@ TEST_F(Files, savesInTheFilesOwnFormAndNothingWhenTheDiskIsFull)
     BoxAnswers box({QMessageBox::Cancel, QMessageBox::No});
     EXPECT_FALSE(view.close());
     EXPECT_TRUE(view.close());
+}
+
+TEST_F(Files, codingCommentsHoldForReadingRunningAndSaving)
+{
+    const std::pair<QByteArray, QByteArray> cases[] = {{"latin-1", "\xe4"},
+                                                       {"cp1252", "\x84"},
+                                                       {"shift_jis", "\x82\xa0"},
+                                                       {"iso8859_15", "\xa4"},
+                                                       {"utf8", "\xc3\xa4"}};
+    for (const auto& [name, bytes] : cases) {
+        QString letter, error;
+        ASSERT_TRUE(python::decodeText(bytes, name, letter, error));
+        const QByteArray source = "#!/bin/x\r\n# -*- coding: " + name + " -*-\r\n1 / (ord('" + bytes +
+                                  "') == " + QByteArray::number(letter.at(0).unicode()) + ")\r\n";
+        write(path, source);
+        ASSERT_TRUE(view.loadFile(path)) << name.toStdString();
+        EXPECT_TRUE(view.findChild<editor::NoticeBar*>()->isHidden()) << name.toStdString() << notice();
+        EXPECT_TRUE(run()) << name.toStdString();
+        view.moveCursor(QTextCursor::End);
+        type("x");
+        EXPECT_TRUE(view.saveToFile());
+        EXPECT_EQ(contents(path), source + "x") << name.toStdString();
+        QString code;
+        EXPECT_TRUE(python::decodeScript(contents(path), code, error) && code.contains(letter)) << name.toStdString();
+    }
+    const QByteArray before = "# coding: latin-1\nx = 1\n";
+    write(path, before);
+    ASSERT_TRUE(view.loadFile(path));
+    view.moveCursor(QTextCursor::End);
+    view.insertPlainText(QStringLiteral("'\u20ac'"));
+    {
+        BoxAnswers box({QMessageBox::Ok});
+        EXPECT_FALSE(view.saveToFile());
+        EXPECT_TRUE(box.asked.value(0).contains(QStringLiteral("Line 3 has the character \"\u20ac\"")));
+    }
+    EXPECT_EQ(contents(path), before);
+    EXPECT_TRUE(view.document()->isModified());
+    // Without the comment it is UTF-8 that Python reads.
+    view.setPlainText(view.plainText().mid(18));
+    EXPECT_TRUE(view.saveToFile());
+    EXPECT_EQ(contents(path), QByteArray("x = 1\n'\xe2\x82\xac'"));
 }
 
 TEST_F(Files, aNewScriptGoesWhereTheProjectSays)

@@ -24,7 +24,9 @@ TEST(ScriptText, everyFileIsSavedAsItWas)
           QByteArray("# coding: latin-1\nx = '\xe4'\n"),
           QByteArray("#!/bin/x\n# vim: set fileencoding=cp1252 :\n'\x80'\n"), QByteArray("x = '\xe4\xff'\n"),
           QByteArray("# coding: utf-8\nx = '\xe4'\n"), QByteArray("a\0b\f\x1c\n", 6),
-          QByteArray("no-break\xc2\xa0space, line\xe2\x80\xa8separator\n"), QByteArray("# coding=nonsense\n\xe4\n")})
+          QByteArray("no-break\xc2\xa0space, line\xe2\x80\xa8separator\n"), QByteArray("# coding=nonsense\n\xe4\n"),
+          QByteArray("\xef\xbb\xbf# coding: latin-1\n\xc3\xa4\n"), QByteArray("\xef\xbb\xbf\xe4\n"),
+          QByteArray("# coding: utf-16\nx\n"), QByteArray("# coding: rot13\r\r# coding: latin-1\r\xe4\r")})
         EXPECT_EQ(roundTrip(bytes).toHex(' ').toStdString(), bytes.toHex(' ').toStdString());
 }
 
@@ -36,7 +38,7 @@ TEST(ScriptText, tellsWhatIsOddAndWhatCannotBeSaved)
     EXPECT_EQ(roundTrip("a\nb\r\nc\r\n"), QByteArray("a\r\nb\r\nc\r\n")) << "as most lines have it";
     QString error;
     EXPECT_TRUE(encodeScript(QStringLiteral("# coding: latin-1\n\u20ac"), {}, error).isNull());
-    EXPECT_TRUE(error.contains(QStringLiteral("ISO-8859-1")));
+    EXPECT_TRUE(error.contains(QStringLiteral("Line 2 has the character \"\u20ac\", which the encoding latin-1")));
     // Latin-1 was a way to show the file, not a choice.
     TextForm shown = decodeScript("'\xe4'").form;
     EXPECT_EQ(encodeScript(QStringLiteral("\u20ac"), shown, error), QByteArray("\xe2\x82\xac"));

@@ -117,6 +117,7 @@ class Outcomes(RunnerCase):
         self.expect(strativo(self.script(b"# -*- coding: latin-1 -*-\nprint('\xe9')\n")), 0, "\u00e9\n")
         self.expect(strativo(self.script(b"print('\xe9')\n")), 1, "", "is not text")
         self.expect(strativo(self.script(b"# coding: nonsense\n")), 1, "", "unknown encoding")
+        self.expect(strativo(self.script(b"\xef\xbb\xbf# coding: latin-1\n")), 1, "", "latin-1 with BOM")
         self.expect(strativo(self.script(b"print(1)\x00\nprint(2)\n")), 1, "", "null characters")
         self.expect(strativo(self.script(b"")), 0, "", "")
 

@@ -1,0 +1,147 @@
+#include "runtime/ScriptCoding.h"
+
+#include "runtime/Errors.h"
+#include "runtime/GilLock.h"
+#include "runtime/TextConversion.h"
+
+#include <boost/python.hpp>
+
+#include <QCoreApplication>
+#include <QRegularExpression>
+
+namespace bp = boost::python;
+
+namespace python {
+
+namespace {
+
+constexpr char g_byteOrderMark[] = "\xef\xbb\xbf";
+constexpr int g_markSize = sizeof g_byteOrderMark - 1;
+
+/// What the pending exception says; clears it.
+QString takeErrorText()
+{
+    PyObject *type = nullptr, *value = nullptr, *traceback = nullptr;
+    PyErr_Fetch(&type, &value, &traceback);
+    PyErr_NormalizeException(&type, &value, &traceback);
+    PyObject* text = value ? PyObject_Str(value) : nullptr;
+    QString result;
+    if (!text || !textFromPython(text, result))
+        result = QStringLiteral("unknown error");
+    PyErr_Clear();
+    for (PyObject* object : {text, type, value, traceback})
+        Py_XDECREF(object);
+    return result;
+}
+
+/// Null with the exception pending.
+PyObject* encoded(const QString& text, const QByteArray& encoding)
+{
+    PyObject* str = PyUnicode_DecodeUTF16(reinterpret_cast<const char*>(text.utf16()),
+                                          static_cast<Py_ssize_t>(text.size()) * 2, "surrogatepass", nullptr);
+    PyObject* bytes = str ? PyUnicode_AsEncodedString(str, encoding.constData(), "strict") : nullptr;
+    Py_XDECREF(str);
+    return bytes;
+}
+
+/// A sentence on the first character that stands in the way, after encoded() failed.
+QString takeEncodingError(const QString& text, const QByteArray& encoding)
+{
+    if (!PyErr_ExceptionMatches(PyExc_UnicodeEncodeError))
+        return takeErrorText();
+    PyObject *type = nullptr, *value = nullptr, *traceback = nullptr;
+    PyErr_Fetch(&type, &value, &traceback);
+    PyErr_NormalizeException(&type, &value, &traceback);
+    Py_ssize_t start = 0;
+    PyUnicodeEncodeError_GetStart(value, &start);
+    PyErr_Clear();
+    for (PyObject* object : {type, value, traceback})
+        Py_XDECREF(object);
+    const QVector<uint> characters = text.toUcs4();
+    const uint character = characters.value(static_cast<int>(start));
+    const auto line = std::count(characters.begin(), characters.begin() + static_cast<int>(start), uint{'\n'}) + 1;
+    return QCoreApplication::translate("ScriptCoding",
+                                       "Line %1 has the character \"%2\", which the encoding %3 has not. "
+                                       "Change the coding comment to utf-8.")
+        .arg(QString::number(line), QString::fromUcs4(&character, 1), QString::fromLatin1(encoding));
+}
+
+} // namespace
+
+ScriptCoding codingOf(const QByteArray& source)
+{
+    static const QRegularExpression coding(QStringLiteral("^[ \\t\\f]*#.*?coding[:=][ \\t]*([-\\w.]+)"));
+    static const QRegularExpression blank(QStringLiteral("^[ \\t\\f]*(?:#|$)"));
+    ScriptCoding found;
+    found.byteOrderMark = source.startsWith(g_byteOrderMark);
+    int start = found.byteOrderMark ? g_markSize : 0;
+    for (int line = 0; line < 2 && start < source.size(); ++line) {
+        int end = start;
+        while (end < source.size() && source.at(end) != '\n' && source.at(end) != '\r')
+            ++end;
+        const QString text = QString::fromLatin1(source.constData() + start, end - start);
+        if (const QRegularExpressionMatch match = coding.match(text); match.hasMatch()) {
+            found.encoding = match.captured(1).toLatin1();
+            found.named = true;
+            return found;
+        }
+        if (!blank.match(text).hasMatch())
+            break;
+        start = end + (source.mid(end, 2) == "\r\n" ? 2 : 1);
+    }
+    return found;
+}
+
+bool isUtf8(const QByteArray& encoding)
+{
+    const QByteArray name = encoding.toLower().replace('_', '-');
+    return name == "utf8" || name.startsWith("utf-8");
+}
+
+bool isScriptEncoding(const QByteArray& encoding)
+{
+    const GilLock lock;
+    const QByteArray sample = "# coding: ";
+    PyObject* bytes = encoded(QString::fromLatin1(sample), encoding);
+    const bool same = bytes && sample == PyBytes_AS_STRING(bytes);
+    Py_XDECREF(bytes);
+    PyErr_Clear();
+    return same;
+}
+
+bool decodeText(const QByteArray& bytes, const QByteArray& encoding, QString& text, QString& error)
+{
+    const GilLock lock;
+    PyObject* decoded = PyUnicode_Decode(bytes.constData(), bytes.size(), encoding.constData(), "strict");
+    const bool isText = decoded && textFromPython(decoded, text);
+    if (!isText)
+        error = takeErrorText();
+    Py_XDECREF(decoded);
+    return isText;
+}
+
+QByteArray encodeText(const QString& text, const QByteArray& encoding, QString& error)
+{
+    const GilLock lock;
+    PyObject* bytes = encoded(text, encoding);
+    if (!bytes) {
+        error = takeEncodingError(text, encoding);
+        return {};
+    }
+    error.clear();
+    const QByteArray result(PyBytes_AS_STRING(bytes), static_cast<int>(PyBytes_GET_SIZE(bytes)));
+    Py_DECREF(bytes);
+    return result;
+}
+
+bool decodeScript(const QByteArray& bytes, QString& text, QString& error)
+{
+    const ScriptCoding coding = codingOf(bytes);
+    if (coding.byteOrderMark && !isUtf8(coding.encoding)) {
+        error = QStringLiteral("encoding problem: %1 with BOM").arg(QString::fromLatin1(coding.encoding));
+        return false;
+    }
+    return decodeText(coding.byteOrderMark ? bytes.mid(g_markSize) : bytes, coding.encoding, text, error);
+}
+
+} // namespace python
