@@ -49,6 +49,17 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindTextEdit();
     python::bindAbstractButton();
     python::bindButton();
+    python::bindLabel();
+    python::bindLineEdit();
+    python::bindCheckBox();
+    python::bindRadioButton();
+    python::bindComboBox();
+    python::bindAbstractSpinBox();
+    python::bindSpinBox();
+    python::bindDoubleSpinBox();
+    python::bindAbstractSlider();
+    python::bindSlider();
+    python::bindProgressBar();
     python::bindDialog();
     python::bindMenu();
     python::bindMenuBar();

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "module/gui/FlagArgument.h"
 #include "module/gui/IconHandle.h"
 #include "runtime/Errors.h"
 #include "runtime/NumberArguments.h"
 
 #include <boost/python.hpp>
 
-#include <QFlags>
 #include <QIcon>
 #include <QString>
 
@@ -42,6 +42,11 @@ inline PyObject* toPython(const QIcon& icon)
 inline PyObject* toPython(const boost::python::object& object)
 {
     return boost::python::incref(object.ptr());
+}
+/// The `Align` of that number; a combination is one without a name.
+inline PyObject* toPython(Qt::Alignment alignment)
+{
+    return boost::python::incref(boost::python::object(static_cast<Qt::AlignmentFlag>(int(alignment))).ptr());
 }
 /// Enumerations and the value classes of the binding layer.
 template <typename Value>
@@ -117,6 +122,16 @@ struct Argument<QString>
     {
         const boost::python::object text{boost::python::handle<>(boost::python::borrowed(object))};
         return requireStr(text, (std::string(where) + ", expected 'str' but got '%s' instead").c_str());
+    }
+};
+
+template <>
+struct Argument<Qt::Alignment>
+{
+    static Qt::Alignment from(PyObject* object, const char* where)
+    {
+        const boost::python::object flags{boost::python::handle<>(boost::python::borrowed(object))};
+        return alignmentArgument(flags, (std::string(where) + ", expected 'Align' but got '%s' instead").c_str());
     }
 };
 

@@ -1,5 +1,5 @@
 # Written by module/stubs/generate.py; do not edit.
-from typing import Callable, Iterator, Sequence, overload
+from typing import Callable, Iterable, Iterator, Sequence, overload
 from typing_extensions import Buffer
 
 NO_VALUE: float
@@ -1620,6 +1620,486 @@ class Button(_QPushButton):
     """
     def __init__(self, text: str = '', parent: Widget = None, **properties) -> None:
         """A button; icon, shortcut and the other properties go by name."""
+
+class _QLabel(_QFrame):
+    """What labels have."""
+    @property
+    def text(self) -> str:
+        """The text. It takes the place of the icon."""
+    @text.setter
+    def text(self, value: str) -> None: ...
+    @property
+    def textFormat(self) -> TextFormat:
+        """Whether the text is shown as it is, read as HTML, or whichever it looks like."""
+    @textFormat.setter
+    def textFormat(self, value: TextFormat) -> None: ...
+    @property
+    def wordWrap(self) -> bool:
+        """Whether long lines are broken between words."""
+    @wordWrap.setter
+    def wordWrap(self, value: bool) -> None: ...
+    @property
+    def alignment(self) -> Align | int:
+        """Where the text or the icon stands, `Align.Right | Align.Top`."""
+    @alignment.setter
+    def alignment(self, value: Align | int) -> None: ...
+    @property
+    def icon(self) -> Icon:
+        """A picture in place of the text, as large as its file; None takes it away. Reading gives a copy."""
+    @icon.setter
+    def icon(self, value: Icon) -> None: ...
+    @property
+    def scaledContents(self) -> bool:
+        """Whether the icon is stretched over the whole label."""
+    @scaledContents.setter
+    def scaledContents(self, value: bool) -> None: ...
+
+class Label(_QLabel):
+    """Label(text: str = '', parent: Widget = None, **properties)
+
+    A text or a picture to look at.
+    """
+    def __init__(self, text: str = '', parent: Widget = None, **properties) -> None:
+        """A label; icon and the other properties go by name."""
+
+class _QLineEdit(_QWidget):
+    """What text fields of one line have."""
+    def clear(self) -> None:
+        """Empties the field."""
+    def selectAll(self) -> None:
+        """Selects the text."""
+    def textChanged(self, callable: Callable[[str], object]) -> None:
+        """Calls `callable` with the new text whenever it changes, by the user or by a script.
+
+        Raises TypeError for what can not be called.
+        """
+    def returnPressed(self, callable: Callable[[], object]) -> None:
+        """Calls `callable` when the user presses the Return or Enter key in the field.
+
+        Raises TypeError for what can not be called.
+        """
+    def editingFinished(self, callable: Callable[[], object]) -> None:
+        """Calls `callable` when the user presses the Return or Enter key or leaves the field.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def text(self) -> str:
+        """What is in the field."""
+    @text.setter
+    def text(self, value: str) -> None: ...
+    @property
+    def placeholderText(self) -> str:
+        """What an empty field shows."""
+    @placeholderText.setter
+    def placeholderText(self, value: str) -> None: ...
+    @property
+    def clearButtonEnabled(self) -> bool:
+        """Whether a field with text has a button at its end that clears it."""
+    @clearButtonEnabled.setter
+    def clearButtonEnabled(self, value: bool) -> None: ...
+    @property
+    def readOnly(self) -> bool:
+        """Whether the user can only look and copy."""
+    @readOnly.setter
+    def readOnly(self, value: bool) -> None: ...
+    @property
+    def alignment(self) -> Align | int:
+        """Where the text stands in the field."""
+    @alignment.setter
+    def alignment(self, value: Align | int) -> None: ...
+    @property
+    def hasSelectedText(self) -> bool:
+        """Whether a part of the text is selected."""
+    @property
+    def selectedText(self) -> str:
+        """The selected part of the text."""
+
+class LineEdit(_QLineEdit):
+    """LineEdit(text: str = '', parent: Widget = None, **properties)
+
+    A field for text of one line.
+    """
+    def __init__(self, text: str = '', parent: Widget = None, **properties) -> None:
+        """A text field; placeholderText and the other properties go by name."""
+
+class _QCheckBox(_QAbstractButton):
+    """What check boxes have."""
+    def stateChanged(self, callable: Callable[[CheckState], object]) -> None:
+        """Calls `callable` with the new state whenever it changes, by the user or by a script. CheckState.Unchecked is
+        0 and false.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def checkState(self) -> CheckState:
+        """Off, on, or in between; the latter makes the box a tristate one."""
+    @checkState.setter
+    def checkState(self, value: CheckState) -> None: ...
+    @property
+    def tristate(self) -> bool:
+        """Whether clicking it also goes through CheckState.PartiallyChecked."""
+    @tristate.setter
+    def tristate(self, value: bool) -> None: ...
+
+class CheckBox(_QCheckBox):
+    """CheckBox(text: str = '', parent: Widget = None, **properties)
+
+    A box with a text that is switched on and off.
+    """
+    def __init__(self, text: str = '', parent: Widget = None, **properties) -> None:
+        """A box that is off; checked, checkState and the other properties go by name."""
+
+class _QRadioButton(_QAbstractButton):
+    """What radio buttons have."""
+    def stateChanged(self, callable: Callable[[bool], object]) -> None:
+        """Calls `callable` with True when the button is switched on and with False when another one takes its place.
+
+        Raises TypeError for what can not be called.
+        """
+
+class RadioButton(_QRadioButton):
+    """RadioButton(text: str = '', parent: Widget = None, **properties)
+
+    One of the choices in a widget: switching it on switches the others with the same parent off.
+    """
+    def __init__(self, text: str = '', parent: Widget = None, **properties) -> None:
+        """A choice that is off; checked and the other properties go by name."""
+
+class _QComboBox(_QWidget):
+    """What boxes with a list of choices have. Items are counted from 0."""
+    def addItem(self, text: str, icon: Icon = None, userData: bool | int | float | str | ObjectId = None) -> None:
+        """A new item at the end. `userData` comes back from currentData as it was given. The first item of an empty box
+        becomes the chosen one.
+
+        Raises TypeError.
+        """
+    def insertItem(self, index: int, text: str, icon: Icon = None, userData: bool | int | float | str | ObjectId = None) -> None:
+        """The same before the item `index`, or at the end when that is the number of items. The chosen item stays
+        chosen.
+
+        Raises TypeError, and IndexError beyond the end.
+        """
+    def addItems(self, texts: Iterable[str]) -> None:
+        """New items at the end, in half the time of one by one.
+
+        Raises TypeError, and has added nothing, when one of them is not a str.
+        """
+    def index(self, text: str) -> int:
+        """The number of the first item with exactly this text; -1 when there is none.
+
+        Raises TypeError.
+        """
+    def removeItem(self, index: int) -> None:
+        """Takes an item away. When it was the chosen one, its neighbour is.
+
+        Raises TypeError, and IndexError when there is no such item.
+        """
+    def itemText(self, index: int) -> str:
+        """The text of an item.
+
+        Raises TypeError, IndexError.
+        """
+    def itemData(self, index: int) -> object:
+        """The userData of an item.
+
+        Raises TypeError, IndexError.
+        """
+    def clear(self) -> None:
+        """Takes all items away."""
+    def selectionChanged(self, callable: Callable[[int], object]) -> None:
+        """Calls `callable` with the number of the chosen item (-1 for none) whenever it changes, by the user or by a
+        script.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def currentText(self) -> str:
+        """The text of the chosen item, or what the user has typed into an editable box. Setting it chooses the first
+        item with the text; ValueError when there is none, unless the box is editable.
+        """
+    @currentText.setter
+    def currentText(self, value: str) -> None: ...
+    @property
+    def currentIndex(self) -> int:
+        """The number of the chosen item, counted from 0; -1 for none."""
+    @currentIndex.setter
+    def currentIndex(self, value: int) -> None: ...
+    @property
+    def currentData(self) -> object:
+        """What the chosen item has as its userData; None for nothing."""
+    @property
+    def count(self) -> int:
+        """The number of items."""
+    @property
+    def editable(self) -> bool:
+        """Whether the user can also type. Return adds what was typed as an item."""
+    @editable.setter
+    def editable(self, value: bool) -> None: ...
+    @property
+    def sizeAdjustPolicy(self) -> ComboBoxSizePolicy:
+        """How the box finds its width."""
+    @sizeAdjustPolicy.setter
+    def sizeAdjustPolicy(self, value: ComboBoxSizePolicy) -> None: ...
+    @property
+    def minimumContentsLength(self) -> int:
+        """Letters that the box has room for at least."""
+    @minimumContentsLength.setter
+    def minimumContentsLength(self, value: int) -> None: ...
+    @property
+    def iconSize(self) -> Size:
+        """The size of the items' icons in pixels."""
+    @iconSize.setter
+    def iconSize(self, value: Size) -> None: ...
+
+class ComboBox(_QComboBox):
+    """ComboBox(parent: Widget = None, **properties)
+
+    A box that opens a list to choose from.
+    """
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """A box without items."""
+
+class _QAbstractSpinBox(_QWidget):
+    """What fields for numbers have."""
+    @property
+    def specialValueText(self) -> str:
+        """What the box shows in place of its minimum, 'Automatic'; empty for the number."""
+    @specialValueText.setter
+    def specialValueText(self, value: str) -> None: ...
+    @property
+    def readOnly(self) -> bool:
+        """Whether the user can only look and copy."""
+    @readOnly.setter
+    def readOnly(self, value: bool) -> None: ...
+    @property
+    def wrapping(self) -> bool:
+        """Whether a step beyond the maximum leads to the minimum, as for angles."""
+    @wrapping.setter
+    def wrapping(self, value: bool) -> None: ...
+    @property
+    def keyboardTracking(self) -> bool:
+        """Whether the value changes with every key typed, or when the user is done."""
+    @keyboardTracking.setter
+    def keyboardTracking(self, value: bool) -> None: ...
+    @property
+    def alignment(self) -> Align | int:
+        """Where the number stands in the box."""
+    @alignment.setter
+    def alignment(self, value: Align | int) -> None: ...
+
+class _QSpinBox(_QAbstractSpinBox):
+    """What fields for whole numbers have."""
+    def valueChanged(self, callable: Callable[[int], object]) -> None:
+        """Calls `callable` with the new number whenever it changes, by the user or by a script.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def value(self) -> int:
+        """The number; one beyond `minimum` or `maximum` becomes that."""
+    @value.setter
+    def value(self, value: int) -> None: ...
+    @property
+    def minimum(self) -> int:
+        """The smallest number, at first 0. A maximum below it becomes the same."""
+    @minimum.setter
+    def minimum(self, value: int) -> None: ...
+    @property
+    def maximum(self) -> int:
+        """The largest number, at first 99. A minimum above it becomes the same."""
+    @maximum.setter
+    def maximum(self, value: int) -> None: ...
+    @property
+    def singleStep(self) -> int:
+        """What one press of an arrow adds or takes away."""
+    @singleStep.setter
+    def singleStep(self, value: int) -> None: ...
+    @property
+    def prefix(self) -> str:
+        """What stands before the number."""
+    @prefix.setter
+    def prefix(self, value: str) -> None: ...
+    @property
+    def suffix(self) -> str:
+        """What stands behind the number, ' ms'."""
+    @suffix.setter
+    def suffix(self, value: str) -> None: ...
+
+class SpinBox(_QSpinBox):
+    """SpinBox(parent: Widget = None, **properties)
+
+    A field for a whole number, with arrows that count up and down.
+    """
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """A field for 0 to 99; minimum, maximum, value and the other properties go by name."""
+
+class _QDoubleSpinBox(_QAbstractSpinBox):
+    """What fields for numbers with a decimal point have."""
+    def valueChanged(self, callable: Callable[[float], object]) -> None:
+        """Calls `callable` with the new number whenever it changes, by the user or by a script.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def value(self) -> float:
+        """The number, rounded to `decimals`; one beyond `minimum` or `maximum` becomes that."""
+    @value.setter
+    def value(self, value: float) -> None: ...
+    @property
+    def minimum(self) -> float:
+        """The smallest number, at first 0. A maximum below it becomes the same."""
+    @minimum.setter
+    def minimum(self, value: float) -> None: ...
+    @property
+    def maximum(self) -> float:
+        """The largest number, at first 99.99. A minimum above it becomes the same."""
+    @maximum.setter
+    def maximum(self, value: float) -> None: ...
+    @property
+    def decimals(self) -> int:
+        """Digits behind the point, 0 to 323, at first 2. Value and bounds are rounded to them."""
+    @decimals.setter
+    def decimals(self, value: int) -> None: ...
+    @property
+    def singleStep(self) -> float:
+        """What one press of an arrow adds or takes away."""
+    @singleStep.setter
+    def singleStep(self, value: float) -> None: ...
+    @property
+    def prefix(self) -> str:
+        """What stands before the number."""
+    @prefix.setter
+    def prefix(self, value: str) -> None: ...
+    @property
+    def suffix(self) -> str:
+        """What stands behind the number, ' Hz'."""
+    @suffix.setter
+    def suffix(self, value: str) -> None: ...
+
+class DoubleSpinBox(_QDoubleSpinBox):
+    """DoubleSpinBox(parent: Widget = None, **properties)
+
+    A field for a number with a decimal point, with arrows that count up and down.
+    """
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """A field for 0.00 to 99.99; decimals, minimum, maximum, value and the other properties go by name."""
+
+class _QAbstractSlider(_QWidget):
+    """What everything with a handle that moves along a line has."""
+    @property
+    def value(self) -> int:
+        """The number; one beyond `minimum` or `maximum` becomes that."""
+    @value.setter
+    def value(self, value: int) -> None: ...
+    @property
+    def minimum(self) -> int:
+        """The smallest number, at first 0. A maximum below it becomes the same."""
+    @minimum.setter
+    def minimum(self, value: int) -> None: ...
+    @property
+    def maximum(self) -> int:
+        """The largest number, at first 99. A minimum above it becomes the same."""
+    @maximum.setter
+    def maximum(self, value: int) -> None: ...
+    @property
+    def singleStep(self) -> int:
+        """How far an arrow key moves it."""
+    @singleStep.setter
+    def singleStep(self, value: int) -> None: ...
+    @property
+    def pageStep(self) -> int:
+        """How far a click beside the handle moves it."""
+    @pageStep.setter
+    def pageStep(self, value: int) -> None: ...
+    @property
+    def tracking(self) -> bool:
+        """Whether the value follows the mouse, or changes when the button is let go."""
+    @tracking.setter
+    def tracking(self, value: bool) -> None: ...
+    @property
+    def orientation(self) -> Orientation:
+        """How it lies."""
+    @orientation.setter
+    def orientation(self, value: Orientation) -> None: ...
+
+class _QSlider(_QAbstractSlider):
+    """What sliders have."""
+    def valueChanged(self, callable: Callable[[int], object]) -> None:
+        """Calls `callable` with the new number whenever it changes, by the user or by a script.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def tickPosition(self) -> SliderTickPosition:
+        """Where it has tick marks."""
+    @tickPosition.setter
+    def tickPosition(self, value: SliderTickPosition) -> None: ...
+    @property
+    def tickInterval(self) -> int:
+        """From one tick mark to the next; 0 goes by `singleStep` and `pageStep`."""
+    @tickInterval.setter
+    def tickInterval(self, value: int) -> None: ...
+
+class Slider(_QSlider):
+    """Slider(orientation: Orientation = Orientation.Horizontal, parent: Widget = None, **properties)
+
+    A handle on a line that chooses a whole number.
+    """
+    def __init__(self, orientation: Orientation = Orientation.Horizontal, parent: Widget = None, **properties) -> None:
+        """A slider for 0 to 99; minimum, maximum, value and the other properties go by name."""
+
+class _QProgressBar(_QWidget):
+    """What progress bars in windows have."""
+    def reset(self) -> None:
+        """Back to the start: an empty bar without a text."""
+    def valueChanged(self, callable: Callable[[int], object]) -> None:
+        """Calls `callable` with the new value whenever it changes.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def value(self) -> int:
+        """How far it is; a number beyond `minimum` or `maximum` becomes that. A new bar, and one after reset(), is at
+        -1.
+        """
+    @value.setter
+    def value(self, value: int) -> None: ...
+    @property
+    def minimum(self) -> int:
+        """The value of the empty bar, at first 0. A maximum below it becomes the same."""
+    @minimum.setter
+    def minimum(self, value: int) -> None: ...
+    @property
+    def maximum(self) -> int:
+        """The value of the full bar, at first 100. With minimum and maximum 0 the bar only shows that something goes
+        on.
+        """
+    @maximum.setter
+    def maximum(self, value: int) -> None: ...
+    @property
+    def textFormat(self) -> str:
+        """The text on the bar: %p becomes the percentage, %v the value, %m the number of steps."""
+    @textFormat.setter
+    def textFormat(self, value: str) -> None: ...
+    @property
+    def textVisible(self) -> bool:
+        """Whether the bar shows its text."""
+    @textVisible.setter
+    def textVisible(self, value: bool) -> None: ...
+    @property
+    def orientation(self) -> Orientation:
+        """How it lies."""
+    @orientation.setter
+    def orientation(self, value: Orientation) -> None: ...
+
+class ProgressBar(_QProgressBar):
+    """ProgressBar(parent: Widget = None, **properties)
+
+    A bar in a window of a script that shows how far something is.
+    """
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """An empty bar; minimum, maximum and the other properties go by name."""
 
 class _QDialog(_QWidget):
     """What dialogs have."""
