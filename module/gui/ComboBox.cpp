@@ -166,9 +166,10 @@ void bindComboBox()
              "insertItem(index: int, text: str, icon: Icon = None, userData: bool | int | float | str | ObjectId = "
              "None) -> None\n\nThe same before the item `index`, or at the end when that is the number of items. The "
              "chosen item stays chosen.\n\nRaises TypeError, and IndexError beyond the end.")
-        .def("addItems", addItems, bp::args("self", "texts"),
-             "addItems(texts: Iterable[str]) -> None\n\nNew items at the end, in half the time of one by one.\n\nRaises "
-             "TypeError, and has added nothing, when one of them is not a str.")
+        .def(
+            "addItems", addItems, bp::args("self", "texts"),
+            "addItems(texts: Iterable[str]) -> None\n\nNew items at the end, in half the time of one by one.\n\nRaises "
+            "TypeError, and has added nothing, when one of them is not a str.")
         .def("index", index, bp::args("self", "text"),
              "index(text: str) -> int\n\nThe number of the first item with exactly this text; -1 when there is "
              "none.\n\nRaises TypeError.")
