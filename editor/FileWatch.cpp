@@ -20,6 +20,7 @@ FileWatch::FileWatch()
         // A replaced file is no longer watched.
         if (QFileInfo::exists(m_path) && !m_watcher.files().contains(m_path))
             m_watcher.addPath(m_path);
+        updateReadOnly();
         if (hasChanged())
             Q_EMIT changed();
     });
@@ -41,6 +42,16 @@ void FileWatch::watch(const QString& path)
         m_watcher.addPath(path);
     m_settled.stop();
     m_known = stampNow();
+    updateReadOnly();
+}
+
+void FileWatch::updateReadOnly()
+{
+    const QFileInfo info(m_path);
+    const bool readOnly =
+        !m_path.isEmpty() && info.exists() && (!info.isWritable() || !QFileInfo(info.absolutePath()).isWritable());
+    if (std::exchange(m_readOnly, readOnly) != readOnly)
+        Q_EMIT readOnlyChanged(readOnly);
 }
 
 bool FileWatch::hasChanged() const

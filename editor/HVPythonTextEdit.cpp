@@ -112,6 +112,7 @@ void HVPythonTextEdit::connectSignals()
     connect(this, &QPlainTextEdit::textChanged, this, &HVPythonTextEdit::keepUnsavedText);
     connect(document(), &QTextDocument::modificationChanged, this, &HVPythonTextEdit::keepUnsavedText);
     connect(m_watch.get(), &editor::FileWatch::changed, this, &HVPythonTextEdit::reportFileChange);
+    connect(m_watch.get(), &editor::FileWatch::readOnlyChanged, this, &HVPythonTextEdit::showWhetherReadOnly);
     connect(m_searchBar, &HVPythonTextSearchWidget::startSearch, this, &HVPythonTextEdit::search);
     connect(m_searchBar, &HVPythonTextSearchWidget::nextRequested, this, [this] { selectSearchResult(+1); });
     connect(m_searchBar, &HVPythonTextSearchWidget::previousRequested, this, [this] { selectSearchResult(-1); });

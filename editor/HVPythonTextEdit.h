@@ -46,6 +46,9 @@ public:
     /// Breakpoints move to the new name with the text.
     void setFilename(const QString& path);
     QString filename() const { return m_filename; }
+    /// Whether saving would fail because the file, or its folder, must not be written. The window's icon shows it, so
+    /// windowIconChanged() tells of changes.
+    bool isFileReadOnly() const;
     void updateWindowTitle();
 
     /// Asks for the text to be run: sends "EXECUTE_PYTHON_IN_EDITOR".
@@ -77,7 +80,10 @@ public:
     /// Next or previous match of the last search, around the ends of the text.
     void findNext();
     void findPrevious();
+    void showSearchBar();
     void showReplaceBar();
+    /// Comments the selected lines, or takes their comments away.
+    void toggleComment();
     /// Asks for the line when none is given.
     void goToLine(int line = -1);
 
@@ -113,6 +119,7 @@ private:
     bool mayOverwrite();
     void readAgain();
     void reportFileChange();
+    void showWhetherReadOnly();
     void keepUnsavedText();
 
     // Keys
@@ -142,7 +149,6 @@ private:
     void setCurrentMatch(int index);
     void forgetMatches();
     void findFromCursor(bool backward);
-    void showSearchBar();
     void hideSearchBar();
     void placeBars();
     void replaceCurrent(const QString& replacement);

@@ -1,10 +1,9 @@
-// The script editor and its file: reading, saving, what other programs do to the file, dropped files.
+// The script editor and its file: reading, saving, what other programs do to the file.
 #include "editor/FileWatch.h"
 #include "editor/HVPythonTextEdit.h"
 #include "editor/NoticeBar.h"
 #include "editor/RecoveryCopy.h"
-#include "host/services/HVEventBus.h"
-#include "host/services/HVProjectItemDrag.h"
+#include "host/services/HVIconStore.h"
 #include "host/services/HVWholeFile.h"
 #include "host/services/IScriptProject.h"
 
@@ -12,7 +11,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QPushButton>
 
 namespace {
@@ -49,13 +47,6 @@ bool readBytes(const QString& path, QByteArray& bytes)
     return file.error() == QFileDevice::NoError;
 }
 
-/// Project items: exactly one script, or nothing that this editor takes.
-bool isAcceptable(const QMimeData* data)
-{
-    const QList<hv::ProjectItem> items = hv::draggedProjectItems(data);
-    return items.isEmpty() || (items.size() == 1 && items.first().type == hv::g_pythonScriptType);
-}
-
 } // namespace
 
 bool HVPythonTextEdit::readText(const QString& path)
@@ -81,6 +72,7 @@ bool HVPythonTextEdit::loadFile(const QString& path)
         return false;
     setFilename(path);
     m_watch->watch(path);
+    showWhetherReadOnly();
     updateWindowTitle();
     clearBreakpoints();
     m_errorLine = -1;
@@ -205,6 +197,22 @@ void HVPythonTextEdit::readAgain()
                        .arg(QFileInfo(m_filename).fileName()));
 }
 
+bool HVPythonTextEdit::isFileReadOnly() const
+{
+    return m_watch->isReadOnly();
+}
+
+void HVPythonTextEdit::showWhetherReadOnly()
+{
+    const bool readOnly = isFileReadOnly();
+    setWindowIcon(HVIconStore::icon(readOnly ? QStringLiteral("read_only_24") : QStringLiteral("pythoneditor24")));
+    const QString sentence = tr("This file is read-only. Save As keeps what you change under another name.");
+    if (readOnly && m_notice->isHidden())
+        m_notice->show(sentence);
+    else if (!readOnly && m_notice->sentence() == sentence)
+        m_notice->hide();
+}
+
 void HVPythonTextEdit::keepUnsavedText()
 {
     if (document()->isModified())
@@ -228,56 +236,4 @@ void HVPythonTextEdit::restoreUnsaved(const QString& path, const QString& text)
     m_recovery->writeNow();
     m_notice->show(
         tr("Strativo ended without saving this script. This is how it was; Undo shows what is in the file."));
-}
-
-void HVPythonTextEdit::dragEnterEvent(QDragEnterEvent* event)
-{
-    if (isAcceptable(event->mimeData()))
-        event->acceptProposedAction();
-    else
-        event->ignore();
-}
-
-void HVPythonTextEdit::dragMoveEvent(QDragMoveEvent* event)
-{
-    const QMimeData* dragged = event->mimeData();
-    if (!isAcceptable(dragged))
-        event->ignore();
-    else if (dragged->hasUrls() || !hv::draggedProjectItems(dragged).isEmpty())
-        event->acceptProposedAction();
-    else
-        QPlainTextEdit::dragMoveEvent(event); // shows where dragged text would go
-}
-
-void HVPythonTextEdit::dropEvent(QDropEvent* event)
-{
-    const QMimeData* dragged = event->mimeData();
-    const QList<hv::ProjectItem> items = hv::draggedProjectItems(dragged);
-    // Project items may carry their files' addresses as well.
-    if (items.isEmpty() && dragged->hasUrls()) {
-        const QString path = dragged->urls().value(0).toLocalFile();
-        const QString own = m_filename;
-        if (loadFile(path)) {
-            // The dropped text is taken into this editor's own file.
-            setFilename(own);
-            document()->setModified(true);
-            updateWindowTitle();
-            // Ends the drop without inserting the file's name.
-            QMimeData nothing;
-            nothing.setText(QString());
-            QDropEvent end(event->posF(), event->possibleActions(), &nothing, event->mouseButtons(),
-                           event->keyboardModifiers());
-            QPlainTextEdit::dropEvent(&end);
-            event->acceptProposedAction();
-        } else {
-            QMessageBox::information(this, windowTitle(), QStringLiteral("Unable to load: %1").arg(path));
-        }
-        return;
-    }
-    if (items.isEmpty())
-        QPlainTextEdit::dropEvent(event);
-    else if (items.size() == 1 && items.first().type == hv::g_pythonScriptType && loadFile(items.first().path))
-        event->acceptProposedAction();
-    else
-        event->ignore();
 }

@@ -190,7 +190,7 @@ bool HVPythonTextEdit::editingKeyPressed(QKeyEvent* event)
         return true;
     case control(Qt::Key_Slash):
     case control(Qt::Key_1):
-        editor::toggleComment(*this);
+        toggleComment();
         return true;
     case control(Qt::Key_D):
         editor::duplicate(*this);
@@ -233,6 +233,12 @@ bool HVPythonTextEdit::commandKeyPressed(QKeyEvent* event)
     default:
         return false;
     }
+}
+
+void HVPythonTextEdit::toggleComment()
+{
+    if (!isReadOnly())
+        editor::toggleComment(*this);
 }
 
 void HVPythonTextEdit::goToLine(int line)

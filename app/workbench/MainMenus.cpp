@@ -66,6 +66,8 @@ MainMenus::MainMenus(MainWindow& window) : QObject(&window), m_window(window)
     const auto update = [this] {
         const bool editor = m_window.activeEditor() != nullptr;
         m_save->setEnabled(editor);
+        for (QAction* action : qAsConst(m_editorActions))
+            action->setEnabled(editor);
         m_run->setEnabled(editor && !m_window.runIndicator()->isRunning());
     };
     connect(window.workspace(), &QMdiArea::subWindowActivated, this, update);
@@ -118,6 +120,30 @@ void MainMenus::makeEditMenu()
     add("paste_24", tr("Paste"), QKeySequence::Paste, tr("Insert the clipboard's contents"), "paste");
     menu->addSeparator();
     add("select_all_24", tr("Select All"), QKeySequence::SelectAll, tr("Select everything"), "selectAll");
+
+    const auto addOfEditor = [&](const char* icon, const QString& text, const QString& keys, const QString& tip,
+                                 auto command) {
+        QAction* action = addAction(menu, icon, text, keys, tip, this, [this, command] {
+            if (HVPythonTextEdit* editor = m_window.activeEditor())
+                command(*editor);
+        });
+        // The keys are the editor's: as shortcuts of the window they would compete with those of other panels.
+        action->setShortcutContext(Qt::WidgetShortcut);
+        m_editorActions.append(action);
+    };
+    menu->addSeparator();
+    addOfEditor("zoommode16", tr("Find..."), tr("Ctrl+F"), tr("Search the script"),
+                [](HVPythonTextEdit& editor) { editor.showSearchBar(); });
+    addOfEditor("find_next_16", tr("Find Next"), tr("F3"), tr("Go to the next match"),
+                [](HVPythonTextEdit& editor) { editor.findNext(); });
+    addOfEditor("find_previous_16", tr("Find Previous"), tr("Shift+F3"), tr("Go to the previous match"),
+                [](HVPythonTextEdit& editor) { editor.findPrevious(); });
+    addOfEditor("", tr("Replace..."), tr("Ctrl+H"), tr("Search the script and replace"),
+                [](HVPythonTextEdit& editor) { editor.showReplaceBar(); });
+    addOfEditor("", tr("Go to Line..."), tr("Ctrl+G"), tr("Go to a line of the script"),
+                [](HVPythonTextEdit& editor) { editor.goToLine(); });
+    addOfEditor("", tr("Toggle Comment"), tr("Ctrl+/"), tr("Comment the lines, or take the comments away"),
+                [](HVPythonTextEdit& editor) { editor.toggleComment(); });
 }
 
 void MainMenus::makeViewMenu()

@@ -40,6 +40,7 @@ private:
     QAction* m_open = nullptr;
     QAction* m_save = nullptr;
     QAction* m_run = nullptr;
+    QList<QAction*> m_editorActions; // of the Edit menu, for scripts only
     QList<QAction*> m_windowActions; // of the Window menu, above its list
 };
 

@@ -5,6 +5,7 @@
 #include "app/workbench/OpenScripts.h"
 #include "app/workbench/RecentScripts.h"
 #include "app/workbench/RunIndicator.h"
+#include "app/workbench/TabTips.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
 #include "host/services/HVEventBus.h"
@@ -54,8 +55,10 @@ MainWindow::MainWindow()
     m_workspace->setTabsClosable(true);
     m_workspace->setTabsMovable(true);
     m_workspace->setDocumentMode(true);
-    for (QTabBar* tabs : m_workspace->findChildren<QTabBar*>())
+    for (QTabBar* tabs : m_workspace->findChildren<QTabBar*>()) {
         tabs->setExpanding(false);
+        new TabTips(*m_workspace, tabs);
+    }
     setCentralWidget(m_workspace);
     auto* empty = new EmptyWorkspace(m_workspace);
     connect(empty, &EmptyWorkspace::newScriptRequested, this, &MainWindow::newScript);
@@ -120,6 +123,7 @@ QMdiSubWindow* MainWindow::addDocument(QWidget* widget)
     QMdiSubWindow* document = m_workspace->addSubWindow(widget);
     document->setAttribute(Qt::WA_DeleteOnClose);
     document->setWindowIcon(widget->windowIcon());
+    connect(widget, &QWidget::windowIconChanged, document, &QWidget::setWindowIcon);
     document->installEventFilter(this);
     document->showMaximized();
     return document;

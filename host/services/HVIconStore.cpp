@@ -44,7 +44,7 @@ constexpr Entry g_entries[] = {
     {"theme_system_24", "device-desktop"}, {"theme_light_24", "sun"}, {"theme_dark_24", "moon"},
     {"help_24", "help"}, {"about_24", "info-circle"}, {"external_link_16", "external-link"}, {"web_24", "world"},
     // States
-    {"error_16", "alert-circle", g_halt}, {"warning_16", "alert-triangle", g_caution},
+    {"read_only_24", "lock", g_caution}, {"error_16", "alert-circle", g_halt}, {"warning_16", "alert-triangle", g_caution},
     {"information_16", "info-circle", g_notice}, {"success_16", "circle-check", g_go},
     // Data and views
     {"atbseismicsmall", "wave-sine"}, {"2dlinesmall", "timeline"}, {"volume_24", "cube"}, {"horizon_24", "stack-2"},

@@ -11,16 +11,23 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QFile>
+#include <QHelpEvent>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QSettings>
+#include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
 #include <QTimer>
 #include <QToolBar>
+#include <QToolTip>
+#include <QWindow>
+
+#include <unistd.h>
 
 namespace {
 
@@ -156,6 +163,103 @@ TEST_F(Documents, menusHaveTheirTitlesAndEveryCommandItsTip)
     EXPECT_TRUE(window.workspace()->findChild<EmptyWorkspace*>()->isVisible());
     EXPECT_EQ(window.activeEditor(), nullptr);
     EXPECT_FALSE(menuAction("Tools", "Run Script")->isEnabled());
+}
+
+TEST_F(Documents, editMenuWorksOnTheScriptAndLeavesItsKeysAlone)
+{
+    const auto enabled = [&] {
+        std::string all;
+        for (const char* text :
+             {"Find...", "Find Next", "Find Previous", "Replace...", "Go to Line...", "Toggle Comment"})
+            all += menuAction("Edit", text)->isEnabled() ? '1' : '0';
+        return all;
+    };
+    EXPECT_EQ(enabled(), "000000");
+    HVPythonTextEdit* editor = window.newScript();
+    EXPECT_EQ(enabled(), "111111");
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    editor->setPlainText(QStringLiteral("a b\na b\na b\n"));
+    const auto position = [&] {
+        const QTextCursor cursor = editor->textCursor();
+        return QStringLiteral("%1:%2").arg(cursor.blockNumber() + 1).arg(cursor.positionInBlock()).toStdString();
+    };
+
+    menuAction("Edit", "Find...")->trigger();
+    QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("b"));
+    EXPECT_EQ(position(), "1:3");
+    menuAction("Edit", "Find Next")->trigger();
+    EXPECT_EQ(position(), "2:3");
+    // Keys are sent to the window, as the system does: shortcuts come first, and each works once.
+    QWindow* screen = window.windowHandle();
+    QTest::keyClick(screen, Qt::Key_F3);
+    EXPECT_EQ(position(), "3:3") << "from the search bar";
+    editor->setFocus();
+    QTest::keyClick(screen, Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(position(), "2:3");
+    menuAction("Edit", "Find Previous")->trigger();
+    EXPECT_EQ(position(), "1:3");
+    QTest::keyClick(screen, Qt::Key_Slash, Qt::ControlModifier);
+    EXPECT_EQ(editor->plainText(), QStringLiteral("# a b\na b\na b\n"));
+    menuAction("Edit", "Toggle Comment")->trigger();
+    EXPECT_EQ(editor->plainText(), QStringLiteral("a b\na b\na b\n"));
+    int dialogs = 0;
+    QTimer answers;
+    QObject::connect(&answers, &QTimer::timeout, [&] {
+        if (QWidget* dialog = QApplication::activeModalWidget()) {
+            ++dialogs;
+            QTest::keyClicks(dialog->focusWidget(), QStringLiteral("2"));
+            QTest::keyClick(dialog, Qt::Key_Return);
+        }
+    });
+    answers.start(1);
+    QTest::keyClick(screen, Qt::Key_G, Qt::ControlModifier);
+    EXPECT_EQ(position() + " " + std::to_string(dialogs), "2:0 1");
+    menuAction("Edit", "Go to Line...")->trigger();
+    EXPECT_EQ(dialogs, 2);
+    QTest::keyClick(screen, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(window.focusWidget()->metaObject()->className(), std::string("QLineEdit"));
+    window.destroyDocuments();
+    EXPECT_EQ(enabled(), "000000");
+}
+
+TEST_F(Documents, aReadOnlyFileShowsItInItsTab)
+{
+    // The superuser may write everything; only the user changes here, not the group.
+    const auto become = [](uid_t user) { EXPECT_EQ(getuid() == user ? 0 : setresuid(user, user, uid_t(-1)), 0); };
+    const uid_t self = getuid();
+    const auto back = qScopeGuard([&] { become(self); });
+    constexpr QFile::Permissions readable = QFile::ReadOwner | QFile::ReadGroup;
+    constexpr QFile::Permissions writable = readable | QFile::WriteOwner | QFile::WriteGroup;
+    QFile::setPermissions(folder.path(), writable | QFile::ExeOwner | QFile::ExeGroup);
+    const auto allow = [&](QFile::Permissions permissions) {
+        become(self);
+        QFile::setPermissions(path, permissions);
+        become(self == 0 ? 65534 : self);
+    };
+    allow(readable);
+    HVPythonTextEdit* editor = window.openScript(path);
+    QMdiSubWindow* document = window.workspace()->subWindowList().first();
+    auto* tabs = window.workspace()->findChild<QTabBar*>();
+    const auto tip = [&] {
+        QHelpEvent help(QEvent::ToolTip, tabs->tabRect(0).center(), QCursor::pos());
+        QCoreApplication::sendEvent(tabs, &help);
+        return QToolTip::text();
+    };
+    const auto picture = [&] { return document->windowIcon().pixmap(24).toImage(); };
+    const QImage lock = picture();
+    EXPECT_EQ(tip(), path + QStringLiteral("\nThis file is read-only."));
+    EXPECT_EQ(document->windowTitle(), QStringLiteral("a script.py"));
+
+    allow(writable);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !editor->isFileReadOnly(); }, 5000));
+    EXPECT_EQ(tip(), path);
+    EXPECT_NE(picture(), lock);
+    allow(readable);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return editor->isFileReadOnly(); }, 5000));
+    EXPECT_EQ(picture(), lock);
+    editor->setFilename(QString());
+    EXPECT_EQ(tip(), QStringLiteral("a script.py"));
 }
 
 TEST_F(Documents, layoutThemeAndRecentScriptsComeBack)
