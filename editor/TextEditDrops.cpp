@@ -1,5 +1,6 @@
 // What is dropped on the script editor: text, files, scripts of the project.
 #include "editor/HVPythonTextEdit.h"
+#include "host/data/ObjectKind.h"
 #include "host/services/HVProjectItemDrag.h"
 
 #include <QDropEvent>
@@ -8,11 +9,16 @@
 
 namespace {
 
+bool isOneScript(const QList<hv::ProjectItem>& items)
+{
+    return items.size() == 1 && items.first().type == static_cast<int>(ObjectKind::PythonScript);
+}
+
 /// Project items: exactly one script, or nothing that this editor takes.
 bool isAcceptable(const QMimeData* data)
 {
     const QList<hv::ProjectItem> items = hv::draggedProjectItems(data);
-    return items.isEmpty() || (items.size() == 1 && items.first().type == hv::g_pythonScriptType);
+    return items.isEmpty() || isOneScript(items);
 }
 
 } // namespace
@@ -63,7 +69,7 @@ void HVPythonTextEdit::dropEvent(QDropEvent* event)
     }
     if (items.isEmpty())
         QPlainTextEdit::dropEvent(event);
-    else if (items.size() == 1 && items.first().type == hv::g_pythonScriptType && loadFile(items.first().path))
+    else if (isOneScript(items) && loadFile(items.first().path))
         event->acceptProposedAction();
     else
         event->ignore();

@@ -4,8 +4,10 @@
 #include "app/workbench/ProjectMenu.h"
 #include "app/workbench/RecentScripts.h"
 #include "app/workbench/RunIndicator.h"
+#include "app/workbench/ScriptFiles.h"
 #include "app/workbench/Theme.h"
 #include "editor/HVPythonTextEdit.h"
+#include "host/data/HVProjectService.h"
 #include "host/services/HVIconStore.h"
 #include "runtime/HVPythonDocumentation.h"
 
@@ -22,6 +24,8 @@
 namespace workbench {
 
 namespace {
+
+constexpr int g_mostNumbered = 10; // scripts that a key opens while their menu is shown
 
 /// An action with everything that is shown of it. `icon` and `shortcut` may be empty.
 template <typename Context, typename Handler>
@@ -93,6 +97,8 @@ void MainMenus::makeFileMenu()
                        &m_window, [this] { m_window.chooseScript(); });
     QMenu* recent = menu->addMenu(HVIconStore::icon(QStringLiteral("recent_24")), tr("Recent Scripts"));
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentScripts(recent); });
+    QMenu* ofProject = menu->addMenu(HVIconStore::icon(QStringLiteral("folder_24")), tr("Project Scripts"));
+    connect(ofProject, &QMenu::aboutToShow, this, [this, ofProject] { fillProjectScripts(ofProject); });
     menu->addSeparator();
     m_save = addAction(menu, "save24", tr("Save"), QKeySequence::Save, tr("Save the script"), &m_window,
                        [this] { m_window.saveScript(); });
@@ -225,23 +231,35 @@ void MainMenus::explainWhenEmpty(QMenu* menu, const QString& explanation)
             [menu, sentence] { sentence->setVisible(menu->actions().size() == 1); });
 }
 
-void MainMenus::fillRecentScripts(QMenu* menu)
+void MainMenus::fillScripts(QMenu* menu, const QStringList& paths, const QString& none)
 {
     menu->clear();
     int number = 0;
-    for (const QString& path : recentScripts()) {
+    for (const QString& path : paths) {
         // Ampersands of the name are no mnemonics.
-        QString name = QFileInfo(path).fileName().replace(QLatin1Char('&'), QLatin1String("&&"));
-        QAction* action = menu->addAction(QStringLiteral("&%1  %2").arg(++number % 10).arg(name), this,
-                                          [this, path] { m_window.openScript(path); });
+        const QString name = QFileInfo(path).fileName().replace(QLatin1Char('&'), QLatin1String("&&"));
+        const QString digit = ++number <= g_mostNumbered ? QStringLiteral("&%1  ").arg(number % 10) : QString();
+        QAction* action = menu->addAction(digit + name, this, [this, path] { m_window.openScript(path); });
         action->setToolTip(path);
         action->setStatusTip(path);
     }
     menu->setToolTipsVisible(true);
-    if (number == 0) {
-        menu->addAction(tr("No scripts were opened yet"))->setEnabled(false);
+    if (paths.isEmpty())
+        menu->addAction(none)->setEnabled(false);
+}
+
+void MainMenus::fillProjectScripts(QMenu* menu)
+{
+    fillScripts(menu, m_window.scriptFiles().projectScripts(),
+                m_window.projects()->project() ? tr("The project has no scripts yet") : tr("No project is open"));
+}
+
+void MainMenus::fillRecentScripts(QMenu* menu)
+{
+    const QStringList paths = recentScripts();
+    fillScripts(menu, paths, tr("No scripts were opened yet"));
+    if (paths.isEmpty())
         return;
-    }
     menu->addSeparator();
     menu->addAction(HVIconStore::icon(QStringLiteral("clear_24")), tr("Clear List"), this, &clearRecentScripts);
 }

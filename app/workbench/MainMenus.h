@@ -31,7 +31,9 @@ private:
 
     QMenu* addMenu(const QString& title);
     void explainWhenEmpty(QMenu* menu, const QString& explanation);
+    void fillScripts(QMenu* menu, const QStringList& paths, const QString& none);
     void fillRecentScripts(QMenu* menu);
+    void fillProjectScripts(QMenu* menu);
     void fillWindowList(QMenu* menu);
     void showAbout();
 

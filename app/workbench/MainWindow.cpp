@@ -5,6 +5,7 @@
 #include "app/workbench/OpenScripts.h"
 #include "app/workbench/RecentScripts.h"
 #include "app/workbench/RunIndicator.h"
+#include "app/workbench/ScriptFiles.h"
 #include "app/workbench/TabTips.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
@@ -35,17 +36,12 @@ constexpr int g_stateVersion = 1;
 constexpr QSize g_preferredSize(1280, 860);
 constexpr int g_messageMilliseconds = 8000;
 
-QString scriptFilter()
-{
-    return MainWindow::tr("Python scripts (*.py);;All files (*)");
-}
-
 } // namespace
 
 MainWindow::MainWindow()
-    : m_projects(new HVProjectService(this)), m_workspace(new QMdiArea), m_messages(new HVMessageWindow),
-      m_messageDock(new QDockWidget(tr("Messages"))), m_projectDock(new QDockWidget(tr("Project"))),
-      m_toolBar(new QToolBar(tr("Main Tool Bar")))
+    : m_projects(new HVProjectService(this)), m_scripts(std::make_unique<ScriptFiles>(*m_projects)),
+      m_workspace(new QMdiArea), m_messages(new HVMessageWindow), m_messageDock(new QDockWidget(tr("Messages"))),
+      m_projectDock(new QDockWidget(tr("Project"))), m_toolBar(new QToolBar(tr("Main Tool Bar")))
 {
     setWindowTitle(QStringLiteral("Strativo"));
     setWindowIcon(HVIconStore::icon(QStringLiteral("horizon_24")));
@@ -205,7 +201,8 @@ HVPythonTextEdit* MainWindow::openScript(const QString& path)
 
 void MainWindow::chooseScript()
 {
-    const QStringList paths = QFileDialog::getOpenFileNames(this, tr("Open Script"), scriptFolder(), scriptFilter());
+    const QStringList paths =
+        QFileDialog::getOpenFileNames(this, tr("Open Script"), m_scripts->folder(), ScriptFiles::filter());
     for (const QString& path : paths)
         openScript(path);
 }
@@ -223,13 +220,8 @@ bool MainWindow::saveScriptAs()
     HVPythonTextEdit* editor = activeEditor();
     if (!editor)
         return false;
-    const QString start = editor->filename().isEmpty() ? scriptFolder() : editor->filename();
-    QString path = QFileDialog::getSaveFileName(this, tr("Save Script As"), start, scriptFilter());
-    if (path.isEmpty())
-        return false;
-    if (QFileInfo(path).suffix().isEmpty())
-        path += QStringLiteral(".py");
-    return saveUnder(*editor, path);
+    const QString path = m_scripts->chooseScriptToSave(this, tr("Save Script As"), editor->filename());
+    return !path.isEmpty() && saveUnder(*editor, path);
 }
 
 bool MainWindow::saveUnder(HVPythonTextEdit& editor, const QString& path)
@@ -240,7 +232,6 @@ bool MainWindow::saveUnder(HVPythonTextEdit& editor, const QString& path)
         editor.setFilename(before);
         return false;
     }
-    addRecentScript(path);
     statusBar()->showMessage(tr("Saved %1").arg(path), g_messageMilliseconds);
     return true;
 }

@@ -4,6 +4,8 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 class HVMessageWindow;
 class HVProjectBrowser;
 class HVProjectService;
@@ -16,6 +18,7 @@ namespace workbench {
 
 class MainMenus;
 class RunIndicator;
+class ScriptFiles;
 
 /// The application's main window: a tabbed document area, the message window in a dock, menus, tool bar and status
 /// bar. Cheap to make, since programs without a screen make one as well; what only a person sees comes with
@@ -31,6 +34,7 @@ public:
     QMdiArea* workspace() const { return m_workspace; }
     /// The open project and its owner.
     HVProjectService* projects() const { return m_projects; }
+    const ScriptFiles& scriptFiles() const { return *m_scripts; }
     HVMessageWindow* messageWindow() const { return m_messages; }
     QDockWidget* messageDock() const { return m_messageDock; }
     HVProjectBrowser* projectBrowser() const { return m_browser; }
@@ -78,6 +82,7 @@ private:
     bool saveUnder(HVPythonTextEdit& editor, const QString& path);
 
     HVProjectService* m_projects;
+    std::unique_ptr<ScriptFiles> m_scripts;
     QMdiArea* m_workspace;
     HVMessageWindow* m_messages;
     QDockWidget* m_messageDock;

@@ -2,24 +2,73 @@
 
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/RecentScripts.h"
+#include "host/data/HVProjectService.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
 
 namespace workbench {
 
+ScriptFiles::ScriptFiles(const HVProjectService& projects) : m_projects(projects)
+{
+    setCurrent(this);
+}
+
+ScriptFiles::~ScriptFiles()
+{
+    if (current() == this)
+        setCurrent(nullptr);
+}
+
+QString ScriptFiles::filter()
+{
+    return MainWindow::tr("Python scripts (*.py);;All files (*)");
+}
+
+QString ScriptFiles::folder() const
+{
+    if (const HVProject* project = m_projects.project())
+        if (const QString own = project->folder(ObjectKind::PythonScript); QFileInfo(own).isDir())
+            return own;
+    return scriptFolder();
+}
+
+QStringList ScriptFiles::projectScripts() const
+{
+    const HVProject* project = m_projects.project();
+    return project ? project->objects(ObjectKind::PythonScript) : QStringList();
+}
+
+QString ScriptFiles::chooseScriptToSave(QWidget* parent, const QString& title, const QString& path) const
+{
+    QString start = path;
+    if (HVProject* project = m_projects.project(); project && start.isEmpty())
+        start = project->newFilename(ObjectKind::PythonScript, objectKindInfo(ObjectKind::PythonScript).singular);
+    if (start.isEmpty())
+        start = folder();
+    QString chosen = QFileDialog::getSaveFileName(parent, title, start, filter());
+    if (!chosen.isEmpty() && QFileInfo(chosen).suffix().isEmpty())
+        chosen += QStringLiteral(".py");
+    return chosen;
+}
+
 QString ScriptFiles::chooseScriptToSave(QWidget* parent)
 {
-    QString path = QFileDialog::getSaveFileName(parent, MainWindow::tr("Save Script"), scriptFolder(),
-                                                MainWindow::tr("Python scripts (*.py);;All files (*)"));
-    if (!path.isEmpty() && QFileInfo(path).suffix().isEmpty())
-        path += QStringLiteral(".py");
-    return path;
+    return chooseScriptToSave(parent, MainWindow::tr("Save Script"), QString());
 }
 
 void ScriptFiles::registerScript(const QString& path)
 {
     addRecentScript(path);
+    HVProject* project = m_projects.project();
+    if (project && project->kindOf(path) == ObjectKind::PythonScript)
+        project->refresh(ObjectKind::PythonScript);
+}
+
+void ScriptFiles::scriptListChanged()
+{
+    if (HVProject* project = m_projects.project())
+        project->refresh(ObjectKind::PythonScript);
 }
 
 } // namespace workbench

@@ -7,7 +7,6 @@
 #include "app/workbench/OpenScripts.h"
 #include "app/workbench/PluginMenu.h"
 #include "app/workbench/RunIndicator.h"
-#include "app/workbench/ScriptFiles.h"
 #include "app/workbench/ScriptName.h"
 #include "app/workbench/Theme.h"
 #include "editor/CompletionEngine.h"
@@ -111,7 +110,6 @@ int run(int& argc, char** argv)
         return refuseToStart(missing);
 
     applyTheme(storedTheme());
-    const ScriptFiles scriptFiles;
     MainWindow window;
     AppWrapper app(window);
     int status = g_statusLeft;

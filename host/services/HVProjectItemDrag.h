@@ -10,11 +10,8 @@ class QMimeData;
 /// with its kind and its file in the two roles below.
 namespace hv {
 
-constexpr int g_objectTypeRole = Qt::UserRole + 1; ///< int, the host's object-type code
+constexpr int g_objectTypeRole = Qt::UserRole + 1; ///< int, the ObjectKind
 constexpr int g_objectPathRole = Qt::UserRole + 2; ///< QString, absolute path of the object's file
-
-/// The object-type code of Python scripts, a kind that the scripting module does not list.
-constexpr int g_pythonScriptType = 97;
 
 struct ProjectItem
 {

@@ -109,9 +109,9 @@ QVariant HVProjectModel::data(const QModelIndex& index, int role) const
     const bool isObject = row->type == Type::Object;
     if (role == KeyRole)
         return row->key();
-    if (isObject && role == ObjectTypeRole)
+    if (isObject && role == hv::g_objectTypeRole)
         return static_cast<int>(row->kind);
-    if (isObject && role == ObjectPathRole)
+    if (isObject && role == hv::g_objectPathRole)
         return row->path;
     if (index.column() == 1) {
         if (role == Qt::DisplayRole && !isObject)
@@ -155,7 +155,7 @@ QMap<int, QVariant> HVProjectModel::itemData(const QModelIndex& index) const
 {
     // Qt's own takes the roles below Qt::UserRole only; a drag carries what stands here.
     QMap<int, QVariant> roles;
-    for (const int role : {int(Qt::DisplayRole), int(ObjectTypeRole), int(ObjectPathRole)})
+    for (const int role : {int(Qt::DisplayRole), hv::g_objectTypeRole, hv::g_objectPathRole})
         if (const QVariant value = data(index, role); value.isValid())
             roles.insert(role, value);
     return roles;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/services/HVProjectItemDrag.h"
 #include "host/widgets/ProjectTree.h"
 
 #include <QAbstractItemModel>
@@ -17,7 +18,7 @@
 /// Ten thousand rows take some ten milliseconds and no widgets. Changes are collected for a moment, then the kinds that
 /// changed are listed anew and the model is reset; ProjectNode::key() tells rows before and after apart.
 ///
-/// Dragged objects travel as the rows of an item model, with the two roles below, and as the addresses of their files.
+/// Dragged objects travel as the rows of an item model, see HVProjectItemDrag.h, and as the addresses of their files.
 /// Objects dropped on a directory or kind of their own are filed there. Renaming goes by Qt::EditRole.
 class HVProjectModel : public QAbstractItemModel
 {
@@ -26,9 +27,7 @@ class HVProjectModel : public QAbstractItemModel
 public:
     enum Roles
     {
-        ObjectTypeRole = Qt::UserRole + 1, ///< int, the kind's number; of objects only
-        ObjectPathRole = Qt::UserRole + 2, ///< QString, absolute path of the file; of objects only
-        KeyRole,                           ///< QString, see ProjectNode::key()
+        KeyRole = hv::g_objectPathRole + 1, ///< QString, see ProjectNode::key()
     };
 
     explicit HVProjectModel(QObject* parent = nullptr);

@@ -1,6 +1,7 @@
 // The editor and its file: saving, failures, other programs, drops, sessions, crashes.
 #include "editor/NoticeBar.h"
 #include "editor/RecoveryCopy.h"
+#include "host/data/ObjectKind.h"
 #include "host/services/HVProjectItemDrag.h"
 #include "host/services/HVUserData.h"
 #include "host/services/IScriptProject.h"
@@ -205,8 +206,8 @@ TEST_F(Files, dropsBringTextOrScripts)
         return std::unique_ptr<QMimeData>(project.mimeData(rows));
     };
     EXPECT_FALSE(drop(*items(29, 1)));
-    EXPECT_FALSE(drop(*items(hv::g_pythonScriptType, 2)));
-    EXPECT_TRUE(drop(*items(hv::g_pythonScriptType, 1)));
+    EXPECT_FALSE(drop(*items(int(ObjectKind::PythonScript), 2)));
+    EXPECT_TRUE(drop(*items(int(ObjectKind::PythonScript), 1)));
     EXPECT_EQ(text(), "own\n");
     QMimeData words;
     words.setText(QStringLiteral("word"));

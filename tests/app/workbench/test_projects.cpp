@@ -1,20 +1,28 @@
 // Projects in the workbench: menu, title, recent ones, the dialog for a new one.
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/NewProjectDialog.h"
+#include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
 #include "host/widgets/HVProjectBrowser.h"
+#include "host/widgets/HVProjectModel.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QDropEvent>
 #include <QFile>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 
@@ -58,6 +66,67 @@ TEST(Projects, menuTitleAndRecentOnes)
     QDir(folder.filePath("North & Sea")).removeRecursively();
     recent->actions().first()->trigger();
     EXPECT_TRUE(HVProjectService::recentProjects().isEmpty()) << "what is gone leaves the list";
+}
+
+TEST(Projects, scriptsBelongToTheOpenProject)
+{
+    const QTemporaryDir folder;
+    ASSERT_TRUE(HVProject::create(folder.filePath("Field"), QString(), nullptr));
+    MainWindow window;
+    QMenu* scripts = fileAction(window, "Project Scripts")->menu();
+    const auto shown = [&] {
+        Q_EMIT scripts->aboutToShow();
+        QStringList texts;
+        for (const QAction* action : scripts->actions())
+            texts << action->text();
+        return texts.join('|').toStdString();
+    };
+    EXPECT_EQ(shown(), "No project is open");
+    ASSERT_TRUE(window.openProject(folder.filePath("Field")));
+    EXPECT_EQ(shown(), "The project has no scripts yet");
+    window.show();
+
+    // A new script is offered a place and a name in the project.
+    HVProject& project = *window.projects()->project();
+    const QString path = project.filename(ObjectKind::PythonScript, "Script");
+    QSignalSpy changes(&project, &HVProject::objectsChanged);
+    HVPythonTextEdit* editor = window.newScript();
+    editor->setPlainText("x = 1\n");
+    QTimer answers;
+    QObject::connect(&answers, &QTimer::timeout, [] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (auto* overwrite = qobject_cast<QMessageBox*>(dialog))
+            overwrite->button(QMessageBox::Yes)->click();
+        else if (dialog)
+            QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
+    });
+    answers.start(10);
+    EXPECT_TRUE(window.saveScript());
+    EXPECT_EQ(editor->filename(), path);
+    EXPECT_EQ(shown(), "&1  Script.py");
+    EXPECT_GE(changes.count(), 1) << "the browser lists the scripts anew";
+    editor->setPlainText("x = 2\n");
+    EXPECT_TRUE(window.saveScriptAs()) << "beginning at its own name";
+    answers.stop();
+
+    // Dragged from the browser into another editor it is loaded as itself.
+    HVPythonTextEdit* other = window.newScript();
+    HVProjectModel model;
+    model.setProject(&project);
+    const QModelIndexList rows =
+        model.match(model.index(0, 0), hv::g_objectPathRole, path, 1, Qt::MatchExactly | Qt::MatchRecursive);
+    ASSERT_EQ(rows.size(), 1);
+    const std::unique_ptr<QMimeData> dragged(model.mimeData(rows));
+    QDragEnterEvent enter({50, 50}, Qt::CopyAction, dragged.get(), Qt::LeftButton, {});
+    QCoreApplication::sendEvent(other->viewport(), &enter);
+    QDropEvent drop({50, 50}, Qt::CopyAction, dragged.get(), Qt::LeftButton, {});
+    QCoreApplication::sendEvent(other->viewport(), &drop);
+    EXPECT_EQ(other->filename(), path);
+    EXPECT_EQ(other->plainText(), "x = 2\n");
+    EXPECT_FALSE(other->document()->isModified());
+
+    window.projects()->close();
+    EXPECT_EQ(shown(), "No project is open");
 }
 
 TEST(Projects, theDialogOffersOnlyWhatCanBeMade)
