@@ -37,8 +37,14 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindInputEnumerations();
     python::bindWidgetEnumerations();
     python::bindDrawingEnumerations();
+    python::bindPoint();
+    python::bindPointF();
+    python::bindSize();
+    python::bindRectangle();
     python::bindColor();
     python::bindPen();
+    python::bindFont();
+    python::bindMimeData();
     python::bindObject();
     python::bindEvents();
     python::bindWidget();

@@ -1,0 +1,73 @@
+#include "module/gui/ColorArgument.h"
+
+#include "module/data/ColorTuple.h"
+#include "runtime/Errors.h"
+
+#include <boost/python.hpp>
+
+namespace bp = boost::python;
+
+namespace python {
+
+namespace {
+
+bool isTuple(PyObject* object)
+{
+    if (!PyTuple_Check(object) && !PyList_Check(object))
+        return false;
+    const Py_ssize_t count = PySequence_Fast_GET_SIZE(object);
+    return count == 3 || count == 4;
+}
+
+QColor namedColor(const bp::object& name)
+{
+    const QString text = requireStr(name, "Color, expected 'str' but got '%s'");
+    const QColor color = text.isEmpty() || !QColor::isValidColor(text) ? QColor() : QColor(text);
+    if (!color.isValid())
+        raise(PyExc_ValueError, "Color, there is no colour named %R", name.ptr());
+    return color;
+}
+
+QColor predefinedColor(Qt::GlobalColor color)
+{
+    // A number that is no colour can be dressed up as one: Colors(99).
+    if (color < Qt::black || color > Qt::transparent)
+        raise(PyExc_ValueError, "Color, there is no predefined colour %d", static_cast<int>(color));
+    return {color};
+}
+
+/// For the binding layer, which asks first and converts later. A Color itself is none of its business.
+void* isConvertible(PyObject* object)
+{
+    const bool known = isStr(object) || isTuple(object) || bp::extract<Qt::GlobalColor>(object).check();
+    return known ? object : nullptr;
+}
+
+void convert(PyObject* object, bp::converter::rvalue_from_python_stage1_data* data)
+{
+    const QColor color = colorArgument(bp::object(bp::handle<>(bp::borrowed(object))), "expected 'Color', not '%s'");
+    void* storage = reinterpret_cast<bp::converter::rvalue_from_python_storage<QColor>*>(data)->storage.bytes;
+    data->convertible = new (storage) QColor(color);
+}
+
+} // namespace
+
+QColor colorArgument(const bp::object& argument, const char* format)
+{
+    if (const bp::extract<QColor&> color(argument); color.check())
+        return color();
+    if (isStr(argument.ptr()))
+        return namedColor(argument);
+    if (const bp::extract<Qt::GlobalColor> color(argument); color.check())
+        return predefinedColor(color());
+    if (isTuple(argument.ptr()))
+        return QColor::fromRgba(colorFromTuple("Color", argument));
+    raise(PyExc_TypeError, format, typeName(argument));
+}
+
+void registerColorArguments()
+{
+    bp::converter::registry::push_back(isConvertible, convert, bp::type_id<QColor>());
+}
+
+} // namespace python
