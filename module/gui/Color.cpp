@@ -62,10 +62,10 @@ struct ColorState : bp::pickle_suite
     }
     static void setstate(const bp::object& self, const bp::tuple& state)
     {
-        const auto component = [&](int index) { return bp::extract<quint16>(state[index])(); };
+        const auto component = [&](int index) { return bp::extract<quint16>(bp::object(state[index]))(); };
         QColor& color = bp::extract<QColor&>(self);
         color = QColor::fromRgba64(component(0), component(1), component(2), component(3));
-        self.attr("__dict__").attr("update")(state[4]);
+        self.attr("__dict__").attr("update")(bp::object(state[4]));
     }
     static bool getstate_manages_dict() { return true; }
 };

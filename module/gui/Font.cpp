@@ -86,7 +86,7 @@ struct FontState : bp::pickle_suite
             raise(PyExc_ValueError, "Font.__setstate__(), expected a description of a font");
         QFont& restored = bp::extract<QFont&>(self);
         restored = font;
-        self.attr("__dict__").attr("update")(state[1]);
+        self.attr("__dict__").attr("update")(bp::object(state[1]));
     }
     static bool getstate_manages_dict() { return true; }
 };

@@ -17,15 +17,21 @@ namespace {
 
 constexpr const char* g_notText = "Icon, expected 'str' but got '%s' instead";
 
-std::shared_ptr<IconHandle> makeIcon(const bp::object& path)
+/// Each message holds one "%s" for the file. A folder counts as a file that cannot be read.
+std::shared_ptr<IconHandle> iconFromFile(const QString& file, const char* missing, const char* unreadable)
 {
-    const QString file = requireStr(path, g_notText);
     const QFileInfo info(file);
     if (!info.exists())
-        raise(PyExc_FileNotFoundError, "Icon, file '%s' does not exist", file.toUtf8().constData());
-    if (!info.isReadable())
-        raise(PyExc_PermissionError, "Icon, file '%s' is not readable", file.toUtf8().constData());
+        raise(PyExc_FileNotFoundError, missing, file.toUtf8().constData());
+    if (!info.isFile() || !info.isReadable())
+        raise(PyExc_PermissionError, unreadable, file.toUtf8().constData());
     return std::make_shared<IconHandle>(IconHandle{QIcon(file)});
+}
+
+std::shared_ptr<IconHandle> makeIcon(const bp::object& path)
+{
+    return iconFromFile(requireStr(path, g_notText), "Icon, file '%s' does not exist",
+                        "Icon, file '%s' is not readable");
 }
 
 bp::object pluginIcon(const bp::object& path)
@@ -34,14 +40,8 @@ bp::object pluginIcon(const bp::object& path)
     if (folder.isEmpty())
         return {};
     const QString file = QDir::toNativeSeparators(folder + QDir::separator() + requireStr(path, g_notText));
-    const QFileInfo info(file);
-    if (!info.exists())
-        raise(PyExc_FileNotFoundError, "Icon.getPluginIcon(), plugin icon file does not exist: %s",
-              file.toUtf8().constData());
-    if (!info.isReadable())
-        raise(PyExc_PermissionError, "Icon.getPluginIcon(), unable to read plugin file %s, no read access",
-              file.toUtf8().constData());
-    return bp::object(std::make_shared<IconHandle>(IconHandle{QIcon(file)}));
+    return bp::object(iconFromFile(file, "Icon.getPluginIcon(), plugin icon file does not exist: %s",
+                                   "Icon.getPluginIcon(), unable to read plugin file %s, no read access"));
 }
 
 std::shared_ptr<IconHandle> builtinIcon(const bp::object& name)
@@ -64,8 +64,7 @@ void bindIcon()
              "FileNotFoundError, PermissionError.")
         .def("getPluginIcon", pluginIcon, bp::args("path"),
              "getPluginIcon(path: str) -> Icon | None\n\nThe icon in a file of the calling plug-in's folder; None "
-             "outside "
-             "a plug-in.\n\nRaises TypeError, FileNotFoundError, PermissionError.")
+             "outside a plug-in.\n\nRaises TypeError, FileNotFoundError, PermissionError.")
         .staticmethod("getPluginIcon")
         .def("getBuiltinIcon", builtinIcon, bp::args("name"),
              "getBuiltinIcon(name: str) -> Icon\n\nAn icon of the application by its name.\n\nRaises TypeError, and "

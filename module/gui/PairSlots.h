@@ -57,8 +57,12 @@ public:
                 "__getitem__(index: int) -> #\n\nThe first (0) or second (1) number; a @ can be unpacked. Raises "
                 "IndexError.");
         installSequence(type, length, sequenceItem);
-        install("__add__", combine<std::plus<>>, "__add__(other: @) -> @\n\nThe sum. Raises OverflowError.");
-        install("__sub__", combine<std::minus<>>, "__sub__(other: @) -> @\n\nThe difference. Raises OverflowError.");
+        install("__add__", combine<std::plus<>>,
+                s_isWhole ? "__add__(other: @) -> @\n\nThe sum. Raises OverflowError."
+                          : "__add__(other: @) -> @\n\nThe sum.");
+        install("__sub__", combine<std::minus<>>,
+                s_isWhole ? "__sub__(other: @) -> @\n\nThe difference. Raises OverflowError."
+                          : "__sub__(other: @) -> @\n\nThe difference.");
         install("__mul__", multiply,
                 s_isWhole
                     ? "__mul__(factor: float) -> @\n\nScaled and rounded to the nearest whole numbers, halves up. "

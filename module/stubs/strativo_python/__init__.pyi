@@ -1090,10 +1090,174 @@ class ImageConversion(int):
     NoOpaqueDetection: ImageConversion  # 256
     NoFormatConversion: ImageConversion  # 512
 
+class Point:
+    """A position in pixels, from the top left corner of a widget or of the screen. Wherever a Point is wanted a pair of
+    ints can stand as well: (x, y). x, y = point unpacks it.
+    """
+    @overload
+    def __init__(self, x: int = 0, y: int = 0) -> None:
+        """Raises TypeError, and OverflowError beyond 32 bits."""
+    @overload
+    def __init__(self, other: Point | tuple[int, int]) -> None: ...
+    def __repr__(self) -> str: ...
+    def __eq__(self, other: object) -> bool: ...
+    def __ne__(self, other: object) -> bool: ...
+    def __getitem__(self, index: int) -> int:
+        """The first (0) or second (1) number; a Point can be unpacked. Raises IndexError."""
+    def __add__(self, other: Point) -> Point:
+        """The sum. Raises OverflowError."""
+    def __sub__(self, other: Point) -> Point:
+        """The difference. Raises OverflowError."""
+    def __mul__(self, factor: float) -> Point:
+        """Scaled and rounded to the nearest whole numbers, halves up. Raises OverflowError."""
+    def __rmul__(self, factor: float) -> Point:
+        """Scaled, as with the factor on the right."""
+    def __truediv__(self, divisor: float) -> Point:
+        """Divided and rounded to the nearest whole numbers, halves up. Raises ZeroDivisionError, OverflowError."""
+    def __neg__(self) -> Point:
+        """The opposite."""
+    @property
+    def x(self) -> int:
+        """Pixels to the right."""
+    @x.setter
+    def x(self, value: int) -> None: ...
+    @property
+    def y(self) -> int:
+        """Pixels down."""
+    @y.setter
+    def y(self, value: int) -> None: ...
+
+class PointF:
+    """A position in pixels with fractions. Wherever a PointF is wanted a Point or a pair of numbers can stand as well.
+    x, y = point unpacks it. Equality is exact.
+    """
+    @overload
+    def __init__(self, x: float = 0, y: float = 0) -> None:
+        """Raises TypeError."""
+    @overload
+    def __init__(self, other: PointF | Point | tuple[float, float]) -> None: ...
+    def __repr__(self) -> str: ...
+    def __eq__(self, other: object) -> bool: ...
+    def __ne__(self, other: object) -> bool: ...
+    def __getitem__(self, index: int) -> float:
+        """The first (0) or second (1) number; a PointF can be unpacked. Raises IndexError."""
+    def __add__(self, other: PointF) -> PointF:
+        """The sum."""
+    def __sub__(self, other: PointF) -> PointF:
+        """The difference."""
+    def __mul__(self, factor: float) -> PointF:
+        """Scaled."""
+    def __rmul__(self, factor: float) -> PointF:
+        """Scaled, as with the factor on the right."""
+    def __truediv__(self, divisor: float) -> PointF:
+        """Divided. Raises ZeroDivisionError."""
+    def __neg__(self) -> PointF:
+        """The opposite."""
+    @property
+    def x(self) -> float:
+        """Pixels to the right."""
+    @x.setter
+    def x(self, value: float) -> None: ...
+    @property
+    def y(self) -> float:
+        """Pixels down."""
+    @y.setter
+    def y(self, value: float) -> None: ...
+
+class Size:
+    """A width and a height in pixels. Wherever a Size is wanted a pair of ints can stand as well: (width, height).
+    width, height = size unpacks it.
+    """
+    @overload
+    def __init__(self, width: int = 0, height: int = 0) -> None:
+        """Raises TypeError, and OverflowError beyond 32 bits."""
+    @overload
+    def __init__(self, other: Size | tuple[int, int]) -> None: ...
+    def __repr__(self) -> str: ...
+    def __eq__(self, other: object) -> bool: ...
+    def __ne__(self, other: object) -> bool: ...
+    def __getitem__(self, index: int) -> int:
+        """The first (0) or second (1) number; a Size can be unpacked. Raises IndexError."""
+    def __add__(self, other: Size) -> Size:
+        """The sum. Raises OverflowError."""
+    def __sub__(self, other: Size) -> Size:
+        """The difference. Raises OverflowError."""
+    def __mul__(self, factor: float) -> Size:
+        """Scaled and rounded to the nearest whole numbers, halves up. Raises OverflowError."""
+    def __rmul__(self, factor: float) -> Size:
+        """Scaled, as with the factor on the right."""
+    def __truediv__(self, divisor: float) -> Size:
+        """Divided and rounded to the nearest whole numbers, halves up. Raises ZeroDivisionError, OverflowError."""
+    def __neg__(self) -> Size:
+        """The opposite."""
+    @property
+    def width(self) -> int:
+        """Pixels from left to right."""
+    @width.setter
+    def width(self, value: int) -> None: ...
+    @property
+    def height(self) -> int:
+        """Pixels from top to bottom."""
+    @height.setter
+    def height(self, value: int) -> None: ...
+
+class Rectangle:
+    """A rectangle of whole pixels, given by its first pixel and its size. The last pixel is one less than the first
+    plus the size, and topRight and bottomLeft are pixels inside.
+    """
+    @overload
+    def __init__(self, x: int = 0, y: int = 0, width: int = 0, height: int = 0) -> None:
+        """Raises TypeError, and OverflowError when an edge or the size does not fit 32 bits."""
+    @overload
+    def __init__(self, topLeft: Point | tuple[int, int], size: Size | tuple[int, int]) -> None: ...
+    def __eq__(self, other: object) -> bool: ...
+    def __ne__(self, other: object) -> bool: ...
+    def __repr__(self) -> str: ...
+    def contains(self, point: Point | tuple[int, int]) -> bool:
+        """True when the pixel is one of the rectangle's. Raises TypeError."""
+    @property
+    def topLeft(self) -> Point:
+        """The first pixel. Setting it moves the left and the top edge."""
+    @topLeft.setter
+    def topLeft(self, value: Point) -> None: ...
+    @property
+    def topRight(self) -> Point:
+        """The last pixel of the first row, at topLeft.x + width - 1. Setting it moves the right and the top edge."""
+    @topRight.setter
+    def topRight(self, value: Point) -> None: ...
+    @property
+    def bottomLeft(self) -> Point:
+        """The first pixel of the last row, at topLeft.y + height - 1. Setting it moves the left and the bottom edge."""
+    @bottomLeft.setter
+    def bottomLeft(self, value: Point) -> None: ...
+    @property
+    def width(self) -> int:
+        """The number of pixels in a row. Setting it moves the right edge."""
+    @width.setter
+    def width(self, value: int) -> None: ...
+    @property
+    def height(self) -> int:
+        """The number of rows. Setting it moves the bottom edge."""
+    @height.setter
+    def height(self, value: int) -> None: ...
+    @property
+    def size(self) -> Size:
+        """Width and height. Setting it moves the right and the bottom edge."""
+    @size.setter
+    def size(self, value: Size) -> None: ...
+
 class Color:
-    """A colour; alpha 255 is opaque."""
+    """A colour; alpha 255 is opaque. Wherever a Color is wanted there can stand as well one of Colors, a name
+    ("#ff8000", "steelblue"), or a tuple (red, green, blue) or (red, green, blue, alpha).
+    """
+    @overload
     def __init__(self, red: int = 0, green: int = 0, blue: int = 0, alpha: int = 255) -> None:
         """Raises ValueError for a component outside 0 to 255."""
+    @overload
+    def __init__(self, color: Color | Colors | str | tuple[int, ...]) -> None:
+        """The same colour. A name is "#rgb", "#rrggbb", "#aarrggbb" or one of SVG's. Raises ValueError for a name that
+        is no colour.
+        """
     @property
     def red(self) -> int:
         """Red, 0 to 255."""
@@ -1134,11 +1298,15 @@ class Color:
         """Opacity, 0 (clear) to 1 (opaque)."""
     @alphaF.setter
     def alphaF(self, value: float) -> None: ...
+    @property
+    def name(self) -> str:
+        """"#rrggbb", or "#aarrggbb" when it is not opaque. Read-only."""
+    def __repr__(self) -> str: ...
 
 class Pen:
     """A line style."""
-    def __init__(self) -> None:
-        """A solid black line of one pixel."""
+    def __init__(self, color: Color = Color(0, 0, 0), width: float = 1, style: PenStyle = PenStyle.SolidLine) -> None:
+        """Raises ValueError for a width outside 0 to 1000."""
     @property
     def style(self) -> PenStyle:
         """How the line is drawn."""
@@ -1154,6 +1322,88 @@ class Pen:
         """Width in pixels; 0 is the thinnest line that the display has."""
     @width.setter
     def width(self, value: float) -> None: ...
+    def __repr__(self) -> str: ...
+
+class Font:
+    """A font of texts. A family that is not installed is replaced by the most similar one."""
+    def __init__(self, family: str = '', pointSize: float | None = None, bold: bool = False, italic: bool = False, underline: bool = False) -> None:
+        """Without a family or a size, that of the application's font. Raises ValueError for a size of 0 or less."""
+    @property
+    def family(self) -> str:
+        """The name of the family, as asked for."""
+    @family.setter
+    def family(self, value: str) -> None: ...
+    @property
+    def pointSize(self) -> int:
+        """The size in points, rounded; -1 when it is given in pixels."""
+    @pointSize.setter
+    def pointSize(self, value: int) -> None: ...
+    @property
+    def pointSizeF(self) -> float:
+        """The size in points; -1 when it is given in pixels."""
+    @pointSizeF.setter
+    def pointSizeF(self, value: float) -> None: ...
+    @property
+    def pixelSize(self) -> int:
+        """The size in pixels; -1 when it is given in points."""
+    @pixelSize.setter
+    def pixelSize(self, value: int) -> None: ...
+    @property
+    def bold(self) -> bool:
+        """Heavier than normal. Setting it sets weight."""
+    @bold.setter
+    def bold(self, value: bool) -> None: ...
+    @property
+    def italic(self) -> bool:
+        """Slanted."""
+    @italic.setter
+    def italic(self, value: bool) -> None: ...
+    @property
+    def underline(self) -> bool:
+        """Underlined."""
+    @underline.setter
+    def underline(self, value: bool) -> None: ...
+    @property
+    def strikeOut(self) -> bool:
+        """Struck through."""
+    @strikeOut.setter
+    def strikeOut(self, value: bool) -> None: ...
+    @property
+    def weight(self) -> int:
+        """How heavy, 0 to 99: 25 light, 50 normal, 63 demi-bold, 75 bold, 87 black."""
+    @weight.setter
+    def weight(self, value: int) -> None: ...
+    def __repr__(self) -> str: ...
+
+class MimeData:
+    """What is dragged: text, or objects of the project browser. A copy, which stays as it is when the drag is over."""
+    def __init__(self) -> None:
+        """Nothing."""
+    @property
+    def text(self) -> str:
+        """The plain text, or the addresses of dragged files; empty when there is none."""
+    @text.setter
+    def text(self, value: str) -> None: ...
+    @property
+    def html(self) -> str:
+        """The text with its formatting, as HTML; empty when there is none."""
+    @html.setter
+    def html(self, value: str) -> None: ...
+    @property
+    def hasText(self) -> bool:
+        """True when there is plain text. Read-only."""
+    @property
+    def hasHtml(self) -> bool:
+        """True when there is HTML. Read-only."""
+    @property
+    def hasObjects(self) -> bool:
+        """True when objects of the project are dragged. Read-only."""
+    @property
+    def objectFilenames(self) -> list[str]:
+        """The files of the dragged objects, absolute paths. Read-only."""
+    @property
+    def objectIds(self) -> list[ObjectId]:
+        """The kinds of the dragged objects, in the order of objectFilenames. Read-only."""
 
 class _QObject:
     """What menus, commands and windows have in common."""
