@@ -55,6 +55,15 @@ void bindDialog();
 void bindMenu();
 void bindMenuBar();
 void bindToolBar();
+void bindLayout();
+void bindBoxLayout();
+void bindGridLayout();
+void bindFormLayout();
+void bindScrollArea();
+void bindStackedWidget();
+void bindTabWidget();
+void bindSplitter();
+void bindGroupBox();
 void bindSubWindow();
 void bindMainWindow();
 

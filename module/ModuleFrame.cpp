@@ -70,6 +70,15 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindMenu();
     python::bindMenuBar();
     python::bindToolBar();
+    python::bindLayout();
+    python::bindBoxLayout();
+    python::bindGridLayout();
+    python::bindFormLayout();
+    python::bindScrollArea();
+    python::bindStackedWidget();
+    python::bindTabWidget();
+    python::bindSplitter();
+    python::bindGroupBox();
     python::bindSubWindow();
     python::bindMainWindow();
 

@@ -1,7 +1,7 @@
 #include "module/gui/Collection.h"
 
 #include "module/gui/HandleInstance.h"
-#include "module/gui/WidgetPeer.h"
+#include "module/gui/ObjectPeer.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -12,8 +12,8 @@ namespace {
 
 using Instance = boost::python::objects::instance<>;
 
-/// Calls `see` for every reference that is held below `root`, down to the widgets that have Python objects of their
-/// own and answer for themselves.
+/// Calls `see` for every reference that is held below `root`, down to the widgets and layouts that have Python objects
+/// of their own and answer for themselves.
 template <typename See>
 void seeReferences(const QObject& root, const See& see)
 {
@@ -21,7 +21,7 @@ void seeReferences(const QObject& root, const See& see)
         if (auto* held = dynamic_cast<HeldReference*>(child)) {
             see(held->reference());
         } else {
-            const auto* peer = child->isWidgetType() ? dynamic_cast<WidgetPeer*>(child) : nullptr;
+            const auto* peer = dynamic_cast<ObjectPeer*>(child);
             if (peer && peer->self())
                 see(*peer);
             else
@@ -50,7 +50,7 @@ int traverse(PyObject* self, visitproc visit, void* arg)
     struct See
     {
         void operator()(const SharedReference& reference) const { visitOne(reference.get()); }
-        void operator()(const WidgetPeer& peer) const { visitOne(peer.kept()); }
+        void operator()(const ObjectPeer& peer) const { visitOne(peer.kept()); }
         void visitOne(PyObject* object) const
         {
             if (object && *result == 0)
@@ -73,7 +73,7 @@ int clear(PyObject* self)
         struct See
         {
             void operator()(const SharedReference& reference) const { found->push_back(reference); }
-            void operator()(const WidgetPeer& /*peer*/) const {} // goes with the widget
+            void operator()(const ObjectPeer& /*peer*/) const {} // goes with its object
             std::vector<SharedReference>* found;
         };
         seeReferences(*root, See{&found});

@@ -14,8 +14,8 @@ namespace {
 
 /// In the order in which they are set, after all others: what others bound, then what makes the widget known outside,
 /// so that a wrong argument leaves nothing behind.
-constexpr std::array<const char*, 6> g_lastProperties = {"value",       "checked",      "currentIndex",
-                                                         "currentText", "parentWidget", "visible"};
+constexpr std::array<const char*, 7> g_lastProperties = {"value",  "checked",      "currentIndex", "currentText",
+                                                         "layout", "parentWidget", "visible"};
 
 struct Setting
 {
@@ -77,11 +77,16 @@ void applyArguments(PyObject* self, PyTypeObject* type, const ConstructorArgumen
             raisePending();
 }
 
-void adoptWidget(PyObject* self, PyTypeObject* type, const std::shared_ptr<WidgetHandle>& handle, WidgetPeer& peer)
+void adopt(PyObject* self, const std::shared_ptr<OwningHandle>& handle, ObjectPeer& peer)
 {
-    handle->setPeer(peer); // from here on the handle destroys the widget
+    handle->setPeer(peer); // from here on the handle destroys the object
     installHandle(self, handle);
     peer.attach(*handle, self);
+}
+
+void adoptWidget(PyObject* self, PyTypeObject* type, const std::shared_ptr<WidgetHandle>& handle, WidgetPeer& peer)
+{
+    adopt(self, handle, peer);
     if (Py_TYPE(self) != type)
         peer.allowOverrides();
 }

@@ -27,7 +27,10 @@ using ConstructorArguments = std::initializer_list<ConstructorArgument>;
 void applyArguments(PyObject* self, PyTypeObject* type, const ConstructorArguments& names, PyObject* arguments,
                     PyObject* keywords);
 
-/// Joins a new widget with the Python object whose __init__ makes it. `type` is the public class.
+/// Joins a new object with the Python object whose __init__ makes it.
+void adopt(PyObject* self, const std::shared_ptr<OwningHandle>& handle, ObjectPeer& peer);
+
+/// The same for a widget. `type` is the public class.
 void adoptWidget(PyObject* self, PyTypeObject* type, const std::shared_ptr<WidgetHandle>& handle, WidgetPeer& peer);
 
 /// Lets scripts create and derive from a public class: `Py` is its wrapper class, `documentation` (static storage)

@@ -19,7 +19,7 @@ bp::object refuse(const bp::tuple& /*arguments*/, const bp::dict& /*keywords*/)
     raise(PyExc_RuntimeError, g_illegal);
 }
 
-bp::object noParent(QWidget& /*window*/)
+bp::object nothing(QWidget& /*window*/)
 {
     return {};
 }
@@ -32,7 +32,8 @@ void refuseValue(QWidget& /*window*/, const bp::object& /*value*/)
 PyGetSetDef g_properties[] = {
     property<&QWidget::isVisible, refuseValue>("visible", "bool: Whether it is shown. Read-only."),
     property<&QWidget::isEnabled, refuseValue>("enabled", "bool: Whether it can be used. Read-only."),
-    property<noParent, refuseValue>("parentWidget", "None: It is in no other widget. Read-only."),
+    property<nothing, refuseValue>("parentWidget", "None: It is in no other widget. Read-only."),
+    property<nothing, refuseValue>("layout", "None: The application arranges it. Read-only."),
 };
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "module/Bindings.h"
 #include "module/gui/Construction.h"
+#include "module/gui/LayoutParts.h"
+#include "module/gui/PartArgument.h"
 #include "module/gui/Property.h"
 #include "module/gui/Widgets.h"
 #include "runtime/Errors.h"
@@ -41,13 +43,26 @@ void setParentWidget(QWidget& self, const bp::object& value)
             raise(PyExc_TypeError, "Widget.parentWidget, expected 'Widget' but got '%s' instead", typeName(value));
         parent = &handle().widget();
     }
-    if (parent == &self || (parent && self.isAncestorOf(parent)))
-        raise(PyExc_ValueError, "Widget.parentWidget, a widget can not be inside itself");
+    if (parent == self.parentWidget())
+        return;
+    requireMovable(self, "Widget.parentWidget");
+    requireOutside(self, parent, "Widget.parentWidget");
+    handBack(&self);
     // Dialogs and menus stay windows of their own, above the parent.
     const Qt::WindowFlags kind = self.windowFlags() & Qt::WindowType_Mask;
     const bool staysWindow = kind == Qt::Dialog || kind == Qt::Popup;
-    if (parent != self.parentWidget())
+    if (parent)
         self.setParent(parent, staysWindow ? self.windowFlags() : self.windowFlags() & ~Qt::WindowType_Mask);
+}
+
+void setLayoutProperty(QWidget& self, const bp::object& value)
+{
+    setWidgetLayout(self, value, "Widget.layout");
+}
+
+void setLayout(const WidgetHandle& handle, const bp::object& layout)
+{
+    setWidgetLayout(handle.widget(), layout, "Widget.setLayout()");
 }
 
 PyGetSetDef g_properties[] = {
@@ -68,6 +83,8 @@ PyGetSetDef g_properties[] = {
                       "Qt's names."),
     property<parentWidget, setParentWidget>("parentWidget",
                                             "Widget | None: The widget that this one is in. It keeps this one alive."),
+    property<widgetLayout, setLayoutProperty>(
+        "layout", "Layout | None: What arranges the widgets in this one. It can be set once."),
     property<&QWidget::font, &QWidget::setFont>(
         "font", "Font: The font. Reading gives a copy; assign it to change the widget."),
     property<&QWidget::hasMouseTracking, &QWidget::setMouseTracking>(
@@ -169,6 +186,10 @@ void bindWidget()
         .def("hide", hide, bp::args("self"), "hide() -> None\n\nHides the widget.")
         .def("close", close, bp::args("self"),
              "close() -> bool\n\nCloses the window; False when it refused, for example over unsaved changes.")
+        .def("setLayout", setLayout, bp::args("self", "layout"),
+             "setLayout(layout: Layout) -> None\n\nLets the layout arrange this widget, which the widgets in it become "
+             "parts of.\n\nRaises TypeError for what is no layout, RuntimeError when there already is one, ValueError "
+             "for a layout that is in use.")
         .def(
             "move", move, (bp::arg("self"), bp::arg("x"), bp::arg("y") = bp::object()),
             "move(x: int | Point, y: int = None) -> None\n\nMoves the upper left corner, in pixels of the parent or of "

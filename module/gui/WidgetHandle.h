@@ -1,6 +1,6 @@
 #pragma once
 
-#include "module/gui/ObjectHandle.h"
+#include "module/gui/ObjectPeer.h"
 
 #include <QWidget>
 
@@ -8,25 +8,15 @@ namespace python {
 
 class WidgetPeer;
 
-/// A handle on any widget. What a script made is destroyed with it, as long as no parent owns it.
-class WidgetHandle : public ObjectHandle
+/// A handle on any widget.
+class WidgetHandle : public OwningHandle
 {
 public:
-    explicit WidgetHandle(QWidget* widget, const char* className = "Widget") : ObjectHandle(widget, className) {}
-    ~WidgetHandle() override;
+    explicit WidgetHandle(QWidget* widget, const char* className = "Widget") : OwningHandle(widget, className) {}
 
     QWidget& widget() const { return alive<QWidget>(); }
-
     /// Null for widgets that the application made.
-    WidgetPeer* peer() const { return m_peer; }
-    void setPeer(WidgetPeer& peer) { m_peer = &peer; }
-    /// The widget is being destroyed.
-    void forgetPeer();
-
-    bool isScriptMade() const override { return m_peer != nullptr; }
-
-private:
-    WidgetPeer* m_peer = nullptr;
+    WidgetPeer* peer() const;
 };
 
 } // namespace python

@@ -3,7 +3,6 @@
 #include "module/gui/Events.h"
 #include "module/gui/Guarded.h"
 #include "module/gui/HandleInstance.h"
-#include "module/gui/WidgetHandle.h"
 #include "runtime/ClassSlots.h"
 #include "runtime/Errors.h"
 #include "runtime/QtCall.h"
@@ -36,55 +35,28 @@ bool isOverridden(PyObject* self, const HandlerMethod& method)
 
 } // namespace
 
-void WidgetPeer::attach(WidgetHandle& handle, PyObject* self)
+WidgetPeer* WidgetHandle::peer() const
 {
-    m_handle = &handle;
-    m_self = self;
-    updateKeeping();
+    return static_cast<WidgetPeer*>(ownPeer());
 }
 
 void WidgetPeer::detach()
 {
     m_mayOverride = false;
-    m_handle = nullptr;
-    m_self = nullptr;
+    ObjectPeer::detach();
 }
 
-WidgetPeer::~WidgetPeer()
+bool WidgetPeer::isOwnedByQt()
 {
-    const LateGilLock lock;
-    if (!lock)
-        return;
-    const QtCall::Guard guard;
-    if (m_handle)
-        m_handle->forgetPeer();
-    detach();
-    Py_CLEAR(m_kept);
-}
-
-void WidgetPeer::updateKeeping()
-{
-    QWidget& self = widget();
-    const bool wanted = self.parentWidget() || (self.isWindow() && self.isVisible());
-    if (wanted == (m_kept != nullptr))
-        return;
-    const LateGilLock lock;
-    if (!lock)
-        return;
-    const QtCall::Guard guard; // Qt is in the middle of the change
-    if (wanted) {
-        Py_XINCREF(m_self);
-        m_kept = m_self;
-    } else {
-        Py_CLEAR(m_kept);
-    }
+    const QWidget& self = widget();
+    return self.parentWidget() || (self.isWindow() && self.isVisible());
 }
 
 bool WidgetPeer::callOverride(Handler handler, QEvent& event)
 {
     const QtCall scope(describe(handler).name);
     const HandlerMethod& method = methodOf(handler);
-    PyObject* self = m_self;
+    PyObject* self = this->self();
     if (!self || !isOverridden(self, method))
         return false;
     // The handler may let go of the last name of its own widget.

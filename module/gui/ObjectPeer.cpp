@@ -1,0 +1,73 @@
+#include "module/gui/ObjectPeer.h"
+
+#include "runtime/QtCall.h"
+
+#include <QThread>
+
+namespace python {
+
+OwningHandle::~OwningHandle()
+{
+    if (!m_peer)
+        return;
+    QObject& object = m_peer->object();
+    m_peer->detach();
+    const bool isHere = QThread::currentThread() == object.thread();
+    if (isHere && object.parent())
+        return; // goes with the parent
+    if (isHere && !QtCall::isUnderWay())
+        delete &object;
+    else
+        object.deleteLater();
+}
+
+void OwningHandle::forgetPeer()
+{
+    m_peer = nullptr;
+    forgetObject();
+}
+
+void ObjectPeer::attach(OwningHandle& handle, PyObject* self)
+{
+    m_handle = &handle;
+    m_self = self;
+    updateKeeping();
+}
+
+void ObjectPeer::detach()
+{
+    m_handle = nullptr;
+    m_self = nullptr;
+}
+
+ObjectPeer::~ObjectPeer()
+{
+    const LateGilLock lock;
+    if (!lock)
+        return;
+    const QtCall::Guard guard;
+    if (m_handle)
+        m_handle->forgetPeer();
+    m_handle = nullptr;
+    m_self = nullptr;
+    Py_CLEAR(m_kept);
+}
+
+void ObjectPeer::updateKeeping()
+{
+    const bool wanted = isOwnedByQt();
+    if (wanted == (m_kept != nullptr))
+        return;
+    const LateGilLock lock;
+    if (!lock)
+        return;
+    const QtCall::Guard guard; // Qt is in the middle of the change
+    if (wanted) {
+        Py_XINCREF(m_self);
+        m_kept = m_self;
+    } else {
+        Py_CLEAR(m_kept);
+    }
+}
+
+} // namespace python

@@ -1,0 +1,83 @@
+#include "module/gui/PartArgument.h"
+
+#include "module/gui/LayoutParts.h"
+#include "module/gui/WidgetPeer.h"
+#include "module/gui/Widgets.h"
+#include "runtime/Errors.h"
+
+#include <QScrollArea>
+#include <QSplitter>
+
+namespace bp = boost::python;
+
+namespace python {
+
+namespace {
+
+QScrollArea* scrollAreaOf(const QWidget& widget)
+{
+    const QWidget* viewport = widget.parentWidget();
+    auto* area = viewport ? qobject_cast<QScrollArea*>(viewport->parentWidget()) : nullptr;
+    return area && area->widget() == &widget ? area : nullptr;
+}
+
+bool isPlaced(QWidget& widget)
+{
+    return isInLayout(widget) || scrollAreaOf(widget) || qobject_cast<QSplitter*>(widget.parentWidget());
+}
+
+} // namespace
+
+void requireMovable(QWidget& widget, const char* method)
+{
+    const bool isMainWindow = qobject_cast<QMainWindow*>(&widget) != nullptr;
+    if (dynamic_cast<WidgetPeer*>(&widget) || !(isMainWindow || widget.parentWidget()))
+        return;
+    if (qobject_cast<QMainWindow*>(widget.window()))
+        raise(PyExc_RuntimeError, "MainWindow, illegal method call");
+    raise(PyExc_RuntimeError, "%s, the widget is a fixed part of another one", method);
+}
+
+void requireOutside(const QWidget& part, const QWidget* place, const char* method)
+{
+    for (const QObject* outer = place; outer; outer = outer->parent())
+        if (outer == &part)
+            raise(PyExc_ValueError, "%s, a widget can not be inside itself", method);
+}
+
+void requireFree(QWidget& part, const QWidget* place, const char* method)
+{
+    requireMovable(part, method);
+    requireOutside(part, place, method);
+    if (isPlaced(part))
+        raise(PyExc_ValueError, "%s, supplied 'Widget' is already in a layout or container", method);
+}
+
+QWidget& requirePart(const bp::object& argument, const QWidget* place, const char* method)
+{
+    QWidget& part = requireWidget(argument, method);
+    requireFree(part, place, method);
+    return part;
+}
+
+int requireIndex(const bp::object& argument, int count, const char* where)
+{
+    const long long index =
+        requireInt(argument, (std::string(where) + ", expected 'int' but got '%s' instead").c_str());
+    if (!isValidIndex(index, count))
+        raise(PyExc_IndexError, "%s, index (%d) out of range (%d -> %d)", where, saturated(index), 0, count - 1);
+    return static_cast<int>(index);
+}
+
+void handBack(QWidget* widget)
+{
+    if (!widget)
+        return;
+    // A scroll area would go on arranging what is no longer in it.
+    if (QScrollArea* area = scrollAreaOf(*widget))
+        area->takeWidget();
+    if (widget->parentWidget())
+        widget->setParent(nullptr);
+}
+
+} // namespace python

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <boost/python/object.hpp>
+
+#include <QWidget>
+
+/// Widgets on their way into layouts and containers. A widget is in one place only, and comes out of it with
+/// `parentWidget = None` or the place's own method; nothing moves silently.
+namespace python {
+
+/// The widget in an argument, see requireWidget(), which may be put into `place` (null: not known yet). Raises
+/// ValueError for a widget that is already in a layout or container or that `place` is inside of, RuntimeError for
+/// parts of the application.
+QWidget& requirePart(const boost::python::object& argument, const QWidget* place, const char* method);
+/// The same without the test of the argument.
+void requireFree(QWidget& part, const QWidget* place, const char* method);
+
+/// RuntimeError for widgets that the application needs where they are: its main window and everything in it, and the
+/// inner parts of other widgets.
+void requireMovable(QWidget& widget, const char* method);
+
+/// ValueError when `place` is `part` or inside it, across windows too.
+void requireOutside(const QWidget& part, const QWidget* place, const char* method);
+
+/// An index in [0, count). TypeError "<where>, expected 'int' but got '...' instead", IndexError.
+int requireIndex(const boost::python::object& argument, int count, const char* where);
+
+/// Gives a widget back to its Python object, without a parent and hidden.
+void handBack(QWidget* widget);
+
+} // namespace python
