@@ -17,12 +17,17 @@ public:
     QLayout& layout() const { return alive<QLayout>(); }
 };
 
+/// Lets go of the widgets that wait in a layout and those inside it: it comes into a window, whose widgets have parents
+/// that keep them, or goes.
+void endWaiting(QLayout& layout);
+
 /// A layout that a script made. Its parents come from the functions in LayoutParts.h alone, which call
 /// updateKeeping().
 template <typename Q>
 class ScriptLayout final : public Q, public ObjectPeer
 {
 public:
+    ~ScriptLayout() override { endWaiting(*this); } // as long as it is whole: widgets that go leave it
     QObject& object() override { return *this; }
 
 protected:

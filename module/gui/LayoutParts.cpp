@@ -49,6 +49,7 @@ public:
     }
     ~WaitingWidget() override
     {
+        setParent(nullptr); // what is let go may take the layout with it
         waitingWidgets().remove(m_key);
         if (m_widget)
             m_widget->disconnect(this);
@@ -73,18 +74,6 @@ void seeWidgets(QLayout& layout, const See& see)
             see(*widget);
         else if (item->layout())
             seeWidgets(*item->layout(), see);
-    }
-}
-
-/// The layout has come into a window: its widgets have parents, which keep them.
-void endWaiting(QLayout& layout)
-{
-    const QObjectList children = layout.children();
-    for (QObject* child : children) {
-        if (auto* waiting = dynamic_cast<WaitingWidget*>(child))
-            delete waiting;
-        else if (auto* inner = qobject_cast<QLayout*>(child))
-            endWaiting(*inner);
     }
 }
 
@@ -119,6 +108,19 @@ bool arrangesItself(const QWidget& widget)
 }
 
 } // namespace
+
+void endWaiting(QLayout& layout)
+{
+    // What goes may take others with it.
+    const QObjectList all = layout.children();
+    const QVector<QPointer<QObject>> children(all.begin(), all.end());
+    for (const QPointer<QObject>& child : children) {
+        if (auto* waiting = dynamic_cast<WaitingWidget*>(child.data()))
+            delete waiting;
+        else if (auto* inner = qobject_cast<QLayout*>(child.data()))
+            endWaiting(*inner);
+    }
+}
 
 bool isInLayout(QWidget& widget)
 {

@@ -24,6 +24,11 @@ QHash<QObject*, Entry>& entries()
 
 ObjectHandle::~ObjectHandle()
 {
+    forgetEntry();
+}
+
+void ObjectHandle::forgetEntry()
+{
     // An object at the address of a destroyed one may have got a handle of its own.
     const auto entry = entries().find(m_key);
     if (entry != entries().end() && entry->handle == this)

@@ -57,6 +57,8 @@ public:
 protected:
     /// The Qt object is about to go.
     void forgetObject() { m_object.clear(); }
+    /// The Python object is about to go.
+    void forgetEntry();
 
 private:
     [[noreturn]] void raiseDeleted() const;

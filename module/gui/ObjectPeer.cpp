@@ -12,6 +12,7 @@ OwningHandle::~OwningHandle()
         return;
     QObject& object = m_peer->object();
     m_peer->detach();
+    forgetEntry(); // destroying it may run Python code
     const bool isHere = QThread::currentThread() == object.thread();
     if (isHere && object.parent())
         return; // goes with the parent
