@@ -1527,6 +1527,12 @@ class _QWidget(_QObject):
         """Hides the widget."""
     def close(self) -> bool:
         """Closes the window; False when it refused, for example over unsaved changes."""
+    def setLayout(self, layout: Layout) -> None:
+        """Lets the layout arrange this widget, which the widgets in it become parts of.
+
+        Raises TypeError for what is no layout, RuntimeError when there already is one, ValueError for a layout that
+        is in use.
+        """
     def move(self, x: int | Point, y: int = None) -> None:
         """Moves the upper left corner, in pixels of the parent or of the screen."""
     def setMinimumSize(self, width: int | Size, height: int = None) -> None:
@@ -1593,6 +1599,11 @@ class _QWidget(_QObject):
         """The widget that this one is in. It keeps this one alive."""
     @parentWidget.setter
     def parentWidget(self, value: Widget | None) -> None: ...
+    @property
+    def layout(self) -> Layout | None:
+        """What arranges the widgets in this one. It can be set once."""
+    @layout.setter
+    def layout(self, value: Layout | None) -> None: ...
     @property
     def font(self) -> Font:
         """The font. Reading gives a copy; assign it to change the widget."""
@@ -2471,6 +2482,404 @@ class _QToolBar(_QWidget):
 class ToolBar(_QToolBar):
     """A tool bar of the main window, as addMainWindowToolBar() returns it."""
 
+class Layout(_QObject):
+    """What arranges the widgets in another widget. Give it to Widget.setLayout()."""
+    def addWidget(self, widget: Widget, stretch: int = 0, align: Align | int = None) -> None:
+        """Puts a widget at the end. Those with a stretch share the room that is left in these proportions; `align` is
+        where the widget stands when it gets more room than it wants, which it otherwise fills.
+
+        Raises TypeError for wrong types, ValueError for a stretch outside box layouts or out of range and for a
+        widget that is already in a layout or container or that this layout is in.
+        """
+    def addLayout(self, layout: Layout, align: Align | int = None) -> None:
+        """Puts a layout at the end.
+
+        Raises TypeError for wrong types, ValueError for a layout that is already in use or would be inside itself.
+        """
+    @overload
+    def addRow(self, label: str | Widget, field: Widget | Layout) -> None:
+        """Puts a row at the end: a label and what it names, or one part over the whole width. For form and grid
+        layouts.
+
+        Raises TypeError for wrong types, RuntimeError for other layouts, ValueError as addWidget().
+        """
+    @overload
+    def addRow(self, field: Widget | Layout) -> None: ...
+    def removeWidget(self, widget: Widget) -> None:
+        """Takes a widget out, which has no parent afterwards and can be put elsewhere.
+
+        Raises TypeError, and ValueError for a widget that is not directly in this layout.
+        """
+    @property
+    def spacing(self) -> int:
+        """Pixels between the parts; -1 takes the style's own, or says that it differs by direction."""
+    @spacing.setter
+    def spacing(self, value: int) -> None: ...
+    @property
+    def margin(self) -> int:
+        """Pixels around all parts; -1 when the sides differ."""
+    @margin.setter
+    def margin(self, value: int) -> None: ...
+    @property
+    def menuBar(self) -> MenuBar | None:
+        """The row of menus above everything else."""
+    @menuBar.setter
+    def menuBar(self, value: MenuBar | None) -> None: ...
+    @property
+    def parentWidget(self) -> Widget | None:
+        """The widget that is arranged."""
+    @parentWidget.setter
+    def parentWidget(self, value: Widget | None) -> None: ...
+    @property
+    def count(self) -> int:
+        """The number of parts: widgets, layouts and stretches. Read-only."""
+
+class BoxLayout(Layout):
+    """A row or column of widgets. Its parts are counted from 0, stretches among them."""
+    def addStretch(self, stretch: int = 0) -> None:
+        """Puts an empty place at the end, which takes the room that the widgets leave.
+
+        Raises TypeError, and ValueError for a negative stretch.
+        """
+    def addSpacing(self, pixels: int) -> None:
+        """Puts an empty place of this size at the end.
+
+        Raises TypeError, and ValueError for a negative size.
+        """
+    def stretch(self, index: int) -> int:
+        """The stretch of the part at `index`.
+
+        Raises TypeError, IndexError.
+        """
+    def setStretch(self, index: int, stretch: int) -> None:
+        """Raises TypeError, IndexError, and ValueError for a negative stretch."""
+    def widget(self, index: int) -> Widget | None:
+        """The widget at `index`; None when the part there is none.
+
+        Raises TypeError, IndexError.
+        """
+    def layout(self, index: int) -> Layout | None:
+        """The layout at `index`; None when the part there is none.
+
+        Raises TypeError, IndexError.
+        """
+    def alignment(self, index: int) -> Align:
+        """Where the part at `index` stands in its room; 0 when it fills it.
+
+        Raises TypeError, IndexError.
+        """
+
+class HBoxLayout(BoxLayout):
+    """HBoxLayout(parent: Widget = None, **properties)
+
+    Widgets side by side, from left to right.
+    """
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """An empty row for `parent`; spacing and margin go by name."""
+
+class VBoxLayout(BoxLayout):
+    """VBoxLayout(parent: Widget = None, **properties)
+
+    Widgets one below the other.
+    """
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """An empty column for `parent`; spacing and margin go by name."""
+
+class GridLayout(Layout):
+    """GridLayout(parent: Widget = None, **properties)
+
+    Widgets in rows and columns, which are counted from 0.
+    """
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """An empty grid for `parent`; spacing and margin go by name."""
+    @overload
+    def addWidget(self, widget: Widget, row: int, column: int, rowSpan: int = 1, columnSpan: int = 1, align: Align | int = None) -> None:
+        """Puts a widget into a cell, over `rowSpan` rows and `columnSpan` columns, or into a new row below, over the
+        whole width.
+
+        Raises TypeError for wrong types, ValueError for cells out of range (0 to 9999) and as Layout.addWidget().
+        """
+    @overload
+    def addWidget(self, widget: Widget, *, align: Align | int = None) -> None: ...
+    @overload
+    def addLayout(self, layout: Layout, row: int, column: int, rowSpan: int = 1, columnSpan: int = 1, align: Align | int = None) -> None:
+        """Puts a layout into a cell, as addWidget()."""
+    @overload
+    def addLayout(self, layout: Layout, *, align: Align | int = None) -> None: ...
+    def setRowStretch(self, row: int, stretch: int) -> None:
+        """Rows with a stretch share the room that is left in these proportions.
+
+        Raises TypeError, ValueError.
+        """
+    def setColumnStretch(self, column: int, stretch: int) -> None:
+        """Columns with a stretch share the room that is left in these proportions.
+
+        Raises TypeError, ValueError.
+        """
+    @property
+    def columnCount(self) -> int:
+        """The number of columns, at least 1. Read-only."""
+    @property
+    def rowCount(self) -> int:
+        """The number of rows, at least 1. Read-only."""
+    @property
+    def horizontalSpacing(self) -> int:
+        """Pixels between columns; -1 takes the style's own."""
+    @horizontalSpacing.setter
+    def horizontalSpacing(self, value: int) -> None: ...
+    @property
+    def verticalSpacing(self) -> int:
+        """Pixels between rows; -1 takes the style's own."""
+    @verticalSpacing.setter
+    def verticalSpacing(self, value: int) -> None: ...
+
+class FormLayout(Layout):
+    """FormLayout(parent: Widget = None, **properties)
+
+    Rows of a label and what it names; see addRow().
+    """
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """An empty form for `parent`; spacing and margin go by name."""
+    @property
+    def labelAlignment(self) -> Align:
+        """Where the labels stand in their column; several are combined with |."""
+    @labelAlignment.setter
+    def labelAlignment(self, value: Align) -> None: ...
+    @property
+    def formAlignment(self) -> Align:
+        """Where the whole form stands in room that it does not need."""
+    @formAlignment.setter
+    def formAlignment(self, value: Align) -> None: ...
+
+class _QScrollArea(_QAbstractScrollArea):
+    """What areas that scroll one widget have."""
+    @property
+    def alignment(self) -> Align:
+        """Where the widget stands when it is smaller than the area."""
+    @alignment.setter
+    def alignment(self, value: Align) -> None: ...
+    @property
+    def widgetResizable(self) -> bool:
+        """Whether the widget grows with the area."""
+    @widgetResizable.setter
+    def widgetResizable(self, value: bool) -> None: ...
+    @property
+    def widget(self) -> Widget | None:
+        """What is scrolled. The one before has no parent afterwards and can be used again."""
+    @widget.setter
+    def widget(self, value: Widget | None) -> None: ...
+
+class ScrollArea(_QScrollArea):
+    """ScrollArea(widget: Widget = None, parent: Widget = None, **properties)
+
+    A window onto a widget that may be larger.
+    """
+    def __init__(self, widget: Widget = None, parent: Widget = None, **properties) -> None:
+        """Scroll bars appear when they are needed; set widgetResizable for a widget with a layout."""
+
+class _QStackedWidget(_QFrame):
+    """What stacks of pages have."""
+    def addWidget(self, widget: Widget) -> int:
+        """Puts a page at the end and returns its index.
+
+        Raises TypeError, and ValueError for a widget that is already in a layout or container or that the stack is
+        in.
+        """
+    def insertWidget(self, index: int, widget: Widget) -> int:
+        """Puts a page before the one at `index`, at the end for an index that is none, and returns its index.
+
+        Raises TypeError, and ValueError as addWidget().
+        """
+    def removeWidget(self, widget: Widget) -> None:
+        """Takes a page out, which has no parent afterwards and can be put elsewhere.
+
+        Raises TypeError, and ValueError for a widget that is no page.
+        """
+    def widget(self, index: int) -> Widget:
+        """The page at `index`.
+
+        Raises TypeError, IndexError.
+        """
+    def stackChanged(self, callable: Callable[[int], object]) -> None:
+        """Calls `callable` with the index of the page that is shown from now on, -1 when the last one was taken out.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def currentIndex(self) -> int:
+        """The page that is shown, from 0; -1 without pages."""
+    @currentIndex.setter
+    def currentIndex(self, value: int) -> None: ...
+    @property
+    def currentWidget(self) -> Widget | None:
+        """The page that is shown."""
+    @currentWidget.setter
+    def currentWidget(self, value: Widget | None) -> None: ...
+    @property
+    def count(self) -> int:
+        """The number of pages. Read-only."""
+
+class StackedWidget(_QStackedWidget):
+    """StackedWidget(parent: Widget = None, **properties)
+
+    Pages of which one is shown.
+    """
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """A stack without pages."""
+
+class _QTabWidget(_QWidget):
+    """What pages with tabs have."""
+    @overload
+    def addTab(self, widget: Widget, label: str) -> int:
+        """Puts a page behind a tab at the end and returns its index.
+
+        Raises TypeError for wrong types, ValueError for a widget that is already in a layout or container or that
+        the tabs are in.
+        """
+    @overload
+    def addTab(self, widget: Widget, icon: Icon, label: str) -> int: ...
+    def removeTab(self, tab: str | int | Widget) -> None:
+        """Takes a tab away, given by its label (the first one with it), its index or its page. The page has no parent
+        afterwards and can be put elsewhere.
+
+        Raises TypeError, and ValueError when there is no such tab.
+        """
+    def setCurrentTab(self, tab: str | int | Widget) -> None:
+        """Shows a tab, given as for removeTab().
+
+        Raises TypeError, and ValueError when there is no such tab.
+        """
+    def indexOf(self, widget: Widget) -> int:
+        """The index of a page, -1 when it is none.
+
+        Raises TypeError.
+        """
+    def tabChanged(self, callable: Callable[[int], object]) -> None:
+        """Calls `callable` with the index of the tab that is shown from now on, -1 when the last one was taken away.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def tabPosition(self) -> int:
+        """The side where the tabs are: 0 above, 1 below, 2 on the left, 3 on the right."""
+    @tabPosition.setter
+    def tabPosition(self, value: int) -> None: ...
+    @property
+    def tabShape(self) -> int:
+        """The form of the tabs: 0 rounded, 1 triangular."""
+    @tabShape.setter
+    def tabShape(self, value: int) -> None: ...
+    @property
+    def usesScrollButtons(self) -> bool:
+        """Whether tabs that find no room are scrolled to rather than squeezed."""
+    @usesScrollButtons.setter
+    def usesScrollButtons(self, value: bool) -> None: ...
+    @property
+    def currentIndex(self) -> int:
+        """The tab that is shown, from 0; -1 without tabs."""
+    @currentIndex.setter
+    def currentIndex(self, value: int) -> None: ...
+    @property
+    def currentWidget(self) -> Widget | None:
+        """The page that is shown. Read-only."""
+    @property
+    def count(self) -> int:
+        """The number of tabs. Read-only."""
+
+class TabWidget(_QTabWidget):
+    """TabWidget(parent: Widget = None, **properties)
+
+    Pages with tabs, of which one is shown.
+    """
+    def __init__(self, parent: Widget = None, **properties) -> None:
+        """No tabs at first; see addTab()."""
+
+class _QSplitter(_QFrame):
+    """What rows of parts with movable borders have."""
+    def addWidget(self, widget: Widget) -> None:
+        """Puts a part at the end; `parentWidget = None` takes it out.
+
+        Raises TypeError, and ValueError for a widget that is already in a layout or container or that the splitter
+        is in.
+        """
+    def insertWidget(self, index: int, widget: Widget) -> None:
+        """Puts a part before the one at `index`, at the end for an index that is none.
+
+        Raises TypeError, and ValueError as addWidget().
+        """
+    def widget(self, index: int) -> Widget:
+        """The part at `index`.
+
+        Raises TypeError, IndexError.
+        """
+    @property
+    def orientation(self) -> Orientation:
+        """Horizontal puts the parts side by side, Vertical one below the other."""
+    @orientation.setter
+    def orientation(self, value: Orientation) -> None: ...
+    @property
+    def childrenCollapsible(self) -> bool:
+        """Whether the user can shrink a part to nothing."""
+    @childrenCollapsible.setter
+    def childrenCollapsible(self, value: bool) -> None: ...
+    @property
+    def handleWidth(self) -> int:
+        """Pixels between two parts."""
+    @handleWidth.setter
+    def handleWidth(self, value: int) -> None: ...
+    @property
+    def sizes(self) -> list[int]:
+        """The parts' widths, or heights, in pixels. What is set is taken as proportions of the room that there is."""
+    @sizes.setter
+    def sizes(self, value: list[int]) -> None: ...
+    @property
+    def count(self) -> int:
+        """The number of parts. Read-only."""
+
+class Splitter(_QSplitter):
+    """Splitter(orientation: Orientation = Orientation.Horizontal, parent: Widget = None, **properties)
+
+    Widgets with borders between them that the user moves.
+    """
+    def __init__(self, orientation: Orientation = Orientation.Horizontal, parent: Widget = None, **properties) -> None:
+        """No parts at first; see addWidget()."""
+
+class _QGroupBox(_QWidget):
+    """What frames with a title have."""
+    def toggled(self, callable: Callable[[bool], object]) -> None:
+        """Calls `callable` with the new state of the check box in the title.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def title(self) -> str:
+        """The text in the frame."""
+    @title.setter
+    def title(self, value: str) -> None: ...
+    @property
+    def titleAlignment(self) -> Align:
+        """Where the title stands: Left, HCenter or Right."""
+    @titleAlignment.setter
+    def titleAlignment(self, value: Align) -> None: ...
+    @property
+    def checkable(self) -> bool:
+        """Whether the title has a check box, which switches what is inside on and off."""
+    @checkable.setter
+    def checkable(self, value: bool) -> None: ...
+    @property
+    def checked(self) -> bool:
+        """Whether the check box is on."""
+    @checked.setter
+    def checked(self, value: bool) -> None: ...
+
+class GroupBox(_QGroupBox):
+    """GroupBox(title: str = '', parent: Widget = None, **properties)
+
+    A frame with a title around widgets that belong together.
+    """
+    def __init__(self, title: str = '', parent: Widget = None, **properties) -> None:
+        """An empty frame."""
+
 class _QMdiSubWindow(_QWidget):
     """What windows in the document area have."""
 
@@ -2511,6 +2920,11 @@ class MainWindow(_QMainWindow):
         """It is in no other widget. Read-only."""
     @parentWidget.setter
     def parentWidget(self, value: None) -> None: ...
+    @property
+    def layout(self) -> None:
+        """The application arranges it. Read-only."""
+    @layout.setter
+    def layout(self, value: None) -> None: ...
 
 class ObjectId(int):
     """The kinds of object that a project holds."""
