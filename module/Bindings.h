@@ -66,6 +66,7 @@ void bindSplitter();
 void bindGroupBox();
 void bindSubWindow();
 void bindMainWindow();
+void bindModalProgressBar();
 
 void bindNoValue();
 void bindObjectId();

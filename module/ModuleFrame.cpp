@@ -81,6 +81,7 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindGroupBox();
     python::bindSubWindow();
     python::bindMainWindow();
+    python::bindModalProgressBar();
 
     python::bindNoValue();
     python::bindObjectId();

@@ -4,6 +4,7 @@
 #include "app/headless/CommandLine.h"
 #include "app/headless/StandardStreams.h"
 #include "app/headless/TerminalApp.h"
+#include "app/headless/TerminalProgress.h"
 #include "app/workbench/MainWindow.h"
 #include "host/data/HVProjectService.h"
 #include "plugins/HVPythonPluginCollection.h"
@@ -19,6 +20,7 @@
 #include <QFileInfo>
 
 #include <cstdio>
+#include <unistd.h>
 
 namespace headless {
 
@@ -141,12 +143,14 @@ int run(int argc, char** argv)
     if (const QString missing = program::missingPythonTree(); !missing.isEmpty())
         return refuse(missing);
 
-    const StandardStreams streams(line.verbose);
+    TerminalProgress progress(STDERR_FILENO);
+    const StandardStreams streams(line.verbose, &progress);
     workbench::MainWindow window;
     if (!line.project.isEmpty())
         if (const QString error = openProject(*window.projects(), line.project); !error.isEmpty())
             return refuse(error);
     TerminalApp app(window);
+    progress.watch(app.progress());
     const HVPythonExecutionContext context(&app);
     {
         const python::GilLock lock;

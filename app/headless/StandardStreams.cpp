@@ -1,14 +1,13 @@
 #include "app/headless/StandardStreams.h"
 
+#include "app/headless/TerminalProgress.h"
+
 #include <cerrno>
 #include <string>
 #include <unistd.h>
 
 namespace headless {
 
-namespace {
-
-/// Writes everything or gives up when nobody can read any more.
 void writeAll(int file, std::string_view text)
 {
     while (!text.empty()) {
@@ -20,9 +19,7 @@ void writeAll(int file, std::string_view text)
     }
 }
 
-} // namespace
-
-StandardStreams::StandardStreams(bool verbose) : m_verbose(verbose)
+StandardStreams::StandardStreams(bool verbose, TerminalProgress* progress) : m_verbose(verbose), m_progress(progress)
 {
     HVEventBus::instance().addSink(this);
 }
@@ -36,9 +33,11 @@ void StandardStreams::receive(const HVEventBus::Message& message)
 {
     switch (static_cast<MessageLevel>(message.level)) {
     case MessageLevel::StandardOutput:
+        makeWay(message.text);
         writeAll(STDOUT_FILENO, message.text);
         break;
     case MessageLevel::StandardError:
+        makeWay(message.text);
         writeAll(STDERR_FILENO, message.text);
         break;
     case MessageLevel::Success:
@@ -46,8 +45,15 @@ void StandardStreams::receive(const HVEventBus::Message& message)
             break;
         [[fallthrough]];
     default:
+        makeWay("\n");
         writeAll(STDERR_FILENO, std::string(message.text) + '\n');
     }
+}
+
+void StandardStreams::makeWay(std::string_view text)
+{
+    if (m_progress)
+        m_progress->makeWay(text);
 }
 
 } // namespace headless

@@ -4,13 +4,19 @@
 
 namespace headless {
 
+class TerminalProgress;
+
+/// Writes everything or gives up when nobody can read any more.
+void writeAll(int file, std::string_view text);
+
 /// Sends the event bus to the process's streams as it comes: what scripts write to standard output goes there, all else
 /// to standard error. Nothing is buffered, so nothing is lost however the process ends.
 class StandardStreams final : public HVEventBus::Sink
 {
 public:
     /// Success notices, the start-up notice among them, are shown only when `verbose`.
-    explicit StandardStreams(bool verbose);
+    /// `progress` (not owned, null for none) makes way for other text.
+    explicit StandardStreams(bool verbose, TerminalProgress* progress = nullptr);
     ~StandardStreams();
     StandardStreams(const StandardStreams&) = delete;
     StandardStreams& operator=(const StandardStreams&) = delete;
@@ -19,7 +25,10 @@ public:
     bool mayBlock() const override { return true; }
 
 private:
-    bool m_verbose;
+    void makeWay(std::string_view text);
+
+    const bool m_verbose;
+    TerminalProgress* const m_progress;
 };
 
 } // namespace headless

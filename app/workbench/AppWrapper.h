@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/services/HVProgressBarMgr.h"
 #include "host/services/IAppWrapper.h"
 
 namespace workbench {
@@ -15,7 +16,7 @@ public:
 
     QMainWindow* mainWindow() const override;
     HVMessageWindow* messageWindow() const override;
-    IProgressService* progressService() const override { return nullptr; }
+    IProgressService* progressService() const override { return &m_progress; }
     IRunObserver* runObserver() const override;
     QString version() const override;
     bool isTerminalProgram() const override { return false; }
@@ -23,8 +24,12 @@ public:
     HVProject* currentProject() const override;
     void refreshProject(std::optional<int> objectKind) override;
 
+    /// What progressService() hands out; watched by whatever shows the bars.
+    HVProgressBarMgr& progress() const { return m_progress; }
+
 private:
     MainWindow& m_window;
+    mutable HVProgressBarMgr m_progress;
 };
 
 } // namespace workbench

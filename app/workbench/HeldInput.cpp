@@ -78,6 +78,8 @@ bool HeldInput::eventFilter(QObject* receiver, QEvent* event)
 
 bool HeldInput::filterWindowEvent(QWindow* window, QEvent* event)
 {
+    if (goesToLiveWindow(window, event))
+        return false;
     switch (event->type()) {
     case QEvent::ShortcutOverride:
         // Accepted, the key is no shortcut now and comes as a plain key press.
@@ -135,6 +137,24 @@ bool HeldInput::filterWindowEvent(QWindow* window, QEvent* event)
     }
 }
 
+bool HeldInput::goesToLiveWindow(QWindow* window, QEvent* event) const
+{
+    if (!m_liveWindow || !m_liveWindow->isVisible() || m_liveWindow->windowHandle() != window)
+        return false;
+    switch (event->type()) {
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Enter:
+    case QEvent::Leave:
+    case QEvent::Close:
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool HeldInput::goesToStopControl(QWindow* window, QEvent* event)
 {
     const auto& mouse = static_cast<const QMouseEvent&>(*event);
@@ -155,6 +175,7 @@ void HeldInput::checkStopKeys(QEvent* event)
     if (key.isAutoRepeat())
         return;
     if (key.key() == Qt::Key_Escape) {
+        Q_EMIT escapePressed();
         const qint64 now = QDateTime::currentMSecsSinceEpoch();
         if (now - std::exchange(m_lastEscape, now) <= g_escapePause)
             Q_EMIT stopKeysPressed();

@@ -55,6 +55,7 @@ void RunIndicator::askToStop()
 void RunIndicator::setPaused(const QString& place)
 {
     m_paused = !place.isEmpty();
+    Q_EMIT pausedChanged(m_paused);
     hideState();
     if (!m_paused)
         return;
@@ -72,6 +73,7 @@ void RunIndicator::runStarted(const QString& fileName)
     m_clock.start();
     m_running = true;
     m_stopAsked = false;
+    m_input.forgetEscape();
     m_nextMessages = 0;
     m_stop->setEnabled(true);
     Q_EMIT runningChanged(true);
@@ -84,6 +86,7 @@ bool RunIndicator::breathe()
     if (showMessages)
         m_messages->flushSome();
     showState();
+    Q_EMIT breathing();
     m_input.processEvents();
     if (showMessages)
         m_nextMessages = begin + std::min((m_clock.elapsed() - begin) * g_messageShare, g_longestSilence);

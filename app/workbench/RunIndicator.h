@@ -29,6 +29,8 @@ public:
     /// The button of stopAction(), which works while the script runs.
     void setStopButton(QWidget* button);
 
+    HeldInput* input() { return &m_input; }
+
     bool isRunning() const { return m_running; }
     bool isPaused() const { return m_paused; }
     /// The script waits in the debugger, at this place; empty when it goes on. Whoever makes it wait also makes it
@@ -43,6 +45,9 @@ public:
 Q_SIGNALS:
     void runningChanged(bool running);
     void stopAskedWhilePaused();
+    void pausedChanged(bool paused);
+    /// What has to move during a run moves now; sent in every breath, before windows paint.
+    void breathing();
 
 private:
     void showState();

@@ -7,6 +7,7 @@
 #include "app/workbench/OpenScripts.h"
 #include "app/workbench/PluginMenu.h"
 #include "app/workbench/RunIndicator.h"
+#include "app/workbench/RunProgress.h"
 #include "app/workbench/ScriptName.h"
 #include "app/workbench/Theme.h"
 #include "editor/CompletionEngine.h"
@@ -112,6 +113,7 @@ int run(int& argc, char** argv)
     applyTheme(storedTheme());
     MainWindow window;
     AppWrapper app(window);
+    const RunProgress progress(window, app.progress());
     int status = g_statusLeft;
     {
         const HVPythonExecutionContext context(&app);

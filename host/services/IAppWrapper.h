@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/services/IProgressService.h"
+
 #include <QString>
 
 #include <optional>
@@ -9,15 +11,6 @@ class HVProject;
 class QMainWindow;
 class QMdiSubWindow;
 class QWidget;
-
-/// The progress bars of the application, as far as others need them.
-class IProgressService
-{
-public:
-    virtual ~IProgressService() = default;
-    virtual bool isAnyRunning() const = 0;
-    virtual void closeAll() = 0;
-};
 
 /// Follows a script that occupies the GUI thread. All calls come on the GUI thread.
 ///

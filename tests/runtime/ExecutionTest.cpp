@@ -126,12 +126,12 @@ TEST_F(ExecutionTest, FailedRunClosesProgressBarsAndTheModalDialog)
 {
     QDialog dialog;
     dialog.open();
-    app().progressRuns = true;
+    app().progress->create(3, "outer", IProgressService::NoBar, true, 0);
     EXPECT_TRUE(run("pass"));
-    EXPECT_TRUE(app().progressRuns);
+    EXPECT_TRUE(app().progress->isAnyRunning());
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_FALSE(run("1/0"));
-    EXPECT_FALSE(app().progressRuns);
+    EXPECT_FALSE(app().progress->isAnyRunning());
     EXPECT_FALSE(dialog.isVisible());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/services/HVEventBus.h"
+#include "host/services/HVProgressBarMgr.h"
 #include "host/services/IAppWrapper.h"
 #include "runtime/CodeEditor.h"
 #include "runtime/HVPythonExecutionContext.h"
@@ -15,12 +16,12 @@
 /// The whole program shares one interpreter, as an application does; main() is in RuntimeFixture.cpp.
 namespace fixture {
 
-class FakeApp : public IAppWrapper, public IProgressService, public IRunObserver
+class FakeApp : public IAppWrapper, public IRunObserver
 {
 public:
     QMainWindow* mainWindow() const override { return window; }
     HVMessageWindow* messageWindow() const override { return nullptr; }
-    IProgressService* progressService() const override { return const_cast<FakeApp*>(this); }
+    IProgressService* progressService() const override { return progress.get(); }
     IRunObserver* runObserver() const override { return observes ? const_cast<FakeApp*>(this) : nullptr; }
     QString version() const override { return QStringLiteral("1.2.3"); }
     bool isTerminalProgram() const override { return terminal; }
@@ -31,9 +32,6 @@ public:
     }
     void refreshPalettes() override { log.push_back("palettes"); }
     QMdiSubWindow* addSubWindow(QWidget* widget) override { return onSubWindow ? onSubWindow(widget) : nullptr; }
-
-    bool isAnyRunning() const override { return progressRuns; }
-    void closeAll() override { progressRuns = false; }
 
     void runStarted(const QString& fileName) override { log.push_back("started " + fileName.toStdString()); }
     bool breathe() override
@@ -47,7 +45,7 @@ public:
     std::function<QMdiSubWindow*(QWidget*)> onSubWindow;
     bool terminal = false;
     HVProject* project = nullptr;
-    bool progressRuns = false;
+    std::shared_ptr<HVProgressBarMgr> progress = std::make_shared<HVProgressBarMgr>();
     bool observes = false;
     int breaths = 0;
     std::function<bool()> onBreath;
