@@ -1,5 +1,5 @@
 # Written by module/stubs/generate.py; do not edit.
-from typing import Callable, Iterable, Iterator, Sequence, overload
+from typing import Any, Callable, Iterable, Iterator, Optional, Sequence, overload
 from typing_extensions import Buffer
 
 NO_VALUE: float
@@ -2925,6 +2925,51 @@ class MainWindow(_QMainWindow):
         """The application arranges it. Read-only."""
     @layout.setter
     def layout(self, value: None) -> None: ...
+
+class ModalProgressBarIterator:
+    """The state of a loop over a ModalProgressBar. Every step of the loop hands out the same object: take its number
+    with int() or value() when the number is to be kept.
+    """
+    def __next__(self) -> ModalProgressBarIterator:
+        """One step: the bar advances by 1. The loop ends when the steps are used up or the bar was cancelled."""
+    def __int__(self) -> int:
+        """The current index."""
+    def __index__(self) -> int:
+        """The current index, so that a step can be used to index a list."""
+    def __str__(self) -> str:
+        """The current index as text."""
+    def next(self) -> ModalProgressBarIterator:
+        """One step; StopIteration at the end of the loop."""
+    def value(self) -> int:
+        """The current index, -1 before the first step."""
+
+class ModalProgressBar:
+    """A bar in the application's progress window, for a loop that takes its time:
+
+        for step in ModalProgressBar('Reading lines', 1000):
+            read(int(step))
+
+    The loop ends early when the user presses Cancel. In a with statement the bar is open for as long as the
+    statement lasts and increment() advances it. Bars are used on the main thread only; RuntimeError elsewhere.
+    """
+    def __init__(self, name: str, steps: int = 100, parent: Optional[ModalProgressBar] = None) -> None:
+        """Describes a bar; nothing is shown before the loop begins. A loop over n steps runs n + 1 times, with the
+        numbers 0 to n. The bar of a parent that is open when the loop begins contains this one.
+        """
+    def __iter__(self) -> ModalProgressBarIterator:
+        """Opens a new bar. It closes at the end of the loop, however the loop is left."""
+    def __enter__(self) -> ModalProgressBar:
+        """Opens the bar."""
+    def __exit__(self, type: Any, value: Any, traceback: Any) -> None:
+        """Closes the bar."""
+    def cancel(self) -> None:
+        """The next step ends the loop."""
+    def cancelled(self) -> bool:
+        """Whether the user or cancel() ended the loop."""
+    def increment(self, n: int = 1) -> bool:
+        """Advances the open bar by n steps. False when it was cancelled: it is time to leave. Raises RuntimeError when
+        the bar is not open, ValueError for a negative n.
+        """
 
 class ObjectId(int):
     """The kinds of object that a project holds."""
