@@ -129,7 +129,7 @@ QByteArray encodeText(const QString& text, const QByteArray& encoding, QString& 
         return {};
     }
     error.clear();
-    const QByteArray result(PyBytes_AS_STRING(bytes), static_cast<int>(PyBytes_GET_SIZE(bytes)));
+    QByteArray result(PyBytes_AS_STRING(bytes), static_cast<int>(PyBytes_GET_SIZE(bytes)));
     Py_DECREF(bytes);
     return result;
 }

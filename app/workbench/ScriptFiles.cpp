@@ -28,7 +28,7 @@ QString ScriptFiles::filter()
 QString ScriptFiles::folder() const
 {
     if (const HVProject* project = m_projects.project())
-        if (const QString own = project->folder(ObjectKind::PythonScript); QFileInfo(own).isDir())
+        if (QString own = project->folder(ObjectKind::PythonScript); QFileInfo(own).isDir())
             return own;
     return scriptFolder();
 }
