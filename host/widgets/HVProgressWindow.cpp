@@ -96,12 +96,15 @@ void HVProgressWindow::fill(Row& row, const HVProgressBarState& state)
     const int indent = state.depth * style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this);
     row.layout->setContentsMargins(std::min(indent, width() / 3), 0, 0, 0);
     const QString line = state.name.simplified();
-    row.name->setText(row.name->fontMetrics().elidedText(line, Qt::ElideRight, std::max(row.name->width(), 100)));
     row.name->setToolTip(line.toHtmlEscaped());
     row.bar->setAccessibleName(line);
     row.timeLeft->setText(state.cancelled     ? tr("cancelled")
                           : state.secondsLeft ? HVTimeLeft::text(*state.secondsLeft)
                                               : QString());
+    const QMargins margins = layout()->contentsMargins();
+    const int room = (isVisible() ? width() : minimumWidth()) - margins.left() - margins.right() - indent -
+                     row.timeLeft->sizeHint().width() - row.layout->horizontalSpacing();
+    row.name->setText(row.name->fontMetrics().elidedText(line, Qt::ElideRight, std::max(room, minimumWidth() / 3)));
     // A range of nothing makes the bar a moving one.
     row.bar->setRange(0, state.fraction ? g_resolution : 0);
     row.bar->setValue(static_cast<int>(state.fraction.value_or(0) * g_resolution));
