@@ -291,6 +291,7 @@ bool HVProject::renameObject(ObjectKind kind, const QString& name, const QString
         object.rename(before);
         return false;
     }
+    Q_EMIT objectRenamed(before, after);
     Q_EMIT objectsChanged(kind);
     return true;
 }

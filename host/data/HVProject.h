@@ -102,6 +102,8 @@ public:
 Q_SIGNALS:
     void objectsChanged(ObjectKind kind);
     void directoriesChanged(ObjectKind kind);
+    /// renameObject() has done its work; objectsChanged() follows. Absolute paths of the object's file.
+    void objectRenamed(const QString& before, const QString& after);
     void crsChanged();
     /// Name, units or domain.
     void settingsChanged();

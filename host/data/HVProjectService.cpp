@@ -6,14 +6,25 @@ namespace {
 
 constexpr int g_most = 10;
 const QString g_key = QStringLiteral("workbench/recentProjects");
+HVProjectService* g_current = nullptr;
 
 } // namespace
 
-HVProjectService::HVProjectService(QObject* parent) : QObject(parent) {}
+HVProjectService::HVProjectService(QObject* parent) : QObject(parent)
+{
+    g_current = this;
+}
 
 HVProjectService::~HVProjectService()
 {
     close();
+    if (g_current == this)
+        g_current = nullptr;
+}
+
+HVProjectService* HVProjectService::current()
+{
+    return g_current;
 }
 
 bool HVProjectService::open(const QString& path, QString* error)

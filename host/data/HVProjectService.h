@@ -17,6 +17,10 @@ public:
     explicit HVProjectService(QObject* parent = nullptr);
     ~HVProjectService() override;
 
+    /// The application's service, which widgets that are made without one look for: the last one made. Null when
+    /// there is none. Not owned.
+    static HVProjectService* current();
+
     /// Null when none is open. Whoever keeps it longer than a call keeps a QPointer.
     HVProject* project() const { return m_project.get(); }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 /// What the mouse does in a viewer. Scripts use the numbers: they never change.
 enum class HVMouseMode : int
 {
@@ -10,3 +12,11 @@ enum class HVMouseMode : int
     Translation = 4,
     Zoom = 5,
 };
+
+namespace hv {
+
+/// The viewer action by which a viewer is switched to the mode. Empty, with a sentence in `error`, for a mode that no
+/// action stands for (Unknown, and numbers that are no mode).
+QString viewerAction(HVMouseMode mode, QString* error = nullptr);
+
+} // namespace hv

@@ -42,12 +42,15 @@ void HVProjectModel::setProject(HVProject* project)
     connect(project, &HVProject::directoriesChanged, this, &HVProjectModel::markChanged);
     project->watchFolders();
     for (const ObjectKindInfo& info : objectKinds())
-        m_changed.insert(info.kind);
+        if (m_listed.empty() || m_listed.count(info.kind))
+            m_changed.insert(info.kind);
     update();
 }
 
 void HVProjectModel::markChanged(ObjectKind kind)
 {
+    if (!m_listed.empty() && !m_listed.count(kind))
+        return;
     m_changed.insert(kind);
     if (!m_updateSoon.isActive())
         m_updateSoon.start();

@@ -33,6 +33,8 @@ public:
     explicit HVProjectModel(QObject* parent = nullptr);
     ~HVProjectModel() override;
 
+    /// Which kinds are listed, all at first; before setProject().
+    void setKinds(std::set<ObjectKind> kinds) { m_listed = std::move(kinds); }
     void setProject(HVProject* project);
     HVProject* project() const { return m_project; }
     /// Takes up changes at once instead of in a moment.
@@ -64,6 +66,7 @@ private:
     QPointer<HVProject> m_project;
     std::map<ObjectKind, std::unique_ptr<ProjectNode>> m_kinds;
     std::vector<ProjectNode*> m_rows; // the top level
+    std::set<ObjectKind> m_listed;    // empty for all
     std::set<ObjectKind> m_changed;
     QTimer m_updateSoon;
 };

@@ -1,0 +1,38 @@
+#include "host/widgets/HVInputSelectionPreview.h"
+
+#include "host/data/HVProject.h"
+#include "host/viewers/HVPreviewViewer.h"
+#include "host/widgets/HVInputSelectionLineEdit.h"
+
+#include <QVBoxLayout>
+
+HVInputSelectionPreview::HVInputSelectionPreview(QWidget* parent)
+    : QWidget(parent), m_selection(new HVInputSelectionLineEdit), m_viewer(new HVPreviewViewer)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(4);
+    layout->addWidget(m_selection);
+    layout->addWidget(m_viewer, 1);
+    m_viewer->setHint(tr("No input is chosen"));
+    setFocusProxy(m_selection);
+    connect(m_selection, &HVInputSelectionLineEdit::selectionChanged, this, &HVInputSelectionPreview::showInput);
+    connect(m_viewer, &HVPreviewViewer::pictureChanged, this, &HVInputSelectionPreview::viewerChanged);
+}
+
+HVMouseMode HVInputSelectionPreview::previewMouseMode() const
+{
+    return m_viewer->mouseMode();
+}
+
+bool HVInputSelectionPreview::setPreviewMouseMode(HVMouseMode mode, QString* error)
+{
+    return m_viewer->setMouseMode(mode, error);
+}
+
+void HVInputSelectionPreview::showInput()
+{
+    const QString path = m_selection->object();
+    const HVProject* project = m_selection->project();
+    m_viewer->showObject(project ? project->kindOf(path) : std::nullopt, path);
+}

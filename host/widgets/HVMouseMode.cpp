@@ -1,0 +1,22 @@
+#include "host/widgets/HVMouseMode.h"
+
+QString hv::viewerAction(HVMouseMode mode, QString* error)
+{
+    switch (mode) {
+    case HVMouseMode::Selection:
+        return QStringLiteral("TYPE_SELECT");
+    case HVMouseMode::SquareSelection:
+        return QStringLiteral("SQUARE_SELECTION");
+    case HVMouseMode::CrossNavigation:
+        return QStringLiteral("TYPE_GOTO");
+    case HVMouseMode::Translation:
+        return QStringLiteral("TYPE_HAND");
+    case HVMouseMode::Zoom:
+        return QStringLiteral("TYPE_ZOOM");
+    case HVMouseMode::Unknown:
+        break;
+    }
+    if (error)
+        *error = QStringLiteral("Unknown mouse mode requested");
+    return {};
+}

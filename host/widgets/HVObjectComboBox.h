@@ -1,0 +1,75 @@
+#pragma once
+
+#include "host/data/ObjectKind.h"
+
+#include <QComboBox>
+
+#include <set>
+
+class HVProject;
+class HVProjectObjects;
+class ObjectRows;
+
+/// A combo box of the open project's objects of some kinds, in the order of the project browser; an object that is
+/// filed in virtual directories stands there with them, "North/Deep/Top 2". Objects dragged from the browser, or from
+/// a file manager, onto it are chosen.
+///
+/// It follows the project. The chosen object stays chosen, under a new name too; when it goes, nothing is chosen until
+/// it comes back or the user chooses, so that another object is never taken in its place unseen. At first the first
+/// row is chosen, as in every combo box.
+///
+/// The items are the project's: adding and removing items has no effect. An item's data (Qt::UserRole) is the absolute
+/// path of the object's file. Ten thousand objects take some ten milliseconds.
+class HVObjectComboBox : public QComboBox
+{
+    Q_OBJECT
+    Q_PROPERTY(bool optional READ isOptional WRITE setOptional)
+    Q_PROPERTY(QString object READ object WRITE setObject NOTIFY objectChanged)
+
+public:
+    /// Of all kinds that scripts know.
+    explicit HVObjectComboBox(QWidget* parent = nullptr);
+    explicit HVObjectComboBox(ObjectKind kind, QWidget* parent = nullptr);
+    ~HVObjectComboBox() override;
+
+    const std::set<ObjectKind>& kinds() const;
+    /// All kinds that scripts know for an empty set.
+    void setKinds(std::set<ObjectKind> kinds);
+    /// Null when there is none.
+    HVProject* project() const;
+    /// This project instead of the application's, which the box follows by itself.
+    void setProject(HVProject* project);
+
+    /// Whether a first row "None" stands for no object.
+    bool isOptional() const;
+    void setOptional(bool optional);
+
+    /// Absolute path of the chosen object's file; empty for none.
+    QString object() const;
+    /// False, and nothing has changed, for a path that is not listed. Empty for no object.
+    bool setObject(const QString& path);
+
+public Q_SLOTS:
+    /// Lists the objects at once; changes that the project tells of are listed in a moment anyway.
+    void updateObjects();
+
+Q_SIGNALS:
+    void objectChanged(const QString& path);
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void startAnew();
+    void list(bool fromFirst);
+    void tellChange();
+    void showHint();
+
+    HVProjectObjects* m_objects;
+    ObjectRows* m_rows;
+    QString m_chosen; // stays while the object is away
+    QString m_told;
+    bool m_isTouched = false; // the user or the program has chosen
+    bool m_updating = false;
+};

@@ -1,0 +1,167 @@
+// The preview of a chosen input: what it shows of real objects, and what the mouse does in each mode.
+#include "host/data/HVProjectService.h"
+#include "host/data/demo/DemoSteps.h"
+#include "host/viewers/HVPreviewViewer.h"
+#include "host/viewers/MapOutline.h"
+#include "host/viewers/ObjectPicture.h"
+#include "host/widgets/HVInputSelectionLineEdit.h"
+#include "host/widgets/HVInputSelectionPreview.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QSet>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QWheelEvent>
+
+namespace {
+
+TEST(MouseMode, eachModeHasItsAction)
+{
+    EXPECT_EQ(hv::viewerAction(HVMouseMode::Selection), "TYPE_SELECT");
+    EXPECT_EQ(hv::viewerAction(HVMouseMode::SquareSelection), "SQUARE_SELECTION");
+    EXPECT_EQ(hv::viewerAction(HVMouseMode::CrossNavigation), "TYPE_GOTO");
+    EXPECT_EQ(hv::viewerAction(HVMouseMode::Translation), "TYPE_HAND");
+    EXPECT_EQ(hv::viewerAction(HVMouseMode::Zoom), "TYPE_ZOOM");
+    for (const int number : {0, 6, -1}) {
+        QString error;
+        EXPECT_EQ(hv::viewerAction(static_cast<HVMouseMode>(number), &error), QString());
+        EXPECT_EQ(error, "Unknown mouse mode requested");
+    }
+}
+
+TEST(MapOutline, readsTheGeometriesOfGeoJson)
+{
+    QString error;
+    const auto outline = readMapOutline(
+        R"({"type":"FeatureCollection","features":[
+            {"type":"Feature","geometry":{"type":"Polygon","coordinates":[[[0,0],[10,0],[10,20],[0,0]]]}},
+            {"type":"Feature","geometry":{"type":"MultiLineString","coordinates":[[[-5,1],[2,3]],[[4,4],[5,5]]]}},
+            {"type":"Feature","geometry":{"type":"GeometryCollection",
+             "geometries":[{"type":"Point","coordinates":[1,30,99]}]}},
+            {"type":"Feature","geometry":null}]})",
+        error);
+    ASSERT_TRUE(outline) << error.toStdString();
+    EXPECT_EQ(outline->bounds, QRectF(QPointF(-5, 0), QPointF(10, 30)));
+    EXPECT_EQ(outline->areas.elementCount(), 4);
+    EXPECT_EQ(outline->lines.elementCount(), 4);
+    EXPECT_EQ(outline->points, QVector<QPointF>{QPointF(1, 30)});
+    EXPECT_FALSE(readMapOutline("{\"type\":\"FeatureCollection\",\"features\":[]}", error));
+    EXPECT_FALSE(readMapOutline("[[[", error));
+    EXPECT_FALSE(readMapOutline(R"({"coordinates":[["a","b"],[1]]})", error));
+}
+
+class Preview : public ::testing::Test
+{
+protected:
+    Preview()
+    {
+        projects.create(folder.filePath("p"), QString());
+        QString error;
+        EXPECT_TRUE(demo::makeColorBars(*projects.project(), &error)) << error.toStdString();
+        EXPECT_TRUE(demo::makeCultures(*projects.project(), &error)) << error.toStdString();
+        preview.resize(400, 300);
+        preview.show();
+    }
+    QString first(ObjectKind kind) { return projects.project()->objects(kind).value(0); }
+    HVPreviewViewer& viewer() { return *preview.viewer(); }
+    void drag(QPoint from, QPoint to)
+    {
+        QTest::mousePress(&viewer(), Qt::LeftButton, {}, from);
+        QMouseEvent move(QEvent::MouseMove, to, viewer().mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(&viewer(), &move);
+        QTest::mouseRelease(&viewer(), Qt::LeftButton, {}, to);
+    }
+
+    QTemporaryDir folder;
+    HVProjectService projects;
+    HVInputSelectionPreview preview;
+};
+
+TEST_F(Preview, showsWhatIsChosen)
+{
+    QSignalSpy changed(&preview, &HVInputSelectionPreview::viewerChanged);
+    preview.selection()->setObject(first(ObjectKind::ColorBar));
+    ASSERT_TRUE(viewer().picture());
+    EXPECT_FALSE(viewer().picture()->isText());
+    QSet<QRgb> colors;
+    const QImage image = viewer().grab().toImage();
+    for (int x = 0; x < image.width(); ++x)
+        colors.insert(image.pixel(x, image.height() / 2));
+    EXPECT_GT(colors.size(), 100) << "the bar's colours";
+    preview.selection()->setObject(first(ObjectKind::Culture));
+    EXPECT_FALSE(viewer().picture()->isText());
+    EXPECT_TRUE(viewer().picture()->positionText({0, 0}).startsWith("X "));
+
+    // What cannot be read is said, not hidden.
+    const QString broken = projects.project()->newFilename(ObjectKind::ColorBar, "Broken");
+    QFile file(broken);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("{ no") > 0);
+    file.close();
+    preview.selection()->setObject(broken);
+    EXPECT_TRUE(viewer().picture()->isText());
+    viewer().grab();
+    preview.selection()->clear();
+    EXPECT_FALSE(viewer().picture());
+    EXPECT_EQ(changed.size(), 4);
+}
+
+TEST_F(Preview, mouseDoesWhatTheModeSays)
+{
+    preview.selection()->setObject(first(ObjectKind::Culture));
+    const QTransform fitted = viewer().pageToViewer();
+    const QPoint middle = viewer().rect().center();
+
+    QString error;
+    EXPECT_FALSE(preview.setPreviewMouseMode(HVMouseMode::Unknown, &error));
+    EXPECT_EQ(error, "Unknown mouse mode requested");
+    EXPECT_EQ(preview.previewMouseMode(), HVMouseMode::Selection);
+    drag(middle, middle + QPoint(30, 10));
+    EXPECT_EQ(viewer().pageToViewer(), fitted);
+
+    preview.setPreviewMouseMode(HVMouseMode::Translation);
+    drag(middle, middle + QPoint(30, 10));
+    EXPECT_EQ(viewer().pageToViewer().map(QPointF()), fitted.map(QPointF()) + QPointF(30, 10));
+    QTest::mouseDClick(&viewer(), Qt::LeftButton, {}, middle);
+    EXPECT_EQ(viewer().pageToViewer(), fitted);
+
+    preview.setPreviewMouseMode(HVMouseMode::SquareSelection);
+    QSignalSpy selected(&viewer(), &HVPreviewViewer::selectionChanged);
+    drag({40, 60}, {80, 50});
+    ASSERT_EQ(selected.size(), 1);
+    const QRectF square = fitted.mapRect(viewer().selection());
+    EXPECT_NEAR(square.left(), 40, 1e-6);
+    EXPECT_NEAR(square.bottom(), 60, 1e-6);
+    EXPECT_EQ(viewer().pageToViewer(), fitted);
+    QTest::keyClick(&viewer(), Qt::Key_Escape);
+    EXPECT_TRUE(viewer().selection().isEmpty());
+
+    preview.setPreviewMouseMode(HVMouseMode::Zoom);
+    const QPointF target = fitted.inverted().map(QPointF(60, 70));
+    drag({50, 60}, {70, 80});
+    EXPECT_GT(viewer().scale(), fitted.m11() * 5);
+    EXPECT_LT((viewer().pageToViewer().map(target) - viewer().rect().center()).manhattanLength(), 2);
+
+    preview.setPreviewMouseMode(HVMouseMode::CrossNavigation);
+    QTest::mouseClick(&viewer(), Qt::LeftButton, {}, {33, 44});
+    ASSERT_TRUE(viewer().cross());
+    EXPECT_LT((viewer().pageToViewer().map(*viewer().cross()) - QPointF(33, 44)).manhattanLength(), 1e-6);
+
+    const QPointF kept = viewer().pageToViewer().inverted().map(QPointF(100, 90));
+    const double before = viewer().scale();
+    QWheelEvent wheel(QPointF(100, 90), viewer().mapToGlobal(QPoint(100, 90)), {}, QPoint(0, -120), Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&viewer(), &wheel);
+    EXPECT_LT(viewer().scale(), before);
+    EXPECT_LT((viewer().pageToViewer().map(kept) - QPointF(100, 90)).manhattanLength(), 1e-6);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
