@@ -164,6 +164,8 @@ void HVPreviewViewer::paintEvent(QPaintEvent* /*event*/)
         painter.setPen(palette().color(QPalette::Disabled, QPalette::Text));
         painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap, m_hint);
     }
+    // Styles fill a frame with the painter's brush.
+    painter.setBrush(Qt::NoBrush);
     QStyleOptionFrame frame;
     frame.initFrom(this);
     frame.lineWidth = g_frame;

@@ -134,7 +134,7 @@ void HVFilePathLineEdit::browse()
     if (isSave)
         connect(dialog, &QFileDialog::filterSelected, dialog,
                 [dialog](const QString& filter) { dialog->setDefaultSuffix(firstSuffix(filter)); });
-    if (isSave || QFileInfo::exists(m_path))
+    if (isSave ? !m_path.isEmpty() : QFileInfo(m_path).isFile())
         dialog->selectFile(QFileInfo(m_path).fileName());
     connect(dialog, &QFileDialog::fileSelected, this, [this](const QString& file) {
         lastFolder() = QFileInfo(file).absolutePath();

@@ -14,10 +14,12 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
 #include <QUrl>
@@ -136,7 +138,17 @@ TEST(FilePathLineEdit, asksInTheFolderOfThePathAndCompletesTheSuffix)
         if (name.isEmpty()) {
             dialog->reject();
         } else {
-            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name);
+            auto* line = dialog->findChild<QLineEdit*>("fileNameEdit");
+            QApplication::setActiveWindow(dialog);
+            line->setFocus(); // or the file that is selected in the list stays so
+            line->selectAll();
+            QTest::keyClicks(line, name);
+            QTimer::singleShot(1000, dialog, [] {
+                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                ADD_FAILURE() << (box ? box->text().toStdString() : "the chooser asks something");
+                if (box)
+                    box->reject();
+            });
             QMetaObject::invokeMethod(dialog, "accept");
         }
         EXPECT_TRUE(QTest::qWaitFor([&] { return !widget.findChild<QFileDialog*>(); }, 1000));
