@@ -1,6 +1,7 @@
 #include "host/widgets/HVObjectComboBox.h"
 
 #include "host/services/HVIconStore.h"
+#include "host/services/HVProjectItemDrag.h"
 #include "host/widgets/HVProjectModel.h"
 #include "host/widgets/HVProjectObjects.h"
 
@@ -61,9 +62,9 @@ public:
         case Qt::ToolTipRole:
             return QDir::toNativeSeparators(row.path);
         case Qt::UserRole:
-        case HVProjectModel::ObjectPathRole:
+        case hv::g_objectPathRole:
             return row.path;
-        case HVProjectModel::ObjectTypeRole:
+        case hv::g_objectTypeRole:
             return static_cast<int>(row.kind);
         default:
             return {};

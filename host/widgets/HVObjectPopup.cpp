@@ -1,6 +1,7 @@
 #include "host/widgets/HVObjectPopup.h"
 
 #include "host/services/HVIconStore.h"
+#include "host/services/HVProjectItemDrag.h"
 #include "host/widgets/HVProjectFilter.h"
 #include "host/widgets/HVProjectModel.h"
 #include "host/widgets/HVProjectObjects.h"
@@ -105,7 +106,7 @@ void HVObjectPopup::place()
 void HVObjectPopup::search()
 {
     m_searchSoon.stop();
-    const QString current = m_view->currentIndex().data(HVProjectModel::ObjectPathRole).toString();
+    const QString current = m_view->currentIndex().data(hv::g_objectPathRole).toString();
     m_filter->setText(m_search->text());
     m_view->expandAll();
     QString hint;
@@ -122,7 +123,7 @@ QModelIndex HVObjectPopup::find(const QModelIndex& parent, const QString& path) 
 {
     for (int row = 0; row < m_filter->rowCount(parent); ++row) {
         const QModelIndex index = m_filter->index(row, 0, parent);
-        const QString object = index.data(HVProjectModel::ObjectPathRole).toString();
+        const QString object = index.data(hv::g_objectPathRole).toString();
         if (!object.isEmpty() && (path.isEmpty() || object == path))
             return index;
         if (const QModelIndex below = find(index, path); below.isValid())
@@ -142,7 +143,7 @@ void HVObjectPopup::makeCurrent(const QString& path)
 
 void HVObjectPopup::choose(const QModelIndex& index)
 {
-    const QString path = index.data(HVProjectModel::ObjectPathRole).toString();
+    const QString path = index.data(hv::g_objectPathRole).toString();
     if (path.isEmpty())
         return;
     hide();

@@ -1,5 +1,6 @@
 // The switch and the widgets that choose files and objects of the project, in real windows.
 #include "host/data/HVProjectService.h"
+#include "host/services/HVProjectItemDrag.h"
 #include "host/widgets/HVFilePathLineEdit.h"
 #include "host/widgets/HVInputSelectionLineEdit.h"
 #include "host/widgets/HVObjectComboBox.h"
@@ -197,8 +198,8 @@ protected:
     {
         HVProjectModel model;
         model.setProject(projects.project());
-        const QModelIndexList found = model.match(model.index(0, 0), HVProjectModel::ObjectPathRole, objectPath, 1,
-                                                  Qt::MatchExactly | Qt::MatchRecursive);
+        const QModelIndexList found =
+            model.match(model.index(0, 0), hv::g_objectPathRole, objectPath, 1, Qt::MatchExactly | Qt::MatchRecursive);
         return std::unique_ptr<QMimeData>(model.mimeData(found));
     }
 
