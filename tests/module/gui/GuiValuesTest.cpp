@@ -47,7 +47,7 @@ TEST_F(GuiValues, DraggedObjectsOutliveTheDrag)
     const std::function<void(const QModelIndex&)> collect = [&](const QModelIndex& parent) {
         for (int row = 0; row < model.rowCount(parent); ++row) {
             const QModelIndex index = model.index(row, 0, parent);
-            if (index.data(HVProjectModel::ObjectPathRole).isValid())
+            if (index.data(hv::g_objectPathRole).isValid())
                 all << index;
             collect(index);
         }
