@@ -86,7 +86,9 @@ PyObject* callInherited(Handler handler, PyObject* self, PyObject* argument)
         auto& handle = static_cast<WidgetHandle&>(handleOf(self));
         handle.widget();
         QEvent* event = eventOf(argument);
-        if (!event || event->type() != description.event)
+        // Qt asks the press handler about the second press of a double click too.
+        const bool isPress = handler == Handler::MousePress && event && event->type() == QEvent::MouseButtonDblClick;
+        if (!event || (event->type() != description.event && !isPress))
             raise(PyExc_TypeError, "%s.%s(), wrong argument of type '%s'", handle.className(), description.name,
                   typeName(argument));
         if (!handle.peer())
