@@ -45,6 +45,14 @@ void place(PyObject* self, const std::shared_ptr<ObjectHandle>& handle)
 
 } // namespace
 
+void reserveHandle(PyTypeObject* type)
+{
+    // What the binding layer asks a class for; without an answer it makes and drops an exception for every object.
+    const bp::object size(bp::objects::additional_instance_size<HandleHolder>::value);
+    if (PyObject_SetAttrString(reinterpret_cast<PyObject*>(type), "__instance_size__", size.ptr()) < 0)
+        raisePending();
+}
+
 ObjectHandle& handleOf(PyObject* self)
 {
     ObjectHandle* handle = findHandle(self);
@@ -67,7 +75,7 @@ void installHandle(PyObject* self, const std::shared_ptr<ObjectHandle>& handle)
 
 bp::object makeInstance(PyTypeObject* type, const std::shared_ptr<ObjectHandle>& handle)
 {
-    const bp::object made = owned(type->tp_alloc(type, 0));
+    const bp::object made = owned(type->tp_alloc(type, 0)); // the handle gets memory of its own
     place(made.ptr(), handle);
     return made;
 }

@@ -22,6 +22,9 @@ void installHandle(PyObject* self, const std::shared_ptr<ObjectHandle>& handle);
 /// A new object of `type` with this handle.
 boost::python::object makeInstance(PyTypeObject* type, const std::shared_ptr<ObjectHandle>& handle);
 
+/// Lets objects of `type`, and of the classes derived from it later, have room for their handle. Called once.
+void reserveHandle(PyTypeObject* type);
+
 /// The Python class that is registered for a class of handles.
 template <typename HandleType>
 PyTypeObject* classOf()

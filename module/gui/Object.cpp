@@ -1,6 +1,6 @@
 #include "module/Bindings.h"
 #include "module/gui/Collection.h"
-#include "module/gui/ObjectHandle.h"
+#include "module/gui/HandleInstance.h"
 
 namespace bp = boost::python;
 
@@ -23,7 +23,9 @@ void bindObject()
             .add_property("deleted", isDeleted,
                           "bool: Whether the application has destroyed what this object stands for; everything else "
                           "then raises RuntimeError. Read-only.");
-    showReferencesToCollector(reinterpret_cast<PyTypeObject*>(object.ptr()));
+    auto* type = reinterpret_cast<PyTypeObject*>(object.ptr());
+    showReferencesToCollector(type);
+    reserveHandle(type);
 }
 
 } // namespace python
