@@ -2,9 +2,11 @@
 
 #include "runtime/Errors.h"
 
+#include <QHash>
+#include <QVarLengthArray>
+
 #include <algorithm>
 #include <array>
-#include <cstring>
 
 namespace bp = boost::python;
 
@@ -24,22 +26,34 @@ struct Setting
     int rank;
 };
 
-const char* propertyOf(const ConstructorArguments& names, const char* argument)
+/// The str of a name with static storage; made once.
+PyObject* strOf(const char* name)
 {
-    const auto* found = std::find_if(names.begin(), names.end(), [&](const ConstructorArgument& candidate) {
-        return std::strcmp(candidate.name, argument) == 0;
-    });
-    return found != names.end() ? found->property : argument;
+    static QHash<const char*, PyObject*> known;
+    PyObject*& str = known[name];
+    if (!str)
+        str = PyUnicode_InternFromString(name);
+    if (!str)
+        raisePending();
+    return str;
 }
 
-Setting makeSetting(PyTypeObject* type, const char* argument, const char* property, PyObject* value)
+/// Interned, as the names of keyword arguments are.
+PyObject* propertyOf(const ConstructorArguments& names, PyObject* argument)
 {
-    const bp::object name = owned(PyUnicode_InternFromString(property));
-    PyObject* descriptor = _PyType_Lookup(type, name.ptr());
+    const auto* found = std::find_if(names.begin(), names.end(), [&](const ConstructorArgument& candidate) {
+        return strOf(candidate.name) == argument;
+    });
+    return found != names.end() ? strOf(found->property) : argument;
+}
+
+Setting makeSetting(PyTypeObject* type, const char* argument, PyObject* property, PyObject* value)
+{
+    PyObject* descriptor = _PyType_Lookup(type, property);
     if (!descriptor || !PyDescr_IsData(descriptor))
         raise(PyExc_TypeError, "%s() got an unexpected keyword argument '%s'", type->tp_name, argument);
     const auto* last = std::find_if(g_lastProperties.begin(), g_lastProperties.end(),
-                                    [&](const char* candidate) { return std::strcmp(candidate, property) == 0; });
+                                    [&](const char* candidate) { return strOf(candidate) == property; });
     const bool isLast = last != g_lastProperties.end();
     return {descriptor, value, isLast ? static_cast<int>(last - g_lastProperties.begin()) + 1 : 0};
 }
@@ -55,12 +69,12 @@ void applyArguments(PyObject* self, PyTypeObject* type, const ConstructorArgumen
     if (count > static_cast<Py_ssize_t>(names.size()))
         raise(PyExc_TypeError, "%s() takes at most %d positional arguments (%zd given)", type->tp_name,
               static_cast<int>(names.size()), count);
-    std::vector<Setting> settings;
+    QVarLengthArray<Setting, 8> settings;
     for (Py_ssize_t index = 0; index < count; ++index) {
         const ConstructorArgument& name = names.begin()[index];
         if (keywords && PyDict_GetItemString(keywords, name.name))
             raise(PyExc_TypeError, "%s() got multiple values for argument '%s'", type->tp_name, name.name);
-        settings.push_back(makeSetting(type, name.name, name.property, PyTuple_GET_ITEM(arguments, index)));
+        settings.push_back(makeSetting(type, name.name, strOf(name.property), PyTuple_GET_ITEM(arguments, index)));
     }
     PyObject* key = nullptr;
     PyObject* value = nullptr;
@@ -68,10 +82,11 @@ void applyArguments(PyObject* self, PyTypeObject* type, const ConstructorArgumen
         const char* argument = PyUnicode_AsUTF8(key);
         if (!argument)
             raisePending();
-        settings.push_back(makeSetting(type, argument, propertyOf(names, argument), value));
+        settings.push_back(makeSetting(type, argument, propertyOf(names, key), value));
     }
-    std::stable_sort(settings.begin(), settings.end(),
-                     [](const Setting& one, const Setting& other) { return one.rank < other.rank; });
+    if (settings.size() > 1)
+        std::stable_sort(settings.begin(), settings.end(),
+                         [](const Setting& one, const Setting& other) { return one.rank < other.rank; });
     for (const Setting& setting : settings)
         if (Py_TYPE(setting.descriptor)->tp_descr_set(setting.descriptor, self, setting.value) < 0)
             raisePending();

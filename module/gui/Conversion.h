@@ -4,10 +4,14 @@
 #include "module/gui/IconHandle.h"
 #include "runtime/Errors.h"
 #include "runtime/NumberArguments.h"
+#include "runtime/ValueInstance.h"
 
 #include <boost/python.hpp>
 
 #include <QIcon>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
 #include <QString>
 
 #include <limits>
@@ -47,6 +51,18 @@ inline PyObject* toPython(const boost::python::object& object)
 inline PyObject* toPython(Qt::Alignment alignment)
 {
     return boost::python::incref(boost::python::object(static_cast<Qt::AlignmentFlag>(int(alignment))).ptr());
+}
+inline PyObject* toPython(const QPoint& point)
+{
+    return ValueInstance<QPoint>::make(point);
+}
+inline PyObject* toPython(const QSize& size)
+{
+    return ValueInstance<QSize>::make(size);
+}
+inline PyObject* toPython(const QRect& rectangle)
+{
+    return ValueInstance<QRect>::make(rectangle);
 }
 /// Enumerations and the value classes of the binding layer.
 template <typename Value>

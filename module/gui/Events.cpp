@@ -3,6 +3,7 @@
 #include "module/Bindings.h"
 #include "module/gui/Conversion.h"
 #include "module/gui/Guarded.h"
+#include "module/gui/MimeContent.h"
 #include "module/gui/ScrollDirection.h"
 #include "runtime/ClassSlots.h"
 #include "runtime/Errors.h"
@@ -176,6 +177,11 @@ ScrollDirection scrollDirection(QWheelEvent& event)
     return ScrollDirection::NoDirection;
 }
 
+MimeContent mimeData(QDropEvent& event)
+{
+    return event.mimeData() ? MimeContent::of(*event.mimeData()) : MimeContent();
+}
+
 PyGetSetDef g_event[] = {
     readOnlyOf<+[](QEvent& event) { return event.type(); }>("eventType", "EventType: What happened. Read-only."),
     readOnlyOf<+[](QEvent& event) { return event.isAccepted(); }>(
@@ -223,6 +229,7 @@ PyGetSetDef g_resizeEvent[] = {
         "oldSize", "Size: Size before, (-1, -1) for the first time. Read-only."),
 };
 PyGetSetDef g_dropEvent[] = {
+    readOnlyOf<mimeData>("mimeData", "MimeData: A copy of what is dragged. Read-only."),
     readOnlyOf<+[](QDropEvent& event) { return event.pos(); }>("position", "Point: Place in the widget. Read-only."),
 };
 PyGetSetDef g_dragMoveEvent[] = {

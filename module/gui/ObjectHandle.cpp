@@ -1,5 +1,6 @@
 #include "module/gui/ObjectHandle.h"
 
+#include "module/gui/ObjectPeer.h"
 #include "runtime/Errors.h"
 
 #include <QHash>
@@ -24,26 +25,29 @@ QHash<QObject*, Entry>& entries()
 
 ObjectHandle::~ObjectHandle()
 {
-    forgetEntry();
-}
-
-void ObjectHandle::forgetEntry()
-{
+    if (!m_isRemembered)
+        return;
     // An object at the address of a destroyed one may have got a handle of its own.
-    const auto entry = entries().find(m_key);
+    const auto entry = entries().find(m_object);
     if (entry != entries().end() && entry->handle == this)
         entries().erase(entry);
 }
 
 PyObject* ObjectHandle::known(QObject* object)
 {
+    if (const auto* peer = dynamic_cast<ObjectPeer*>(object))
+        return peer->self();
     const auto entry = entries().constFind(object);
     return entry != entries().constEnd() && entry->handle->objectOrNull() == object ? entry->self : nullptr;
 }
 
 void ObjectHandle::remember(ObjectHandle& handle, PyObject* self)
 {
-    entries().insert(handle.m_key, {&handle, self});
+    if (handle.isScriptMade())
+        return;
+    handle.m_watched = handle.m_object;
+    handle.m_isRemembered = true;
+    entries().insert(handle.m_object, {&handle, self});
 }
 
 void ObjectHandle::raiseDeleted() const

@@ -29,7 +29,7 @@ class ObjectHandle
 {
 public:
     /// `object` is not owned; `className` is the Python name and stays valid.
-    ObjectHandle(QObject* object, const char* className) : m_object(object), m_key(object), m_className(className) {}
+    ObjectHandle(QObject* object, const char* className) : m_object(object), m_className(className) {}
     virtual ~ObjectHandle();
     ObjectHandle(const ObjectHandle&) = delete;
     ObjectHandle& operator=(const ObjectHandle&) = delete;
@@ -39,11 +39,12 @@ public:
     Object& alive() const
     {
         requireGuiThread();
-        if (!m_object) [[unlikely]]
+        QObject* object = objectOrNull();
+        if (!object) [[unlikely]]
             raiseDeleted();
-        return *static_cast<Object*>(m_object.data());
+        return *static_cast<Object*>(object);
     }
-    QObject* objectOrNull() const { return m_object; }
+    QObject* objectOrNull() const { return m_isRemembered && !m_watched ? nullptr : m_object; }
     const char* className() const { return m_className; }
 
     /// Whether the Qt object and all that hangs in it goes when the Python object does, at the latest when the Qt
@@ -52,20 +53,21 @@ public:
 
     /// The Python object of a living handle on `object`, borrowed; null when there is none.
     static PyObject* known(QObject* object);
+    /// Makes `self` known as the object of the handle. Objects that scripts made know theirs and tell of their end;
+    /// those of the application are watched from here on.
     static void remember(ObjectHandle& handle, PyObject* self);
 
 protected:
     /// The Qt object is about to go.
-    void forgetObject() { m_object.clear(); }
-    /// The Python object is about to go.
-    void forgetEntry();
+    void forgetObject() { m_object = nullptr; }
 
 private:
     [[noreturn]] void raiseDeleted() const;
 
-    QPointer<QObject> m_object;
-    QObject* m_key; // only an address: the object may be gone
+    QPointer<QObject> m_watched;
+    QObject* m_object; // only an address when m_watched has lost it
     const char* m_className;
+    bool m_isRemembered = false;
 };
 
 } // namespace python

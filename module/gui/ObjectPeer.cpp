@@ -12,7 +12,6 @@ OwningHandle::~OwningHandle()
         return;
     QObject& object = m_peer->object();
     m_peer->detach();
-    forgetEntry(); // destroying it may run Python code
     const bool isHere = QThread::currentThread() == object.thread();
     if (isHere && object.parent())
         return; // goes with the parent
@@ -43,6 +42,8 @@ void ObjectPeer::detach()
 
 ObjectPeer::~ObjectPeer()
 {
+    if (!m_handle && !m_kept)
+        return; // the Python object went first
     const LateGilLock lock;
     if (!lock)
         return;

@@ -66,7 +66,8 @@ int set(PyObject* self, PyObject* value, void* member)
         using Types = Signature<decltype(setter)>;
         const ObjectHandle& handle = handleOf(self);
         auto& object = handle.alive<typename Types::Owner>();
-        const std::string where = std::string(handle.className()) + "." + static_cast<const char*>(member);
+        static std::string where; // of the GUI thread, as everything behind alive()
+        where.assign(handle.className()).append(1, '.').append(static_cast<const char*>(member));
         if (!value)
             raise(PyExc_AttributeError, "%s can not be deleted", where.c_str());
         auto&& argument = Argument<typename Types::Argument>::from(value, where.c_str());

@@ -1458,6 +1458,9 @@ class ResizeEvent(_QEvent):
 class DropEvent(_QEvent):
     """Something dragged is dropped on the widget."""
     @property
+    def mimeData(self) -> MimeData:
+        """A copy of what is dragged. Read-only."""
+    @property
     def position(self) -> Point:
         """Place in the widget. Read-only."""
 

@@ -15,49 +15,63 @@
 
 namespace fixture {
 
-/// Sends a widget the event that a handler takes, the way Qt does: a scroll area gets what the mouse does from the part
-/// that it scrolls.
+struct ScrollArea : QAbstractScrollArea
+{
+    static bool send(QAbstractScrollArea& area, QEvent& event) { return (area.*&ScrollArea::viewportEvent)(&event); }
+};
+
+/// Gives a widget the event that a handler takes: a scroll area gets what the mouse does by way of the part that it
+/// scrolls. Not by way of QApplication, which remembers where something dragged is and leaves out mouse moves.
 inline void sendEvent(QWidget& widget, python::Handler handler)
 {
     using python::Handler;
-    QWidget* target = &widget;
     auto* area = qobject_cast<QAbstractScrollArea*>(&widget);
-    if (area && (handler == Handler::Resize || handler >= Handler::MousePress))
-        target = area->viewport();
-    const auto send = [&](QEvent&& event) { QCoreApplication::sendEvent(target, &event); };
+    const bool isInside = handler == Handler::Resize || handler >= Handler::MousePress;
+    const auto send = [&](QEvent&& event) {
+        if (area && isInside)
+            ScrollArea::send(*area, event);
+        else
+            static_cast<QObject&>(widget).event(&event);
+    };
     const QEvent::Type type = python::describe(handler).event;
-    if (handler >= Handler::DragEnter)
-        target->setAcceptDrops(true); // or Qt asks the widgets around
     const QPointF place(3, 4);
     QMimeData mime;
     mime.setText("dragged");
     constexpr auto both = Qt::CopyAction | Qt::MoveAction;
     switch (handler) {
-        case Handler::Resize: return send(QResizeEvent(QSize(50, 40), QSize(20, 10)));
-        case Handler::Show: return send(QShowEvent());
-        case Handler::Hide: return send(QHideEvent());
-        case Handler::Close: return send(QCloseEvent());
-        case Handler::Enter:
-        case Handler::Leave: return send(QEvent(type));
-        case Handler::Move: return send(QMoveEvent(QPoint(5, 6), QPoint(1, 2)));
-        case Handler::KeyPress:
-        case Handler::KeyRelease: return send(QKeyEvent(type, Qt::Key_A, Qt::ShiftModifier, "A"));
-        case Handler::MousePress:
-        case Handler::MouseRelease:
-        case Handler::MouseDoubleClick:
-            return send(QMouseEvent(type, place, Qt::LeftButton, Qt::LeftButton, Qt::ControlModifier));
-        case Handler::MouseMove:
-            return send(QMouseEvent(type, place, Qt::NoButton, Qt::LeftButton, Qt::NoModifier));
-        case Handler::Wheel:
-            return send(QWheelEvent(place, place, {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                                    false));
-        case Handler::DragEnter:
-            send(QDragEnterEvent(place.toPoint(), both, &mime, Qt::LeftButton, Qt::NoModifier));
-            return send(QDragLeaveEvent()); // or Qt remembers the widget for longer than it lives
-        case Handler::DragMove:
-            return send(QDragMoveEvent(place.toPoint(), both, &mime, Qt::LeftButton, Qt::NoModifier));
-        case Handler::DragLeave: return send(QDragLeaveEvent());
-        case Handler::Drop: return send(QDropEvent(place, both, &mime, Qt::LeftButton, Qt::NoModifier));
+    case Handler::Resize:
+        return send(QResizeEvent(QSize(50, 40), QSize(20, 10)));
+    case Handler::Show:
+        return send(QShowEvent());
+    case Handler::Hide:
+        return send(QHideEvent());
+    case Handler::Close:
+        return send(QCloseEvent());
+    case Handler::Enter:
+    case Handler::Leave:
+        return send(QEvent(type));
+    case Handler::Move:
+        return send(QMoveEvent(QPoint(5, 6), QPoint(1, 2)));
+    case Handler::KeyPress:
+    case Handler::KeyRelease:
+        return send(QKeyEvent(type, Qt::Key_A, Qt::ShiftModifier, "A"));
+    case Handler::MousePress:
+    case Handler::MouseRelease:
+    case Handler::MouseDoubleClick:
+        return send(QMouseEvent(type, place, Qt::LeftButton, Qt::LeftButton, Qt::ControlModifier));
+    case Handler::MouseMove:
+        return send(QMouseEvent(type, place, Qt::NoButton, Qt::LeftButton, Qt::NoModifier));
+    case Handler::Wheel:
+        return send(
+            QWheelEvent(place, place, {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false));
+    case Handler::DragEnter:
+        return send(QDragEnterEvent(place.toPoint(), both, &mime, Qt::LeftButton, Qt::NoModifier));
+    case Handler::DragMove:
+        return send(QDragMoveEvent(place.toPoint(), both, &mime, Qt::LeftButton, Qt::NoModifier));
+    case Handler::DragLeave:
+        return send(QDragLeaveEvent());
+    case Handler::Drop:
+        return send(QDropEvent(place, both, &mime, Qt::LeftButton, Qt::NoModifier));
     }
 }
 
