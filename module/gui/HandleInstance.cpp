@@ -36,6 +36,16 @@ ObjectHandle* findHandle(PyObject* object)
     return nullptr;
 }
 
+PyObject* makeRoom(PyTypeObject* type, PyObject* /*arguments*/, PyObject* /*keywords*/)
+{
+    constexpr Py_ssize_t room = bp::objects::additional_instance_size<HandleHolder>::value;
+    PyObject* object = type->tp_alloc(type, room);
+    // How the binding layer notes that the room is free.
+    if (object)
+        Py_SET_SIZE(object, -(room + static_cast<Py_ssize_t>(offsetof(bp::objects::instance<>, storage))));
+    return object;
+}
+
 void place(PyObject* self, const std::shared_ptr<ObjectHandle>& handle)
 {
     void* memory = HandleHolder::allocate(self, offsetof(Instance, storage), sizeof(HandleHolder));
@@ -47,9 +57,12 @@ void place(PyObject* self, const std::shared_ptr<ObjectHandle>& handle)
 
 void reserveHandle(PyTypeObject* type)
 {
-    // What the binding layer asks a class for; without an answer it makes and drops an exception for every object.
-    const bp::object size(bp::objects::additional_instance_size<HandleHolder>::value);
-    if (PyObject_SetAttrString(reinterpret_cast<PyObject*>(type), "__instance_size__", size.ptr()) < 0)
+    type->tp_new = makeRoom;
+    // What a class written in Python finds as super().__new__: the interpreter's function, for this class.
+    PyObject* objectsOwn = PyDict_GetItemString(PyBaseObject_Type.tp_dict, "__new__");
+    const bp::object function = owned(PyCFunction_NewEx(reinterpret_cast<PyCFunctionObject*>(objectsOwn)->m_ml,
+                                                        reinterpret_cast<PyObject*>(type), nullptr));
+    if (PyObject_SetAttrString(reinterpret_cast<PyObject*>(type), "__new__", function.ptr()) < 0)
         raisePending();
 }
 
@@ -75,7 +88,7 @@ void installHandle(PyObject* self, const std::shared_ptr<ObjectHandle>& handle)
 
 bp::object makeInstance(PyTypeObject* type, const std::shared_ptr<ObjectHandle>& handle)
 {
-    const bp::object made = owned(type->tp_alloc(type, 0)); // the handle gets memory of its own
+    const bp::object made = owned(makeRoom(type, nullptr, nullptr));
     place(made.ptr(), handle);
     return made;
 }

@@ -22,7 +22,8 @@ void installHandle(PyObject* self, const std::shared_ptr<ObjectHandle>& handle);
 /// A new object of `type` with this handle.
 boost::python::object makeInstance(PyTypeObject* type, const std::shared_ptr<ObjectHandle>& handle);
 
-/// Lets objects of `type`, and of the classes derived from it later, have room for their handle. Called once.
+/// Lets objects of `type`, and of the classes derived from it later, have room for their handle. Called once. The
+/// binding layer's own way asks each class for a number, and makes and drops an exception where there is none.
 void reserveHandle(PyTypeObject* type);
 
 /// The Python class that is registered for a class of handles.
