@@ -12,7 +12,8 @@
 namespace python {
 
 /// The callable in the hands of `sender`, which lets it go when it is destroyed. `method` is what scripts call, with
-/// its class and brackets ("Button.clicked()"), and stays valid. Raises TypeError for what can not be called.
+/// its class and brackets, and stays valid. Raises TypeError for what can not be called, for example
+/// "Button.clicked(), expected callable object, but got '%s' instead".
 struct Connection
 {
     Connection(QObject& sender, const boost::python::object& callable, const char* method);

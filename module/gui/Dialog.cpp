@@ -13,6 +13,9 @@
 #include <QPointer>
 #include <QWindow>
 
+#include <algorithm>
+#include <vector>
+
 namespace bp = boost::python;
 
 namespace python {
@@ -56,15 +59,45 @@ void placeOverApplication(QDialog& dialog)
     }
 }
 
+/// The dialogs that execute() waits for. GUI thread.
+std::vector<const QDialog*>& waitingDialogs()
+{
+    static std::vector<const QDialog*> all;
+    return all;
+}
+
+/// Shows the dialog and waits until it is hidden or gone.
+int waitFor(const QPointer<QDialog>& dialog)
+{
+    dialog->setAttribute(Qt::WA_ShowModal);
+    dialog->setResult(QDialog::Rejected);
+    dialog->show();
+    // Qt would wait for ever for a dialog that its own handlers have already closed.
+    if (dialog && dialog->isVisible())
+        return dialog->exec();
+    return dialog ? dialog->result() : QDialog::Rejected;
+}
+
 QDialog::DialogCode execute(const Handle<QDialog>& handle)
 {
-    QPointer<QDialog> dialog = &handle.get();
-    if (dialog->isVisible() && dialog->testAttribute(Qt::WA_ShowModal))
+    const QPointer<QDialog> dialog = &handle.get();
+    const QDialog* key = dialog;
+    std::vector<const QDialog*>& waiting = waitingDialogs();
+    if (std::find(waiting.begin(), waiting.end(), key) != waiting.end())
         raise(PyExc_RuntimeError, "Dialog.execute(), the dialog is already waiting for an answer");
     placeOverApplication(*dialog);
-    const RunPause pause;
-    const GilRelease release;
-    return dialog->exec() == QDialog::Accepted ? QDialog::Accepted : QDialog::Rejected;
+    const bool wasModal = dialog->testAttribute(Qt::WA_ShowModal);
+    waiting.push_back(key);
+    int answer = QDialog::Rejected;
+    {
+        const RunPause pause;
+        const GilRelease release;
+        answer = waitFor(dialog);
+        if (dialog)
+            dialog->setAttribute(Qt::WA_ShowModal, wasModal);
+    }
+    waiting.erase(std::find(waiting.begin(), waiting.end(), key));
+    return answer == QDialog::Accepted ? QDialog::Accepted : QDialog::Rejected;
 }
 
 void accepted(const Handle<QDialog>& handle, const bp::object& callable)

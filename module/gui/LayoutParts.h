@@ -23,8 +23,9 @@ void joinLayout(QLayout& outer, QLayout& inner);
 /// To be called when a widget has been taken out of `layout`.
 void leaveLayout(QLayout& layout, QWidget& widget);
 
-/// The layout in an argument of `method`, which may be put into `outer`. Raises TypeError "<method>, expected 'Layout'
-/// but got '...' instead", ValueError for one that is already in a widget or layout or that would be inside itself.
+/// The layout in an argument of `method`, which may be put into `outer`. Raises TypeError, for example
+/// "Layout.addLayout(), expected 'Layout' but got 'NoneType' instead", ValueError for one that is already in a widget
+/// or layout or that would be inside itself.
 QLayout& requireInnerLayout(const boost::python::object& argument, const QLayout& outer, const char* method);
 
 /// A label that Qt owns as soon as the layout is in a window, and the layout until then.

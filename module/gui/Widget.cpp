@@ -167,6 +167,16 @@ void defineMap(Class& registered, const char* name, Function function, const cha
 
 } // namespace
 
+QWidget& requireWidget(const bp::object& argument, const WidgetTexts& texts)
+{
+    const bp::extract<const WidgetHandle&> handle(argument);
+    if (argument.is_none())
+        raise(PyExc_TypeError, texts.none);
+    if (!handle.check())
+        raise(PyExc_TypeError, texts.other, typeName(argument));
+    return handle().widget();
+}
+
 QWidget& requireWidget(const bp::object& argument, const char* method)
 {
     const bp::extract<const WidgetHandle&> handle(argument);

@@ -176,12 +176,14 @@ assert twice.errors == ["Dialog.execute(), the dialog is already waiting for an 
 answers = []
 again = Asking(lambda self: self.accept())
 def onAccepted():
-    answers.append(None)
-    if len(answers) < 3:
-        answers[-1] = again.execute() # inside its own accept()
+    try:
+        again.execute() # inside its own accept()
+    except RuntimeError as error:
+        answers.append(str(error))
 again.accepted(onAccepted)
-again.execute()
-assert answers[:2] == [sp.DialogResponse.Accepted] * 2, answers
+assert again.execute() == sp.DialogResponse.Accepted
+assert answers == ["Dialog.execute(), the dialog is already waiting for an answer"], answers
+assert again.execute() == sp.DialogResponse.Accepted and len(answers) == 2
 class Refusing(sp.Dialog):
     def closeEvent(self, event):
         event.ignore()
