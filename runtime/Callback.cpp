@@ -12,6 +12,8 @@ void Callback::operator()() const
 
 void Callback::call(PyObject* (*makeArgument)(const void*), const void* maker) const
 {
+    if (!QtCall::isPossible())
+        return;
     const QtCall scope(m_name);
     // The call may end the connection, and this object and the callable with it.
     PyObject* callable = m_reference.get();

@@ -17,6 +17,9 @@ public:
     QtCall(const QtCall&) = delete;
     QtCall& operator=(const QtCall&) = delete;
 
+    /// Windows may outlive the interpreter; then there is nothing to call.
+    static bool isPossible() { return Py_IsInitialized() != 0; }
+
     /// Whether Qt may still use an object that Python code now gives up: such objects are destroyed later.
     static bool isUnderWay() { return s_depth > 0; }
 

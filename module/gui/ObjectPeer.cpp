@@ -44,15 +44,15 @@ ObjectPeer::~ObjectPeer()
 {
     if (!m_handle && !m_kept)
         return; // the Python object went first
+    // While the interpreter ends there is no lock to take, but handles are still there to be told.
     const LateGilLock lock;
-    if (!lock)
-        return;
     const QtCall::Guard guard;
     if (m_handle)
         m_handle->forgetPeer();
     m_handle = nullptr;
     m_self = nullptr;
-    Py_CLEAR(m_kept);
+    if (lock)
+        Py_CLEAR(m_kept);
 }
 
 void ObjectPeer::updateKeeping()

@@ -54,6 +54,8 @@ bool WidgetPeer::isOwnedByQt()
 
 bool WidgetPeer::callOverride(Handler handler, QEvent& event)
 {
+    if (!QtCall::isPossible())
+        return false;
     const QtCall scope(describe(handler).name);
     const HandlerMethod& method = methodOf(handler);
     PyObject* self = this->self();
