@@ -67,6 +67,18 @@ void addToGrid(QGridLayout& grid, QWidget* label, const LayoutPart& field)
         grid.addWidget(field.widget, row, 1);
 }
 
+/// The first widget in the layout, or in the layouts in it, that takes the keyboard; null when none does.
+QWidget* firstToFocus(const QLayout& layout)
+{
+    for (int index = 0; index < layout.count(); ++index) {
+        QLayoutItem& item = *layout.itemAt(index);
+        QWidget* found = item.layout() ? firstToFocus(*item.layout()) : item.widget();
+        if (found && found->focusPolicy() != Qt::NoFocus)
+            return found;
+    }
+    return nullptr;
+}
+
 void addToForm(QFormLayout& form, QWidget* label, const LayoutPart& field)
 {
     if (field.layout)
@@ -124,8 +136,9 @@ void addLabelledRow(QLayout& layout, const char* method, const bp::object& label
     QWidget* label = requireLabel(labelArgument, layout, method);
     if (label && label == field.widget)
         raise(PyExc_ValueError, "%s, a widget can not be its own label", method);
-    if (auto* text = qobject_cast<QLabel*>(label); text && field.widget && !text->buddy())
-        text->setBuddy(field.widget); // Alt and the underlined letter lead to the field
+    if (auto* text = qobject_cast<QLabel*>(label); text && !text->buddy())
+        text->setBuddy(field.layout ? firstToFocus(*field.layout)
+                                    : field.widget); // Alt and the underlined letter lead to the field
     if (auto* form = qobject_cast<QFormLayout*>(&layout))
         addToForm(*form, label, field);
     else

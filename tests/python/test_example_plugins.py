@@ -1,4 +1,9 @@
-"""The computations of the example plug-ins, on numbers that can be worked out by hand."""
+"""The example plug-ins: their computations on numbers that can be worked out by hand, and the one with a dialog. The
+runner has opened a project of the tests' own.
+"""
+import contextlib
+import importlib.util
+import io
 import math
 import pathlib
 import struct
@@ -7,8 +12,12 @@ import tempfile
 import unittest
 
 EXAMPLES = pathlib.Path(__file__).parents[2] / "examples" / "plugins"
-sys.path[:0] = [str(EXAMPLES / name) for name in ("velocity_tools", "trace_header_report", "well_tie_quick_look")]
+sys.path[:0] = [str(EXAMPLES / name) for name in (
+    "velocity_tools", "trace_header_report", "well_tie_quick_look", "log_attributes")]
 
+import attribute_dialog
+import log_attributes
+import strativo_python as sp
 import textual_header
 import velocity
 import well_tie
@@ -68,3 +77,79 @@ class WellTie(unittest.TestCase):
         self.assertEqual(well_tie.draw(seismogram).count("*"), len(seismogram))
         with self.assertRaisesRegex(ValueError, "increase"):
             well_tie.synthetic("0 100 2\n0 100 2\n1 100 2")
+
+
+class LogAttributes(unittest.TestCase):
+    DEPTHS = [0.0, 10.0, 20.0, 30.0, 40.0]
+    LAS = "~W\n NULL. -999 : NULL\n~C\n DEPT.M :\n TWT.MS :\n GR.GAPI : GAMMA\n~A\n%s"
+
+    def well(self, name, values=(3, 1, -999, 1, 3)):
+        path = pathlib.Path(sp.getProject().getFilename(sp.ObjectId.Well, name))
+        path.parent.mkdir(exist_ok=True)
+        rows = ("%g %g %g\n" % (depth, 2 * depth, value) for depth, value in zip(self.DEPTHS, values))
+        path.write_text(self.LAS % "".join(rows))
+        self.addCleanup(path.unlink)
+        return path
+
+    def test_windows(self):
+        def attribute(kind, values, length):
+            return log_attributes.window_attribute(self.DEPTHS, values, kind, length, range(5))
+
+        values = [3.0, 1.0, math.nan, 1.0, 3.0]
+        for kind, ends, middle in ((log_attributes.MEAN, 2, 1), (log_attributes.RMS, math.sqrt(5), 1),
+                                   (log_attributes.DEVIATION, 1, 0)):
+            for got, wanted in zip(attribute(kind, values, 20), (ends, ends, middle, ends, ends)):
+                self.assertAlmostEqual(got, wanted)
+        self.assertTrue(math.isnan(attribute(log_attributes.MEAN, values, 5)[2]))
+        # Small differences on a large number survive.
+        deviations = attribute(log_attributes.DEVIATION, [1e8 + value for value in (0, 1, 0, 1, 0)], 80)
+        self.assertAlmostEqual(deviations[2], math.sqrt(0.24), places=6)
+        self.assertEqual(log_attributes.smooth([0.0, 4.0, 0.0, math.nan], 1)[:3], [4 / 3, 2.0, 4 / 3])
+
+    def test_refused_files(self):
+        path = self.well("broken")
+        for text, reason in ((self.LAS % "0 0 1\n1 2\n", "line 9"), (self.LAS % "1 0 1\n1 0 1\n", "increase"),
+                             (self.LAS % "", "no curves"), ("PNG", "no curves")):
+            path.write_text(text)
+            with self.assertRaisesRegex(ValueError, reason):
+                log_attributes.read_las(path)
+
+    def test_dialog(self):
+        self.well("A & B")
+        self.well("broken", values=(1,)).write_text("~A\n")
+        spec = importlib.util.spec_from_file_location("log_attributes_main", EXAMPLES / "log_attributes" / "main.py")
+        main = importlib.util.module_from_spec(spec)
+        spec.loader.exec_module(main)
+        main.ask()
+        dialog = main.dialog
+        self.assertFalse(dialog.compute.enabled)
+        for name, text in (("<C>", "no well of this name"), ("broken", "no curves"), ("a/b", "can not be used")):
+            dialog.well.text = name
+            self.assertIn(text, dialog.message.text)
+            self.assertEqual((dialog.compute.enabled, dialog.curve.count, dialog.picture.text), (False, 0, ""))
+        dialog.well.text = " A & B "
+        dialog.attribute.currentText = log_attributes.MEAN
+        dialog.smoothing.value = 0
+        before = dialog.picture.text
+        dialog.window.value = 20
+        self.assertNotEqual(dialog.picture.text, before)
+        self.assertEqual((dialog.curve.currentText, dialog.message.text), ("GR", "5 samples, 0 to 40 m"))
+        self.assertEqual(dialog.summary.text, "Mean of GR: 1.0 to 2.0 GAPI, on average 1.8")
+        dialog.save.checked = True
+        output = io.StringIO()
+        with contextlib.redirect_stdout(output):
+            dialog.accept()
+        self.assertRegex(output.getvalue(), r"GR_MEAN of well A & B, window 20 m:\n +0\.00 m +2\.00 GAPI\n")
+        saved = pathlib.Path(sp.getProject().getFilename(sp.ObjectId.Well, "A & B GR_MEAN"))
+        self.addCleanup(saved.unlink)
+        log = log_attributes.read_las(saved)
+        self.assertEqual(log.curves["GR_MEAN"], [2, 2, 1, 2, 2])
+        self.assertTrue(math.isnan(log.curves["GR"][2]))
+
+        # What was cancelled is forgotten, what was computed comes back.
+        main.ask()
+        dialog.window.value, dialog.curve.currentText = 90, "TWT"
+        dialog.reject()
+        main.ask()
+        self.assertEqual((dialog.window.value, dialog.curve.currentText, dialog.well.text), (20, "GR", "A & B"))
+        dialog.reject()

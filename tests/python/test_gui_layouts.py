@@ -5,8 +5,8 @@ import weakref
 
 import qt_warnings
 import strativo_python as sp
-from strativo_python import (Align, Button, Dialog, FormLayout, Frame, GridLayout, GroupBox, HBoxLayout, MenuBar, Orientation,
-                             ScrollArea, Splitter, StackedWidget, TabWidget, VBoxLayout, Widget)
+from strativo_python import (Align, Button, Dialog, FormLayout, Frame, GridLayout, GroupBox, HBoxLayout, LineEdit,
+                             MenuBar, Orientation, ScrollArea, Splitter, StackedWidget, TabWidget, VBoxLayout, Widget)
 
 BIG = 1 << 40
 
@@ -282,6 +282,23 @@ class Arranging(QuietCase):
         self.assertEqual(form.count, count)
         window = Widget(layout=form)
         self.assertIs(field.parentWidget, window)
+
+    def test_letter_of_a_row_leads_into_a_layout(self):
+        # A label that leads nowhere shows its ampersand, so it is wider.
+        starts = []
+        for wrapped in (False, True):
+            field, form = LineEdit(), FormLayout()
+            if wrapped:
+                inner, row = VBoxLayout(), HBoxLayout(margin=0)
+                inner.addWidget(field)
+                inner.margin = 0
+                row.addLayout(inner)
+            form.addRow("&Inline", row if wrapped else field)
+            window = Dialog(layout=form)
+            window.show()
+            starts.append(field.toGlobalPosition((0, 0)).x - window.toGlobalPosition((0, 0)).x)
+            window.hide()
+        self.assertEqual(*starts)
 
     def test_menu_bar(self):
         window = Dialog(layout=VBoxLayout())
