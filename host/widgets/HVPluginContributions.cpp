@@ -23,6 +23,9 @@ QString descriptionOf(const QObject* object)
         return QStringLiteral("tool bar %1").arg(bar->windowTitle());
     if (const auto* window = qobject_cast<const QMdiSubWindow*>(object))
         return QStringLiteral("window %1").arg(window->windowTitle());
+    const auto* widget = qobject_cast<const QWidget*>(object);
+    if (widget && widget->isWindow() && widget->isVisible())
+        return QStringLiteral("window %1").arg(widget->windowTitle());
     return {};
 }
 

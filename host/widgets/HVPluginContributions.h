@@ -17,7 +17,7 @@ class HVPluginContributions
 public:
     static HVPluginContributions& instance();
 
-    /// Notes that `object` (QMenu, QToolBar, QAction, QMdiSubWindow) is there because of the plug-in. Several plug-ins
+    /// Notes that `object` (QMenu, QToolBar, QAction, QMdiSubWindow, a window) is there because of the plug-in. Several plug-ins
     /// may name the same object; it goes with the last of them. An empty folder is nobody's and ignored.
     void add(const QString& pluginFolder, QObject* object);
 

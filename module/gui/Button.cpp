@@ -64,6 +64,8 @@ void setMenu(QPushButton& button, const bp::object& value)
 }
 
 PyGetSetDef g_properties[] = {
+    property<&QPushButton::isDefault, &QPushButton::setDefault>("default",
+                                                                "bool: Whether the Return key presses it, in dialogs."),
     property<menu, setMenu>("menu", "Menu | None: What opens when the button is pressed."),
 };
 

@@ -1,4 +1,6 @@
+#include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
+#include "module/app/PluginContext.h"
 #include "module/gui/Construction.h"
 #include "module/gui/LayoutParts.h"
 #include "module/gui/PartArgument.h"
@@ -18,6 +20,14 @@ using QWidgetIndirect = Indirect<QWidget>;
 using PyWidget = Wrapper<QWidgetIndirect>;
 
 constexpr ConstructorArguments g_arguments = {{"parent", "parentWidget"}};
+
+/// A window of a plug-in goes with the plug-in. Those of the application are no plug-in's.
+void setVisible(QWidget& self, bool visible)
+{
+    if (visible && self.isWindow() && dynamic_cast<WidgetPeer*>(&self))
+        HVPluginContributions::instance().add(callingPluginFolder(), &self);
+    self.setVisible(visible);
+}
 
 void setWidth(QWidget& self, int width)
 {
@@ -73,7 +83,7 @@ PyGetSetDef g_properties[] = {
     property<&QWidget::windowTitle, &QWidget::setWindowTitle>("windowTitle",
                                                               "str: The text in the title bar or the tab."),
     property<&QWidget::isEnabled, &QWidget::setEnabled>("enabled", "bool: Whether the user can use the widget."),
-    property<&QWidget::isVisible, &QWidget::setVisible>(
+    property<&QWidget::isVisible, setVisible>(
         "visible", "bool: Whether the widget is shown. A part of a window is not visible before the window is."),
     property<&QWidget::whatsThis, &QWidget::setWhatsThis>("helpText",
                                                           "str: The longer explanation that Shift+F1 shows."),
@@ -125,7 +135,19 @@ struct MapPosition
 
 void show(const WidgetHandle& handle)
 {
-    handle.widget().show();
+    setVisible(handle.widget(), true);
+}
+
+void setFocus(const WidgetHandle& handle)
+{
+    handle.widget().setFocus(Qt::OtherFocusReason);
+}
+
+void activate(const WidgetHandle& handle)
+{
+    QWidget* window = handle.widget().window();
+    window->raise();
+    window->activateWindow();
 }
 
 void hide(const WidgetHandle& handle)
@@ -193,6 +215,9 @@ void bindWidget()
             "show", show, bp::args("self"),
             "show() -> None\n\nShows the widget. A window without a parent stays until it is closed, though the script "
             "keeps no name of it.")
+        .def("setFocus", setFocus, bp::args("self"),
+             "setFocus() -> None\n\nLets the widget take what is typed, as soon as its window is the active one.")
+        .def("activate", activate, bp::args("self"), "activate() -> None\n\nBrings the widget's window to the front.")
         .def("hide", hide, bp::args("self"), "hide() -> None\n\nHides the widget.")
         .def("close", close, bp::args("self"),
              "close() -> bool\n\nCloses the window; False when it refused, for example over unsaved changes.")

@@ -272,4 +272,26 @@ TEST_F(Application, icons)
               "RuntimeError: Icon.getBuiltinIcon(), requested icon 'no' not found");
 }
 
+TEST_F(Application, windowsGoWithTheirPlugin)
+{
+    ASSERT_TRUE(inPlugin("class Window(Dialog):\n  def hideEvent(self, event): pass\n"
+                         "Window('left open').show()\nWidget(windowTitle='never shown')\n"
+                         "kept = Dialog('kept')\nkept.show()"));
+    ASSERT_TRUE(run("mine = Dialog('of a script')\nmine.show()"));
+    const auto titles = [] {
+        QStringList found;
+        for (const QWidget* widget : QApplication::topLevelWidgets())
+            if (widget->isVisible())
+                found << widget->windowTitle();
+        found.sort();
+        return found.join(", ");
+    };
+    EXPECT_EQ(titles(), "kept, left open, of a script");
+    EXPECT_TRUE(plugin.unload());
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(titles(), "of a script");
+    EXPECT_NE(recorder.textOf(3).find("window left open"), std::string::npos) << recorder.textOf(3);
+    EXPECT_TRUE(run("mine.close()\ndel mine"));
+}
+
 } // namespace
