@@ -1526,6 +1526,10 @@ class _QWidget(_QObject):
     """What all windows and parts of windows have in common."""
     def show(self) -> None:
         """Shows the widget. A window without a parent stays until it is closed, though the script keeps no name of it."""
+    def setFocus(self) -> None:
+        """Lets the widget take what is typed, as soon as its window is the active one."""
+    def activate(self) -> None:
+        """Brings the widget's window to the front."""
     def hide(self) -> None:
         """Hides the widget."""
     def close(self) -> bool:
@@ -1871,6 +1875,11 @@ class _QPushButton(_QAbstractButton):
 
         Raises TypeError for what can not be called.
         """
+    @property
+    def default(self) -> bool:
+        """Whether the Return key presses it, in dialogs."""
+    @default.setter
+    def default(self, value: bool) -> None: ...
     @property
     def menu(self) -> Menu | None:
         """What opens when the button is pressed."""
