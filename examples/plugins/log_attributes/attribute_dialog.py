@@ -60,7 +60,7 @@ class AttributeDialog(sp.Dialog):
                                 toolTip="The curve in grey, its attribute in colour")
         self.picture.setMinimumSize(440, 120)  # the dialog has its size before there is a preview
         self.summary = sp.Label()
-        self.compute = sp.Button("C&ompute")
+        self.compute = sp.Button("C&ompute", default=True)
         self.cancel = sp.Button("Cancel")
 
         form = sp.FormLayout(labelAlignment=sp.Align.Right)
@@ -77,7 +77,7 @@ class AttributeDialog(sp.Dialog):
         shown.addWidget(self.summary)
         buttons = sp.HBoxLayout()
         buttons.addStretch()
-        buttons.addWidget(self.compute)  # the first button is the one that Return presses
+        buttons.addWidget(self.compute)
         buttons.addWidget(self.cancel)
         everything = sp.VBoxLayout(margin=12, spacing=10)
         everything.addLayout(form)

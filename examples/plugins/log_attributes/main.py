@@ -20,6 +20,7 @@ def ask():
     if not dialog.visible:
         dialog.restore(remembered)
     dialog.show()
+    dialog.activate()
 
 
 def compute():
