@@ -18,7 +18,10 @@ template <typename See>
 void seeReferences(const QObject& root, const See& see)
 {
     for (QObject* child : root.children()) {
-        if (auto* held = dynamic_cast<HeldReference*>(child)) {
+        // Only a plain QObject may be a reference; asking takes its time.
+        const bool isPlain = child->metaObject() == &QObject::staticMetaObject;
+        const auto* held = isPlain ? dynamic_cast<HeldReference*>(child) : nullptr;
+        if (held) {
             see(held->reference());
         } else {
             const auto* peer = dynamic_cast<ObjectPeer*>(child);

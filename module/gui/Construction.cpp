@@ -26,6 +26,17 @@ struct Setting
     int rank;
 };
 
+using Settings = QVarLengthArray<Setting, 8>;
+
+/// Behind those of the same rank.
+void insert(Settings& settings, const Setting& setting)
+{
+    const auto* place =
+        std::upper_bound(settings.cbegin(), settings.cend(), setting,
+                         [](const Setting& one, const Setting& other) { return one.rank < other.rank; });
+    settings.insert(place, setting);
+}
+
 /// The str of a name with static storage; made once.
 PyObject* strOf(const char* name)
 {
@@ -47,15 +58,23 @@ PyObject* propertyOf(const ConstructorArguments& names, PyObject* argument)
     return found != names.end() ? strOf(found->property) : argument;
 }
 
+int rankOf(PyObject* property)
+{
+    static const QHash<PyObject*, int> ranks = [] {
+        QHash<PyObject*, int> numbered;
+        for (const char* name : g_lastProperties)
+            numbered.insert(strOf(name), numbered.size() + 1);
+        return numbered;
+    }();
+    return ranks.value(property, 0);
+}
+
 Setting makeSetting(PyTypeObject* type, const char* argument, PyObject* property, PyObject* value)
 {
     PyObject* descriptor = _PyType_Lookup(type, property);
     if (!descriptor || !PyDescr_IsData(descriptor))
         raise(PyExc_TypeError, "%s() got an unexpected keyword argument '%s'", type->tp_name, argument);
-    const auto* last = std::find_if(g_lastProperties.begin(), g_lastProperties.end(),
-                                    [&](const char* candidate) { return strOf(candidate) == property; });
-    const bool isLast = last != g_lastProperties.end();
-    return {descriptor, value, isLast ? static_cast<int>(last - g_lastProperties.begin()) + 1 : 0};
+    return {descriptor, value, rankOf(property)};
 }
 
 } // namespace
@@ -69,12 +88,12 @@ void applyArguments(PyObject* self, PyTypeObject* type, const ConstructorArgumen
     if (count > static_cast<Py_ssize_t>(names.size()))
         raise(PyExc_TypeError, "%s() takes at most %d positional arguments (%zd given)", type->tp_name,
               static_cast<int>(names.size()), count);
-    QVarLengthArray<Setting, 8> settings;
+    Settings settings;
     for (Py_ssize_t index = 0; index < count; ++index) {
         const ConstructorArgument& name = names.begin()[index];
         if (keywords && PyDict_GetItemString(keywords, name.name))
             raise(PyExc_TypeError, "%s() got multiple values for argument '%s'", type->tp_name, name.name);
-        settings.push_back(makeSetting(type, name.name, strOf(name.property), PyTuple_GET_ITEM(arguments, index)));
+        insert(settings, makeSetting(type, name.name, strOf(name.property), PyTuple_GET_ITEM(arguments, index)));
     }
     PyObject* key = nullptr;
     PyObject* value = nullptr;
@@ -82,11 +101,8 @@ void applyArguments(PyObject* self, PyTypeObject* type, const ConstructorArgumen
         const char* argument = PyUnicode_AsUTF8(key);
         if (!argument)
             raisePending();
-        settings.push_back(makeSetting(type, argument, propertyOf(names, key), value));
+        insert(settings, makeSetting(type, argument, propertyOf(names, key), value));
     }
-    if (settings.size() > 1)
-        std::stable_sort(settings.begin(), settings.end(),
-                         [](const Setting& one, const Setting& other) { return one.rank < other.rank; });
     for (const Setting& setting : settings)
         if (Py_TYPE(setting.descriptor)->tp_descr_set(setting.descriptor, self, setting.value) < 0)
             raisePending();
