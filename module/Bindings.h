@@ -65,6 +65,11 @@ void bindTabWidget();
 void bindSplitter();
 void bindGroupBox();
 void bindSubWindow();
+void bindSwitch();
+void bindFilePathLineEdit();
+void bindObjectComboBox();
+void bindInputSelectionLineEdit();
+void bindInputSelectionPreview();
 void bindMainWindow();
 void bindModalProgressBar();
 

@@ -80,6 +80,11 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindSplitter();
     python::bindGroupBox();
     python::bindSubWindow();
+    python::bindSwitch();
+    python::bindFilePathLineEdit();
+    python::bindObjectComboBox();
+    python::bindInputSelectionLineEdit();
+    python::bindInputSelectionPreview();
     python::bindMainWindow();
     python::bindModalProgressBar();
 

@@ -5,6 +5,7 @@
 #include "module/gui/Property.h"
 
 #include <QComboBox>
+#include <QStandardItemModel>
 
 namespace bp = boost::python;
 
@@ -30,6 +31,16 @@ int requireIndex(const Handle<QComboBox>& handle, const bp::object& index, const
     const int number = Argument<int>::from(index.ptr(), what);
     requireIndex(number, handle.get().count() + beyond, what);
     return number;
+}
+
+/// A box that lists what another part of the application has would ignore it without a word. `method` is its name with
+/// brackets.
+QComboBox& withOwnItems(const Handle<QComboBox>& handle, const char* method)
+{
+    QComboBox& box = handle.get();
+    if (!qobject_cast<QStandardItemModel*>(box.model()))
+        raise(PyExc_RuntimeError, "%s, the items of this box can not be changed", method);
+    return box;
 }
 
 void setCurrentIndex(QComboBox& box, int index)
@@ -95,19 +106,21 @@ void insert(QComboBox& box, int index, const bp::object& text, const bp::object&
 void addItem(const Handle<QComboBox>& handle, const bp::object& text, const bp::object& icon,
              const bp::object& userData)
 {
-    QComboBox& box = handle.get();
+    QComboBox& box = withOwnItems(handle, "ComboBox.addItem()");
     insert(box, box.count(), text, icon, userData, g_addItem);
 }
 
 void insertItem(const Handle<QComboBox>& handle, const bp::object& index, const bp::object& text,
                 const bp::object& icon, const bp::object& userData)
 {
+    withOwnItems(handle, "ComboBox.insertItem()");
     const int number = requireIndex(handle, index, "ComboBox.insertItem()", 1);
     insert(handle.get(), number, text, icon, userData, g_insertItem);
 }
 
 void addItems(const Handle<QComboBox>& handle, const bp::object& texts)
 {
+    withOwnItems(handle, "ComboBox.addItems()");
     if (isStr(texts.ptr())) // its letters would be the items
         raiseWrongType("ComboBox.addItems()", "list", texts.ptr());
     QStringList labels;
@@ -123,6 +136,7 @@ int index(const Handle<QComboBox>& handle, const bp::object& text)
 
 void removeItem(const Handle<QComboBox>& handle, const bp::object& index)
 {
+    withOwnItems(handle, "ComboBox.removeItem()");
     const int number = requireIndex(handle, index, "ComboBox.removeItem()");
     handle.get().removeItem(number);
 }
@@ -141,7 +155,7 @@ bp::object itemDataAt(const Handle<QComboBox>& handle, const bp::object& index)
 
 void clear(const Handle<QComboBox>& handle)
 {
-    handle.get().clear();
+    withOwnItems(handle, "ComboBox.clear()").clear();
 }
 
 void selectionChanged(const Handle<QComboBox>& handle, const bp::object& callable)

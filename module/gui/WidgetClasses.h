@@ -10,9 +10,12 @@
 
 #include <type_traits>
 
+class HVObjectComboBox;
+class HVSwitch;
 class QAbstractButton;
 class QAbstractSlider;
 class QCheckBox;
+class QComboBox;
 class QDoubleSpinBox;
 class QLabel;
 class QPushButton;
@@ -95,6 +98,17 @@ template <>
 struct BaseWidget<QSlider>
 {
     using type = QAbstractSlider;
+};
+
+template <>
+struct BaseWidget<HVSwitch>
+{
+    using type = QAbstractButton;
+};
+template <>
+struct BaseWidget<HVObjectComboBox>
+{
+    using type = QComboBox;
 };
 
 template <typename Q>
