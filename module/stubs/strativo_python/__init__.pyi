@@ -2898,6 +2898,212 @@ class _QMdiSubWindow(_QWidget):
 class SubWindow(_QMdiSubWindow):
     """A window in the main window's document area, as addSubWindow() returns it."""
 
+class _HVSwitch(_QAbstractButton):
+    """What switches have."""
+    def toggled(self, callable: Callable[[bool], object]) -> None:
+        """Calls `callable` with True or False whenever it is switched on or off, by the user or by a script.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def onColor(self) -> Color:
+        """The colour of the track when it is on. Setting None gives back the theme's."""
+    @onColor.setter
+    def onColor(self, value: Color) -> None: ...
+    @property
+    def offColor(self) -> Color:
+        """The colour of the track when it is off. Setting None gives back the theme's."""
+    @offColor.setter
+    def offColor(self, value: Color) -> None: ...
+    @property
+    def switched(self) -> bool:
+        """Whether it is on."""
+    @switched.setter
+    def switched(self, value: bool) -> None: ...
+    @property
+    def animationDuration(self) -> int:
+        """Milliseconds that the knob is under way, 0 for none; negative ones become 0."""
+    @animationDuration.setter
+    def animationDuration(self, value: int) -> None: ...
+
+class Switch(_HVSwitch):
+    """Switch(text: str = '', parent: Widget = None, **properties)
+
+    A knob that slides between off and on. The text stands in the free part of its track.
+    """
+    def __init__(self, text: str = '', parent: Widget = None, **properties) -> None:
+        """A switch that is off; switched and the other properties go by name."""
+
+class _HVFilePathLineEdit(_QWidget):
+    """What fields for the path of a file have."""
+    def browse(self) -> None:
+        """Opens the chooser, as the button does, and does not wait for the answer."""
+    def pathChanged(self, callable: Callable[[str], object]) -> None:
+        """Calls `callable` with the new path whenever it changes: when the user presses Return, leaves the field,
+        chooses or drops a file, or a script sets it; not with each letter.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def path(self) -> str:
+        """The path of the file, with '/' between folders on every system; empty for none. It need not exist. Spaces and
+        quotes around it are taken off, a leading '~' and a file: address are resolved.
+        """
+    @path.setter
+    def path(self, value: str) -> None: ...
+    @property
+    def placeholderText(self) -> str:
+        """What an empty field shows."""
+    @placeholderText.setter
+    def placeholderText(self, value: str) -> None: ...
+    @property
+    def fileFilter(self) -> str:
+        """Which files the chooser shows, 'SEG-Y files (*.sgy *.segy);;All files (*)'; empty for all."""
+    @fileFilter.setter
+    def fileFilter(self, value: str) -> None: ...
+    @property
+    def dialogTitle(self) -> str:
+        """The title of the chooser; empty for the usual one."""
+    @dialogTitle.setter
+    def dialogTitle(self, value: str) -> None: ...
+    @property
+    def dialogType(self) -> FileDialogType:
+        """Open chooses a file that exists. Save chooses any, asks before one is replaced and completes the suffix from
+        the filter.
+        """
+    @dialogType.setter
+    def dialogType(self, value: FileDialogType) -> None: ...
+
+class FilePathLineEdit(_HVFilePathLineEdit):
+    """FilePathLineEdit(path: str = '', parent: Widget = None, **properties)
+
+    A field for the path of a file, with a button that opens a file chooser. Files can be dragged onto it.
+    """
+    def __init__(self, path: str = '', parent: Widget = None, **properties) -> None:
+        """A field; fileFilter and the other properties go by name."""
+
+class _HVObjectComboBox(_QComboBox):
+    """What boxes with objects of the project have."""
+    def updateObjects(self) -> None:
+        """Lists the objects at once. Changes of the project are listed in a moment anyway.
+
+        Raises RuntimeError when no project is open.
+        """
+    def objectChanged(self, callable: Callable[[str | None], object]) -> None:
+        """Calls `callable` with the file of the chosen object, None for none, whenever another one is chosen: by the
+        user, by a script, or because the project was closed or the object removed or renamed.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def kinds(self) -> list[ObjectId]:
+        """The kinds of object to choose from, all of them at first. One ObjectId can be set as well, and None for all."""
+    @kinds.setter
+    def kinds(self, value: list[ObjectId]) -> None: ...
+    @property
+    def objectFilename(self) -> str | None:
+        """The file of the chosen object, an absolute path, as Project.objects() has it; None when none is chosen.
+        Setting raises ValueError for what is no object to choose from, RuntimeError when no project is open.
+        """
+    @objectFilename.setter
+    def objectFilename(self, value: str | None) -> None: ...
+    @property
+    def objectId(self) -> ObjectId | None:
+        """The kind of the chosen object; None when none is chosen."""
+    @property
+    def optional(self) -> bool:
+        """Whether a first item "None" stands for no object."""
+    @optional.setter
+    def optional(self, value: bool) -> None: ...
+
+class ObjectComboBox(_HVObjectComboBox):
+    """ObjectComboBox(kinds: ObjectId | Iterable[ObjectId] = None, parent: Widget = None, **properties)
+
+    A combo box of the open project's objects. It follows the project: the items come and go with the objects, and a
+    script can not change them. An item's userData is the object's file.
+    """
+    def __init__(self, kinds: ObjectId | Iterable[ObjectId] = None, parent: Widget = None, **properties) -> None:
+        """A box of the objects of one kind, of several, or of all. Without an open project it is empty until one is
+        opened.
+        """
+
+class _HVInputSelectionLineEdit(_QWidget):
+    """What fields for an object of the project have."""
+    def selectionChanged(self, callable: Callable[[str | None], object]) -> None:
+        """Calls `callable` with the file of the chosen object, None for none, whenever another one is chosen: by the
+        user, by a script, or because the project was closed or the object removed or renamed.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def kinds(self) -> list[ObjectId]:
+        """The kinds of object to choose from, all of them at first. One ObjectId can be set as well, and None for all."""
+    @kinds.setter
+    def kinds(self, value: list[ObjectId]) -> None: ...
+    @property
+    def objectFilename(self) -> str | None:
+        """The file of the chosen object, an absolute path, as Project.objects() has it; None when none is chosen.
+        Setting raises ValueError for what is no object to choose from, RuntimeError when no project is open.
+        """
+    @objectFilename.setter
+    def objectFilename(self, value: str | None) -> None: ...
+    @property
+    def objectId(self) -> ObjectId | None:
+        """The kind of the chosen object; None when none is chosen."""
+    @property
+    def placeholderText(self) -> str:
+        """What the field shows when nothing is chosen; empty for the usual text."""
+    @placeholderText.setter
+    def placeholderText(self, value: str) -> None: ...
+
+class InputSelectionLineEdit(_HVInputSelectionLineEdit):
+    """InputSelectionLineEdit(kinds: ObjectId | Iterable[ObjectId] = None, parent: Widget = None, **properties)
+
+    A field that shows an object of the open project and opens a tree to choose it from. Objects can be dragged onto
+    it.
+    """
+    def __init__(self, kinds: ObjectId | Iterable[ObjectId] = None, parent: Widget = None, **properties) -> None:
+        """A field for an object of one kind, of several, or of all; nothing is chosen."""
+
+class _HVInputSelectionPreview(_QWidget):
+    """What previews of an object of the project have."""
+    def viewerChanged(self, callable: Callable[[], object]) -> None:
+        """Calls `callable` whenever the viewer shows another object, or none any more.
+
+        Raises TypeError for what can not be called.
+        """
+    @property
+    def kinds(self) -> list[ObjectId]:
+        """The kinds of object to choose from, all of them at first. One ObjectId can be set as well, and None for all."""
+    @kinds.setter
+    def kinds(self, value: list[ObjectId]) -> None: ...
+    @property
+    def objectFilename(self) -> str | None:
+        """The file of the chosen object, an absolute path, as Project.objects() has it; None when none is chosen.
+        Setting raises ValueError for what is no object to choose from, RuntimeError when no project is open.
+        """
+    @objectFilename.setter
+    def objectFilename(self, value: str | None) -> None: ...
+    @property
+    def objectId(self) -> ObjectId | None:
+        """The kind of the chosen object; None when none is chosen."""
+    @property
+    def selection(self) -> InputSelectionLineEdit:
+        """The field above the viewer, a part of the preview."""
+    @property
+    def previewMouseMode(self) -> MouseMode:
+        """What the mouse does in the viewer. Setting raises ValueError for MouseMode.Unknown."""
+    @previewMouseMode.setter
+    def previewMouseMode(self, value: MouseMode) -> None: ...
+
+class InputSelectionPreview(_HVInputSelectionPreview):
+    """InputSelectionPreview(kinds: ObjectId | Iterable[ObjectId] = None, parent: Widget = None, **properties)
+
+    A field for an object of the open project over a small viewer that shows it.
+    """
+    def __init__(self, kinds: ObjectId | Iterable[ObjectId] = None, parent: Widget = None, **properties) -> None:
+        """A preview for an object of one kind, of several, or of all; nothing is chosen."""
+
 class _QMainWindow(_QWidget):
     """What main windows have."""
 
