@@ -1,3 +1,4 @@
+#include "host/services/HVEventBus.h"
 #include "host/services/IAppWrapper.h"
 #include "module/Bindings.h"
 #include "module/gui/Connector.h"
@@ -11,6 +12,7 @@
 #include <QDialog>
 #include <QMainWindow>
 #include <QPointer>
+#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
@@ -66,6 +68,54 @@ std::vector<const QDialog*>& waitingDialogs()
     return all;
 }
 
+bool isTerminalProgram()
+{
+    const IAppWrapper* app = applicationInterface();
+    return app && app->isTerminalProgram();
+}
+
+/// On a terminal without a display nobody sees the dialog that a script waits for.
+void warnUnseen(const QDialog& dialog)
+{
+    if (isTerminalProgram() && QGuiApplication::platformName() == QLatin1String("offscreen"))
+        HVEventBus::instance().sendMessage(
+            MessageLevel::Warning,
+            QStringLiteral("The dialog \"%1\" waits for an answer, but there is no display").arg(dialog.windowTitle()));
+}
+
+/// Ends a dialog on Ctrl+C, as it ends everything else on a terminal: the interpreter notices only when it is asked.
+class InterruptWatch
+{
+public:
+    explicit InterruptWatch(const QPointer<QDialog>& dialog)
+    {
+        if (!isTerminalProgram())
+            return;
+        m_timer.callOnTimeout([this, dialog] {
+            const GilLock lock;
+            if (PyErr_CheckSignals() == 0)
+                return;
+            PyErr_Fetch(&m_error[0], &m_error[1], &m_error[2]);
+            m_timer.stop();
+            if (dialog)
+                dialog->reject();
+        });
+        m_timer.start(100);
+    }
+    /// Unwinds with the exception of the signal, if one came. Needs the interpreter lock.
+    void raiseIfInterrupted()
+    {
+        if (!m_error[0])
+            return;
+        PyErr_Restore(m_error[0], m_error[1], m_error[2]);
+        raisePending();
+    }
+
+private:
+    QTimer m_timer;
+    PyObject* m_error[3] = {};
+};
+
 /// Shows the dialog and waits until it is hidden or gone.
 int waitFor(const QPointer<QDialog>& dialog)
 {
@@ -73,8 +123,10 @@ int waitFor(const QPointer<QDialog>& dialog)
     dialog->setResult(QDialog::Rejected);
     dialog->show();
     // Qt would wait for ever for a dialog that its own handlers have already closed.
-    if (dialog && dialog->isVisible())
+    if (dialog && dialog->isVisible()) {
+        warnUnseen(*dialog);
         return dialog->exec();
+    }
     return dialog ? dialog->result() : QDialog::Rejected;
 }
 
@@ -89,6 +141,7 @@ QDialog::DialogCode execute(const Handle<QDialog>& handle)
     const bool wasModal = dialog->testAttribute(Qt::WA_ShowModal);
     waiting.push_back(key);
     int answer = QDialog::Rejected;
+    InterruptWatch watch(dialog);
     {
         const RunPause pause;
         const GilRelease release;
@@ -97,6 +150,7 @@ QDialog::DialogCode execute(const Handle<QDialog>& handle)
             dialog->setAttribute(Qt::WA_ShowModal, wasModal);
     }
     waiting.erase(std::find(waiting.begin(), waiting.end(), key));
+    watch.raiseIfInterrupted();
     return answer == QDialog::Accepted ? QDialog::Accepted : QDialog::Rejected;
 }
 

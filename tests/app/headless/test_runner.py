@@ -159,7 +159,8 @@ class Outcomes(RunnerCase):
         self.expect(strativo("-c", "input()"), 1, "", "EOFError")
 
     def test_control_c_interrupts(self):
-        for code in ("while True: pass", "import time; time.sleep(60)"):
+        for code in ("while True: pass", "import time; time.sleep(60)",
+                     "import strativo_python as sp; sp.Dialog('d').execute()"):
             process = subprocess.Popen([PROGRAM, "run", "-c", "print('ready')\n" + code],
                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
             self.assertEqual(process.stdout.readline(), "ready\n")
