@@ -37,7 +37,7 @@ if(STRATIVO_SANITIZE)
   # Without vptr: Boost.Python asks for the dynamic type of an object whose destructor has run.
   set(sanitizers -fsanitize=address,undefined -fno-sanitize=vptr)
   target_compile_options(strativo_build_flags INTERFACE ${sanitizers} -fno-sanitize-recover=undefined
-    -fno-omit-frame-pointer)
+    -fno-omit-frame-pointer -Wno-maybe-uninitialized) # which instrumented code sets off for nothing
   target_link_options(strativo_build_flags INTERFACE ${sanitizers})
 else()
   # Virtual tables are full of names of their own library; looking each of them up takes milliseconds of the

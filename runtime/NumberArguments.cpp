@@ -1,6 +1,7 @@
 #include "runtime/NumberArguments.h"
 
 #include "runtime/Errors.h"
+#include "runtime/QtCall.h"
 
 #include <boost/python.hpp>
 
@@ -51,6 +52,7 @@ bool toDoubleSlowly(PyObject* object, double& value)
         PyErr_Format(PyExc_TypeError, "expected 'float' but got '%s'", typeName(object));
         return false;
     }
+    const QtCall::Guard guard; // the object's own code runs, and the caller may hold a Qt object
     const double converted = PyFloat_AsDouble(object);
     if (converted == -1.0 && PyErr_Occurred())
         return false;
@@ -64,6 +66,7 @@ bool toIndexSlowly(PyObject* object, long long& value, const char* format)
         PyErr_Format(PyExc_TypeError, format, typeName(object));
         return false;
     }
+    const QtCall::Guard guard; // as above
     PyObject* integer = PyNumber_Index(object);
     if (!integer)
         return false;

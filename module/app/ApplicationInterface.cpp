@@ -102,7 +102,7 @@ void defineBoxes()
         "addSubWindow", addSubWindow, bp::args("widget"),
         "addSubWindow(widget: Widget) -> SubWindow\n\nShows the widget in the main window's document area, which owns "
         "it from then on; closing it there destroys it.\n\nRaises TypeError for anything but a widget, RuntimeError "
-        "when there is no document area.");
+        "when there is no document area, ValueError for a widget that is in a layout or container.");
 }
 
 void defineMainWindowParts()

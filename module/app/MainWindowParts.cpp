@@ -2,6 +2,7 @@
 #include "host/widgets/HVPluginContributions.h"
 #include "module/app/ApplicationFunctions.h"
 #include "module/app/PluginContext.h"
+#include "module/gui/PartArgument.h"
 #include "module/gui/Widgets.h"
 #include "runtime/Errors.h"
 
@@ -130,6 +131,8 @@ bp::object addSubWindow(const bp::object& widget)
     // A widget that is a document already stays the document that it is.
     auto* window = qobject_cast<QMdiSubWindow*>(content.parentWidget());
     IAppWrapper* app = applicationInterface();
+    if (!window)
+        requireFree(content, nullptr, "addSubWindow()");
     if (!window && app)
         window = app->addSubWindow(&content);
     if (!window)

@@ -1,4 +1,5 @@
 #include "module/Bindings.h"
+#include "module/gui/Arranging.h"
 #include "module/gui/FlagArgument.h"
 #include "module/gui/LayoutClasses.h"
 #include "module/gui/LayoutParts.h"
@@ -67,8 +68,10 @@ void setMenuBar(QLayout& layout, const bp::object& value)
         return;
     if (bar)
         requireFree(*bar, layout.parentWidget(), where);
-    if (old)
+    if (old) {
+        requireSettled(*old, where);
         leaveLayout(layout, *old);
+    }
     if (bar) {
         layout.setMenuBar(bar);
         joinWidget(layout, *bar, value);
@@ -113,6 +116,7 @@ void removeWidget(const LayoutHandle& handle, const bp::object& widget)
     QWidget& part = requireWidget(widget, method);
     if (layout.indexOf(&part) < 0)
         raise(PyExc_ValueError, "%s, supplied 'Widget' is not in this layout", method);
+    requireSettled(part, method);
     leaveLayout(layout, part);
 }
 

@@ -1,5 +1,6 @@
 #include "module/gui/PartArgument.h"
 
+#include "module/gui/Arranging.h"
 #include "module/gui/LayoutParts.h"
 #include "module/gui/WidgetPeer.h"
 #include "module/gui/Widgets.h"
@@ -48,6 +49,7 @@ void requireOutside(const QWidget& part, const QWidget* place, const char* metho
 void requireFree(QWidget& part, const QWidget* place, const char* method)
 {
     requireMovable(part, method);
+    requireSettled(part, method);
     requireOutside(part, place, method);
     if (isPlaced(part))
         raise(PyExc_ValueError, "%s, supplied 'Widget' is already in a layout or container", method);

@@ -1,4 +1,5 @@
 #include "module/Bindings.h"
+#include "module/gui/Arranging.h"
 #include "module/gui/Connector.h"
 #include "module/gui/Construction.h"
 #include "module/gui/PartArgument.h"
@@ -84,6 +85,7 @@ void removeWidget(const Handle<QStackedWidget>& handle, const bp::object& widget
     if (stack.indexOf(&page) < 0)
         raise(PyExc_ValueError,
               "StackedWidget.removeWidget(), supplied 'Widget' is not a child of this 'StackedWidget'");
+    requireSettled(page, "StackedWidget.removeWidget()");
     handBack(&page);
 }
 

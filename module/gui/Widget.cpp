@@ -1,6 +1,7 @@
 #include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
 #include "module/app/PluginContext.h"
+#include "module/gui/Arranging.h"
 #include "module/gui/Construction.h"
 #include "module/gui/LayoutParts.h"
 #include "module/gui/PartArgument.h"
@@ -57,6 +58,7 @@ void setParentWidget(QWidget& self, const bp::object& value)
         return;
     requireMovable(self, "Widget.parentWidget");
     requireOutside(self, parent, "Widget.parentWidget");
+    requireSettled(self, "Widget.parentWidget");
     handBack(&self);
     // Dialogs and menus stay windows of their own, above the parent.
     const Qt::WindowFlags kind = self.windowFlags() & Qt::WindowType_Mask;

@@ -1,5 +1,6 @@
 #include "module/gui/WidgetPeer.h"
 
+#include "module/gui/Arranging.h"
 #include "module/gui/Events.h"
 #include "module/gui/Guarded.h"
 #include "module/gui/HandleInstance.h"
@@ -61,6 +62,7 @@ bool WidgetPeer::callOverride(Handler handler, QEvent& event)
     PyObject* self = this->self();
     if (!self || !isOverridden(self, method))
         return false;
+    const ArrangingScope arranging(handler, widget());
     // The handler may let go of the last name of its own widget.
     Py_INCREF(self);
     PyObject* wrapped = wrapEvent(event);

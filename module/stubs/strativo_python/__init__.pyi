@@ -3911,7 +3911,8 @@ def showQuestionBox(message: str, title: str = None) -> bool:
 def addSubWindow(widget: Widget) -> SubWindow:
     """Shows the widget in the main window's document area, which owns it from then on; closing it there destroys it.
 
-    Raises TypeError for anything but a widget, RuntimeError when there is no document area.
+    Raises TypeError for anything but a widget, RuntimeError when there is no document area, ValueError for a widget
+    that is in a layout or container.
     """
 
 def addMainWindowMenu(title: str) -> Menu:

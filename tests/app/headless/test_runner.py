@@ -339,10 +339,51 @@ class Leaving(RunnerCase):
             "for target in targets: threading.Thread(target=target, daemon=number %% 20 == 0).start()\n"
             "sys.modules['kept'] = sys.stdout\n"
         )
+        self.leave_a_hundred_times(lambda number: ["-c", code % number])
+
+    def test_a_hundred_starts_with_windows(self):
+        widgets = (
+            "import gc, strativo_python as sp, sys\n"
+            "class Own(sp.Dialog):\n"
+            "    def hideEvent(self, event): print(event.eventType, sp.version(), self.parts)\n"
+            "    closeEvent = resizeEvent = hideEvent\n"
+            "    def __del__(self): print(self.deleted, self.windowTitle)\n"
+            "class Data(str):\n"
+            "    def __del__(self): sp.Dialog(self).show()\n"
+            "opened, kept, waiting = Own('open'), Own('kept'), sp.FormLayout()\n"
+            "for window in (opened, kept):\n"
+            "    window.parts = sp.Button('a', window), sp.ComboBox(window), sp.Slider(parent=window), window\n"
+            "    window.parts[0].clicked(window.accept)\n"
+            "    window.parts[0].clicked(lambda: (opened, kept, waiting))\n"
+            "    window.parts[1].addItem('data', None, Data('x'))\n"
+            "    window.parts[2].valueChanged(print)\n"
+            "    window.finished = window.parts[0].menu = sp.Menu('menu')\n"
+            "    window.finished.addAction('act', window.reject)\n"
+            "waiting.addRow('label', sp.SpinBox())\n"
+            "waiting.addRow(sp.TabWidget())\n"
+            "waiting.mine = waiting\n"
+            "sp.Button('child of what goes first', parent=sp.mainWindow() if sp.mainWindow() else opened)\n"
+            "opened.show()\n"
+            "sys.modules['windows'] = opened\n"
+        )
+        folder = self.folder / "windows"
+        folder.mkdir()
+        (folder / "plugin.info").write_text("[PluginInfo]\ninit=main.py\nversion=2\n")
+        (folder / "main.py").write_text(
+            widgets + "def register():\n    sp.addMainWindowMenu('M').addAction('open', opened.show)\n"
+            "    kept.show()\n    return True\ndef unregister():\n    return True\n")
+
+        def words(number):
+            leaving = "" if number % 4 else "raise SystemExit\n"
+            return ["--plugin", str(folder)] * (number % 3 == 0) + ["-c", "number = %d\n" % number + widgets + leaving]
+
+        self.leave_a_hundred_times(words)
+
+    def leave_a_hundred_times(self, words):
         with ThreadPoolExecutor(2) as pool:
-            results = list(pool.map(lambda i: strativo("-c", code % i), range(100)))
+            results = list(pool.map(lambda number: strativo(*words(number)), range(100)))
         self.assertEqual([r.returncode for r in results], [0] * 100, results[0].stderr)
-        self.assertEqual({r.stderr for r in results if "Fatal" in r.stderr}, set())
+        self.assertEqual({r.stderr for r in results if "Fatal" in r.stderr or "Traceback" in r.stderr}, set())
 
 
 if __name__ == "__main__":

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "module/gui/Handlers.h"
+
+#include <QWidget>
+
+/// Places that Qt is just going through. Layouts and containers lay out, show and hide one part after the other, and
+/// would lose their way if a handler of one of them took parts out of the place.
+namespace python {
+
+/// The time in which a handler of `widget` runs. On the GUI thread; nests.
+class ArrangingScope
+{
+public:
+    ArrangingScope(Handler handler, const QWidget& widget);
+    ~ArrangingScope();
+    ArrangingScope(const ArrangingScope&) = delete;
+    ArrangingScope& operator=(const ArrangingScope&) = delete;
+
+private:
+    const bool m_counts;
+};
+
+/// RuntimeError while a handler for size, place or visibility of something in the same place as `part` runs, or of
+/// `part` itself.
+void requireSettled(const QWidget& part, const char* method);
+
+} // namespace python
