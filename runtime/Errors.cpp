@@ -1,5 +1,6 @@
 #include "runtime/Errors.h"
 
+#include "runtime/NumberArguments.h"
 #include "runtime/StreamCaptureBinding.h"
 
 #include <cstdarg>
@@ -55,10 +56,8 @@ QString requireStr(const bp::object& argument, const char* format)
 
 long long requireInt(const bp::object& argument, const char* format)
 {
-    if (!isInt(argument.ptr()))
-        raise(PyExc_TypeError, format, typeName(argument));
-    const long long value = PyLong_AsLongLong(argument.ptr());
-    if (value == -1 && PyErr_Occurred())
+    long long value = 0;
+    if (!toIndex(argument.ptr(), value, format))
         raisePending();
     return value;
 }

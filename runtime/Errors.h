@@ -58,7 +58,8 @@ inline int saturated(long long index)
 /// A str that has no UTF-8 form (lone surrogates) raises UnicodeEncodeError.
 QString requireStr(const boost::python::object& argument, const char* format);
 
-/// The value of an int argument; anything else is a TypeError as above, a value beyond 64 bits an OverflowError.
+/// The value of an int argument, or of what converts to one without loss (numpy's integers); anything else is a
+/// TypeError as above, a value beyond 64 bits an OverflowError.
 long long requireInt(const boost::python::object& argument, const char* format);
 
 /// Takes over a new reference; null unwinds with the pending exception.

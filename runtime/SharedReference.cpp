@@ -1,6 +1,6 @@
 #include "runtime/SharedReference.h"
 
-#include "runtime/GilLock.h"
+#include "runtime/QtCall.h"
 
 namespace python {
 
@@ -9,9 +9,11 @@ SharedReference::SharedReference(const boost::python::object& object) : m_holder
 
 SharedReference::Holder::~Holder()
 {
+    if (!object)
+        return;
     const LateGilLock lock;
     if (lock)
-        clear();
+        QtCall::releaseLater(object);
 }
 
 } // namespace python

@@ -2,6 +2,7 @@
 
 #include "runtime/Errors.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace python {
@@ -10,6 +11,13 @@ namespace {
 
 /// Those whose handlers run, the innermost last. They outlive their handlers.
 std::vector<const QWidget*>& handled()
+{
+    static std::vector<const QWidget*> all;
+    return all;
+}
+
+/// The places that lose a part, the innermost last; some are null.
+std::vector<const QWidget*>& losing()
 {
     static std::vector<const QWidget*> all;
     return all;
@@ -35,10 +43,22 @@ ArrangingScope::~ArrangingScope()
         handled().pop_back();
 }
 
+RemovalScope::RemovalScope(const QWidget* place)
+{
+    losing().push_back(place);
+}
+
+RemovalScope::~RemovalScope()
+{
+    losing().pop_back();
+}
+
 void requireSettled(const QWidget& part, const char* method)
 {
     const auto refuse = [method] { raise(PyExc_RuntimeError, "%s, Qt is just arranging these widgets", method); };
     const QWidget* place = part.parentWidget();
+    if (place && std::find(losing().begin(), losing().end(), place) != losing().end())
+        refuse();
     for (const QWidget* widget : handled()) {
         if (widget == &part)
             refuse();

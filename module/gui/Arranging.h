@@ -21,8 +21,19 @@ private:
     const bool m_counts;
 };
 
+/// The time in which a part is taken out of `place` (null: out of nothing). Qt goes on with the others then, whose tabs
+/// and signals may call Python code.
+class RemovalScope
+{
+public:
+    explicit RemovalScope(const QWidget* place);
+    ~RemovalScope();
+    RemovalScope(const RemovalScope&) = delete;
+    RemovalScope& operator=(const RemovalScope&) = delete;
+};
+
 /// RuntimeError while a handler for size, place or visibility of something in the same place as `part` runs, or of
-/// `part` itself.
+/// `part` itself, and while another part of that place is being taken out.
 void requireSettled(const QWidget& part, const char* method);
 
 } // namespace python

@@ -28,12 +28,12 @@ QColor namedColor(const bp::object& name)
     return color;
 }
 
-QColor predefinedColor(Qt::GlobalColor color)
+QColor predefinedColor(long long number)
 {
     // A number that is no colour can be dressed up as one: Colors(99).
-    if (color < Qt::black || color > Qt::transparent)
-        raise(PyExc_ValueError, "Color, there is no predefined colour %d", static_cast<int>(color));
-    return {color};
+    if (number < Qt::black || number > Qt::transparent)
+        raise(PyExc_ValueError, "Color, there is no predefined colour %lld", number);
+    return {static_cast<Qt::GlobalColor>(number)};
 }
 
 /// For the binding layer, which asks first and converts later. A Color itself is none of its business.
@@ -58,8 +58,8 @@ QColor colorArgument(const bp::object& argument, const char* format)
         return color();
     if (isStr(argument.ptr()))
         return namedColor(argument);
-    if (const bp::extract<Qt::GlobalColor> color(argument); color.check())
-        return predefinedColor(color());
+    if (bp::extract<Qt::GlobalColor>(argument).check())
+        return predefinedColor(requireInt(argument, format));
     if (isTuple(argument.ptr()))
         return QColor::fromRgba(colorFromTuple("Color", argument));
     raise(PyExc_TypeError, format, typeName(argument));

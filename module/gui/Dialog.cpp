@@ -24,7 +24,26 @@ namespace python {
 
 namespace {
 
-using QDialogIndirect = Indirect<QDialog>;
+/// A dialog that knows when it is just closing: Qt can not close it once more then, so that nothing may wait for that.
+class QDialogIndirect : public Indirect<QDialog>
+{
+public:
+    bool isClosing() const { return m_closing > 0; }
+
+protected:
+    bool event(QEvent* event) override
+    {
+        const int closes = event->type() == QEvent::Close || event->type() == QEvent::Hide ? 1 : 0;
+        m_closing += closes;
+        const bool result = Indirect<QDialog>::event(event);
+        m_closing -= closes;
+        return result;
+    }
+
+private:
+    int m_closing = 0;
+};
+
 using PyDialog = Wrapper<QDialogIndirect>;
 
 constexpr ConstructorArguments g_arguments = {{"title", "windowTitle"}, {"parent", "parentWidget"}};
@@ -53,7 +72,8 @@ void placeOverApplication(QDialog& dialog)
     const QMainWindow* window = app ? app->mainWindow() : nullptr;
     if (dialog.parentWidget() || !window || !window->isVisible() || !window->windowHandle())
         return;
-    dialog.winId(); // makes its window
+    dialog.winId();                                  // makes its window
+    dialog.setAttribute(Qt::WA_NativeWindow, false); // which it need not keep when it becomes a part of something
     dialog.windowHandle()->setTransientParent(window->windowHandle());
     if (!dialog.testAttribute(Qt::WA_Moved)) {
         dialog.adjustSize();
@@ -137,6 +157,10 @@ QDialog::DialogCode execute(const Handle<QDialog>& handle)
     std::vector<const QDialog*>& waiting = waitingDialogs();
     if (std::find(waiting.begin(), waiting.end(), key) != waiting.end())
         raise(PyExc_RuntimeError, "Dialog.execute(), the dialog is already waiting for an answer");
+    if (const auto* own = dynamic_cast<const QDialogIndirect*>(key); own && own->isClosing())
+        raise(PyExc_RuntimeError, "Dialog.execute(), the dialog is just closing");
+    if (!dialog->isWindow())
+        raise(PyExc_RuntimeError, "Dialog.execute(), the dialog is a part of another widget");
     placeOverApplication(*dialog);
     const bool wasModal = dialog->testAttribute(Qt::WA_ShowModal);
     waiting.push_back(key);
@@ -173,8 +197,7 @@ void bindDialog()
         .def("reject", reject, bp::args("self"), "reject() -> None\n\nCloses the dialog with the answer Rejected.")
         .def("execute", execute, bp::args("self"),
              "execute() -> DialogResponse\n\nShows the dialog and waits until the user closes it.\n\nRaises "
-             "RuntimeError "
-             "when it is already waiting.")
+             "RuntimeError when it is already waiting, just closing or a part of another widget.")
         .def("accepted", accepted, bp::args("self", "callable"),
              "accepted(callable: Callable[[], object]) -> None\n\nCalls `callable` when the dialog is closed by "
              "accept().\n\nRaises TypeError for what can not be called.")

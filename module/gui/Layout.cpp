@@ -1,5 +1,4 @@
 #include "module/Bindings.h"
-#include "module/gui/Arranging.h"
 #include "module/gui/FlagArgument.h"
 #include "module/gui/LayoutClasses.h"
 #include "module/gui/LayoutParts.h"
@@ -68,10 +67,8 @@ void setMenuBar(QLayout& layout, const bp::object& value)
         return;
     if (bar)
         requireFree(*bar, layout.parentWidget(), where);
-    if (old) {
-        requireSettled(*old, where);
-        leaveLayout(layout, *old);
-    }
+    if (old)
+        leaveLayout(layout, *old, where);
     if (bar) {
         layout.setMenuBar(bar);
         joinWidget(layout, *bar, value);
@@ -116,8 +113,7 @@ void removeWidget(const LayoutHandle& handle, const bp::object& widget)
     QWidget& part = requireWidget(widget, method);
     if (layout.indexOf(&part) < 0)
         raise(PyExc_ValueError, "%s, supplied 'Widget' is not in this layout", method);
-    requireSettled(part, method);
-    leaveLayout(layout, part);
+    leaveLayout(layout, part, method);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "module/gui/LayoutParts.h"
 
+#include "module/gui/Arranging.h"
 #include "module/gui/Collection.h"
 #include "module/gui/PartArgument.h"
 #include "runtime/Errors.h"
@@ -147,11 +148,12 @@ void joinLayout(QLayout& outer, QLayout& inner)
         endWaiting(inner);
 }
 
-void leaveLayout(QLayout& layout, QWidget& widget)
+void leaveLayout(QLayout& layout, QWidget& widget, const char* method)
 {
+    requireSettled(widget, method);
     takeOut(layout, widget);
     if (layout.parentWidget() == widget.parentWidget())
-        handBack(&widget);
+        handBack(&widget, method);
     delete waitingWidgets().value(&widget);
 }
 

@@ -21,7 +21,7 @@ void joinWidget(QLayout& layout, QWidget& widget, const boost::python::object& o
 /// The same for a layout that has been put into `outer`.
 void joinLayout(QLayout& outer, QLayout& inner);
 /// To be called when a widget has been taken out of `layout`.
-void leaveLayout(QLayout& layout, QWidget& widget);
+void leaveLayout(QLayout& layout, QWidget& widget, const char* method);
 
 /// The layout in an argument of `method`, which may be put into `outer`. Raises TypeError, for example
 /// "Layout.addLayout(), expected 'Layout' but got 'NoneType' instead", ValueError for one that is already in a widget

@@ -16,9 +16,9 @@ OwningHandle::~OwningHandle()
     if (isHere && object.parent())
         return; // goes with the parent
     if (isHere && !QtCall::isUnderWay())
-        delete &object;
+        QtCall::destroyNow(object);
     else
-        object.deleteLater();
+        QtCall::destroyLater(object);
 }
 
 void OwningHandle::forgetPeer()
@@ -51,8 +51,8 @@ ObjectPeer::~ObjectPeer()
         m_handle->forgetPeer();
     m_handle = nullptr;
     m_self = nullptr;
-    if (lock)
-        Py_CLEAR(m_kept);
+    if (lock && m_kept)
+        QtCall::releaseLater(m_kept);
 }
 
 void ObjectPeer::updateKeeping()

@@ -71,10 +71,12 @@ int requireIndex(const bp::object& argument, int count, const char* where)
     return static_cast<int>(index);
 }
 
-void handBack(QWidget* widget)
+void handBack(QWidget* widget, const char* method)
 {
     if (!widget)
         return;
+    requireSettled(*widget, method);
+    const RemovalScope removal(widget->parentWidget());
     // A scroll area would go on arranging what is no longer in it.
     if (QScrollArea* area = scrollAreaOf(*widget))
         area->takeWidget();

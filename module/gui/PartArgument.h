@@ -25,7 +25,8 @@ void requireOutside(const QWidget& part, const QWidget* place, const char* metho
 /// An index in [0, count). TypeError "<where>, expected 'int' but got '...' instead", IndexError.
 int requireIndex(const boost::python::object& argument, int count, const char* where);
 
-/// Gives a widget back to its Python object, without a parent and hidden.
-void handBack(QWidget* widget);
+/// Gives a widget back to its Python object, without a parent and hidden. RuntimeError, and nothing has changed, while
+/// Qt goes through the place that the widget is in.
+void handBack(QWidget* widget, const char* method);
 
 } // namespace python

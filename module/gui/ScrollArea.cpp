@@ -1,5 +1,4 @@
 #include "module/Bindings.h"
-#include "module/gui/Arranging.h"
 #include "module/gui/Construction.h"
 #include "module/gui/PartArgument.h"
 #include "module/gui/Property.h"
@@ -39,10 +38,8 @@ void setWidget(QScrollArea& area, const bp::object& value)
         return;
     if (part)
         requireFree(*part, &area, "ScrollArea.widget");
-    if (area.widget())
-        requireSettled(*area.widget(), "ScrollArea.widget");
     // Qt would destroy it.
-    handBack(area.widget());
+    handBack(area.widget(), "ScrollArea.widget");
     if (part)
         area.setWidget(part);
 }

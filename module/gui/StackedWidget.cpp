@@ -1,5 +1,4 @@
 #include "module/Bindings.h"
-#include "module/gui/Arranging.h"
 #include "module/gui/Connector.h"
 #include "module/gui/Construction.h"
 #include "module/gui/PartArgument.h"
@@ -85,8 +84,7 @@ void removeWidget(const Handle<QStackedWidget>& handle, const bp::object& widget
     if (stack.indexOf(&page) < 0)
         raise(PyExc_ValueError,
               "StackedWidget.removeWidget(), supplied 'Widget' is not a child of this 'StackedWidget'");
-    requireSettled(page, "StackedWidget.removeWidget()");
-    handBack(&page);
+    handBack(&page, "StackedWidget.removeWidget()");
 }
 
 bp::object widget(const Handle<QStackedWidget>& handle, const bp::object& index)

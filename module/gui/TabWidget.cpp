@@ -1,5 +1,4 @@
 #include "module/Bindings.h"
-#include "module/gui/Arranging.h"
 #include "module/gui/Connector.h"
 #include "module/gui/Construction.h"
 #include "module/gui/PartArgument.h"
@@ -129,8 +128,7 @@ void removeTab(const Handle<QTabWidget>& handle, const bp::object& tab)
     const int index = findTab(tabs, tab, "TabWidget.removeTab(), expected 'str' but got '%s' instead");
     if (index < 0)
         raiseNotFound(tab, "TabWidget.removeTab(), tab '%s' not found");
-    requireSettled(*tabs.widget(index), "TabWidget.removeTab()");
-    handBack(tabs.widget(index));
+    handBack(tabs.widget(index), "TabWidget.removeTab()");
 }
 
 void setCurrentTab(const Handle<QTabWidget>& handle, const bp::object& tab)

@@ -1,7 +1,6 @@
 #include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
 #include "module/app/PluginContext.h"
-#include "module/gui/Arranging.h"
 #include "module/gui/Construction.h"
 #include "module/gui/LayoutParts.h"
 #include "module/gui/PartArgument.h"
@@ -58,8 +57,7 @@ void setParentWidget(QWidget& self, const bp::object& value)
         return;
     requireMovable(self, "Widget.parentWidget");
     requireOutside(self, parent, "Widget.parentWidget");
-    requireSettled(self, "Widget.parentWidget");
-    handBack(&self);
+    handBack(&self, "Widget.parentWidget");
     // Dialogs and menus stay windows of their own, above the parent.
     const Qt::WindowFlags kind = self.windowFlags() & Qt::WindowType_Mask;
     const bool staysWindow = kind == Qt::Dialog || kind == Qt::Popup;

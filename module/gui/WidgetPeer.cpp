@@ -8,6 +8,10 @@
 #include "runtime/Errors.h"
 #include "runtime/QtCall.h"
 
+#include <QWindow>
+
+#include <utility>
+
 namespace python {
 
 namespace {
@@ -53,9 +57,49 @@ bool WidgetPeer::isOwnedByQt()
     return self.parentWidget() || (self.isWindow() && self.isVisible());
 }
 
+void WidgetPeer::hideSilently()
+{
+    const bool wasSilent = std::exchange(s_isSilent, true);
+    widget().hide();
+    s_isSilent = wasSilent;
+}
+
+void WidgetPeer::hideGhost()
+{
+    QWidget& self = widget();
+    const QWindow* window = self.isWindow() && self.isHidden() ? self.windowHandle() : nullptr;
+    if (!window || !window->isVisible())
+        return;
+    // Qt asks the widget, not the window, whether there is something to hide.
+    self.setAttribute(Qt::WA_WState_Hidden, false);
+    self.setAttribute(Qt::WA_WState_Visible);
+    hideSilently();
+}
+
+void WidgetPeer::leaveScreenFirst()
+{
+    QWidget& self = widget();
+    if (self.windowType() == Qt::Popup && self.isVisible())
+        self.hide();
+}
+
+void WidgetPeer::followSurface(const QPlatformSurfaceEvent& event)
+{
+    const QWidget& self = widget();
+    if (event.surfaceEventType() == QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed && self.isWindow() &&
+        self.isVisible())
+        hideSilently();
+}
+
+bool WidgetPeer::hasLeftoverWindow(const QWidget& widget)
+{
+    return !widget.isWindow() && widget.windowHandle() && !widget.testAttribute(Qt::WA_NativeWindow) &&
+           !widget.testAttribute(Qt::WA_WState_Created);
+}
+
 bool WidgetPeer::callOverride(Handler handler, QEvent& event)
 {
-    if (!QtCall::isPossible())
+    if (s_isSilent || !QtCall::isPossible())
         return false;
     const QtCall scope(describe(handler).name);
     const HandlerMethod& method = methodOf(handler);

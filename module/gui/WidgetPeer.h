@@ -3,6 +3,7 @@
 #include "module/gui/Handlers.h"
 #include "module/gui/WidgetHandle.h"
 
+#include <QPlatformSurfaceEvent>
 #include <QWidget>
 
 #include <atomic>
@@ -28,6 +29,19 @@ public:
 protected:
     bool isOwnedByQt() final;
 
+    /// Hides what Qt puts on the screen though a handler has hidden the widget while it was being shown: a window
+    /// without a widget, which would block all others when it is modal.
+    void hideGhost();
+    /// Takes a popup off the screen before its handler for closing runs. Qt closes all popups before it shows a window,
+    /// one after the other for as long as there is one, and would try for ever while a handler shows that window.
+    void leaveScreenFirst();
+    /// Hides a window that goes although a handler has shown it again while it was closing. Qt takes the rest for a
+    /// window on the screen, and would wait for ever until it is closed when the application ends.
+    void followSurface(const QPlatformSurfaceEvent& event);
+    /// True for a part that still has the window from before it became a part: when the user closed that window first,
+    /// Qt leaves it behind, below the window of the new parent, which would take it along without the part's knowing.
+    static bool hasLeftoverWindow(const QWidget& widget);
+
     /// True when a handler written in Python has taken the event; it may have destroyed anything but this widget.
     bool relay(Handler handler, QEvent& event)
     {
@@ -36,8 +50,10 @@ protected:
 
 private:
     bool callOverride(Handler handler, QEvent& event);
+    void hideSilently();
 
     std::atomic<bool> m_mayOverride = false; // read without the lock
+    static inline bool s_isSilent = false;   // no handler of any widget is called
 };
 
 /// The handlers as methods of the Python class that all widgets derive from: what super() finds, for widgets that a

@@ -14,11 +14,24 @@ public:
     QWidget& widget() override { return *this; }
     void handleByDefault(Handler handler, QEvent& event) override { I::defaultHandler(handler, event); }
 
+    void setVisible(bool visible) override
+    {
+        I::setVisible(visible);
+        if (visible)
+            hideGhost();
+    }
+
 protected:
     bool event(QEvent* event) override
     {
         const QEvent::Type type = event->type();
+        if (type == QEvent::Close)
+            leaveScreenFirst();
+        else if (type == QEvent::PlatformSurface)
+            followSurface(static_cast<QPlatformSurfaceEvent&>(*event));
         const bool result = I::event(event);
+        if (type == QEvent::ParentChange && hasLeftoverWindow(*this))
+            I::destroy();
         if (type == QEvent::ParentChange || type == QEvent::Show || type == QEvent::Hide)
             updateKeeping();
         return result;
