@@ -111,7 +111,8 @@ void QtCall::releaseLater(PyObject* reference)
     };
 
     const QCoreApplication* application = QCoreApplication::instance();
-    if (!application || application->thread() != QThread::currentThread())
+    const bool endsNothing = Py_REFCNT(reference) > 1;
+    if (endsNothing || !application || application->thread() != QThread::currentThread())
         Py_DECREF(reference);
     else if (s_released)
         s_released->push_back(reference);

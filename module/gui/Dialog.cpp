@@ -48,11 +48,57 @@ using PyDialog = Wrapper<QDialogIndirect>;
 
 constexpr ConstructorArguments g_arguments = {{"title", "windowTitle"}, {"parent", "parentWidget"}};
 
+/// The dialogs that execute() waits for. GUI thread.
+std::vector<const QDialog*>& waitingDialogs()
+{
+    static std::vector<const QDialog*> all;
+    return all;
+}
+
+bool isWaiting(const QDialog* dialog)
+{
+    const std::vector<const QDialog*>& waiting = waitingDialogs();
+    return std::find(waiting.begin(), waiting.end(), dialog) != waiting.end();
+}
+
+/// Changes which windows wait for a dialog. Qt notes who is waiting when it shows a dialog and forgets them when it
+/// hides it, by what the dialog says at that time: one that changes on the screen may be waited for without end.
+template <typename Change>
+void changeModality(QDialog& dialog, Change change)
+{
+    const bool isShown = dialog.isVisible();
+    const WidgetPeer::SilentScope silence;
+    if (isShown)
+        dialog.hide();
+    change();
+    if (isShown)
+        dialog.show();
+}
+
+void requireNotWaiting(const QDialog& dialog, const char* where)
+{
+    if (isWaiting(&dialog))
+        raise(PyExc_RuntimeError, "%s, the dialog is waiting for an answer", where);
+}
+
+void setModal(QDialog& dialog, bool modal)
+{
+    requireNotWaiting(dialog, "Dialog.modal");
+    if (modal != dialog.isModal())
+        changeModality(dialog, [&] { dialog.setModal(modal); });
+}
+
+void setModality(QDialog& dialog, Qt::WindowModality modality)
+{
+    requireNotWaiting(dialog, "Dialog.modality");
+    if (modality != dialog.windowModality())
+        changeModality(dialog, [&] { dialog.setWindowModality(modality); });
+}
+
 PyGetSetDef g_properties[] = {
-    property<&QDialog::isModal, &QDialog::setModal>(
+    property<&QDialog::isModal, setModal>(
         "modal", "bool: Whether the other windows wait until it is closed; for show(), execute() always waits."),
-    property<&QDialog::windowModality, &QDialog::setWindowModality>("modality",
-                                                                    "Modality: Which windows wait until it is closed."),
+    property<&QDialog::windowModality, setModality>("modality", "Modality: Which windows wait until it is closed."),
 };
 
 void accept(const Handle<QDialog>& handle)
@@ -79,13 +125,6 @@ void placeOverApplication(QDialog& dialog)
         dialog.adjustSize();
         dialog.move(window->frameGeometry().center() - dialog.rect().center());
     }
-}
-
-/// The dialogs that execute() waits for. GUI thread.
-std::vector<const QDialog*>& waitingDialogs()
-{
-    static std::vector<const QDialog*> all;
-    return all;
 }
 
 bool isTerminalProgram()
@@ -139,7 +178,7 @@ private:
 /// Shows the dialog and waits until it is hidden or gone.
 int waitFor(const QPointer<QDialog>& dialog)
 {
-    dialog->setAttribute(Qt::WA_ShowModal);
+    changeModality(*dialog, [&] { dialog->setAttribute(Qt::WA_ShowModal); });
     dialog->setResult(QDialog::Rejected);
     dialog->show();
     // Qt would wait for ever for a dialog that its own handlers have already closed.
@@ -154,8 +193,7 @@ QDialog::DialogCode execute(const Handle<QDialog>& handle)
 {
     const QPointer<QDialog> dialog = &handle.get();
     const QDialog* key = dialog;
-    std::vector<const QDialog*>& waiting = waitingDialogs();
-    if (std::find(waiting.begin(), waiting.end(), key) != waiting.end())
+    if (isWaiting(key))
         raise(PyExc_RuntimeError, "Dialog.execute(), the dialog is already waiting for an answer");
     if (const auto* own = dynamic_cast<const QDialogIndirect*>(key); own && own->isClosing())
         raise(PyExc_RuntimeError, "Dialog.execute(), the dialog is just closing");
@@ -163,7 +201,7 @@ QDialog::DialogCode execute(const Handle<QDialog>& handle)
         raise(PyExc_RuntimeError, "Dialog.execute(), the dialog is a part of another widget");
     placeOverApplication(*dialog);
     const bool wasModal = dialog->testAttribute(Qt::WA_ShowModal);
-    waiting.push_back(key);
+    waitingDialogs().push_back(key);
     int answer = QDialog::Rejected;
     InterruptWatch watch(dialog);
     {
@@ -171,8 +209,9 @@ QDialog::DialogCode execute(const Handle<QDialog>& handle)
         const GilRelease release;
         answer = waitFor(dialog);
         if (dialog)
-            dialog->setAttribute(Qt::WA_ShowModal, wasModal);
+            changeModality(*dialog, [&] { dialog->setAttribute(Qt::WA_ShowModal, wasModal); });
     }
+    std::vector<const QDialog*>& waiting = waitingDialogs();
     waiting.erase(std::find(waiting.begin(), waiting.end(), key));
     watch.raiseIfInterrupted();
     return answer == QDialog::Accepted ? QDialog::Accepted : QDialog::Rejected;

@@ -10,8 +10,6 @@
 
 #include <QWindow>
 
-#include <utility>
-
 namespace python {
 
 namespace {
@@ -57,13 +55,6 @@ bool WidgetPeer::isOwnedByQt()
     return self.parentWidget() || (self.isWindow() && self.isVisible());
 }
 
-void WidgetPeer::hideSilently()
-{
-    const bool wasSilent = std::exchange(s_isSilent, true);
-    widget().hide();
-    s_isSilent = wasSilent;
-}
-
 void WidgetPeer::hideGhost()
 {
     QWidget& self = widget();
@@ -73,7 +64,8 @@ void WidgetPeer::hideGhost()
     // Qt asks the widget, not the window, whether there is something to hide.
     self.setAttribute(Qt::WA_WState_Hidden, false);
     self.setAttribute(Qt::WA_WState_Visible);
-    hideSilently();
+    const SilentScope silence;
+    self.hide();
 }
 
 void WidgetPeer::leaveScreenFirst()
@@ -85,10 +77,12 @@ void WidgetPeer::leaveScreenFirst()
 
 void WidgetPeer::followSurface(const QPlatformSurfaceEvent& event)
 {
-    const QWidget& self = widget();
-    if (event.surfaceEventType() == QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed && self.isWindow() &&
-        self.isVisible())
-        hideSilently();
+    QWidget& self = widget();
+    if (event.surfaceEventType() != QPlatformSurfaceEvent::SurfaceAboutToBeDestroyed || !self.isWindow() ||
+        !self.isVisible())
+        return;
+    const SilentScope silence;
+    self.hide();
 }
 
 bool WidgetPeer::hasLeftoverWindow(const QWidget& widget)

@@ -7,6 +7,7 @@
 #include <QWidget>
 
 #include <atomic>
+#include <utility>
 
 namespace python {
 
@@ -17,6 +18,19 @@ namespace python {
 class WidgetPeer : public ObjectPeer
 {
 public:
+    /// The time in which no handler of any widget is called: a window comes and goes that the script need not know of.
+    class SilentScope
+    {
+    public:
+        SilentScope() : m_before(std::exchange(s_isSilent, true)) {}
+        ~SilentScope() { s_isSilent = m_before; }
+        SilentScope(const SilentScope&) = delete;
+        SilentScope& operator=(const SilentScope&) = delete;
+
+    private:
+        const bool m_before;
+    };
+
     virtual QWidget& widget() = 0;
     QObject& object() final { return widget(); }
     /// What the Qt class does with the event, which is of the kind that the handler takes.
@@ -50,7 +64,6 @@ protected:
 
 private:
     bool callOverride(Handler handler, QEvent& event);
-    void hideSilently();
 
     std::atomic<bool> m_mayOverride = false; // read without the lock
     static inline bool s_isSilent = false;   // no handler of any widget is called
