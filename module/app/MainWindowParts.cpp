@@ -120,23 +120,19 @@ bool removeMainWindowToolBar(const bp::object& name)
 
 bp::object addSubWindow(const bp::object& widget)
 {
-    if (widget.is_none())
-        raise(PyExc_TypeError, "addSubWindow(), expected type 'Widget' but got 'NoneType' instead");
-    const bp::extract<const WidgetHandle&> handle(widget);
-    if (!handle.check())
-        raise(PyExc_TypeError, "addSubWindow(), expected type 'Widget' but got '%s' instead", typeName(widget));
-    QWidget& content = handle().widget();
+    constexpr const char* function = "addSubWindow()";
+    QWidget& content = requireWidget(widget, function);
     if (&content == applicationWindow())
         raise(PyExc_RuntimeError, "MainWindow, illegal method call");
     // A widget that is a document already stays the document that it is.
     auto* window = qobject_cast<QMdiSubWindow*>(content.parentWidget());
     IAppWrapper* app = applicationInterface();
     if (!window)
-        requireFree(content, nullptr, "addSubWindow()");
+        requireFree(content, nullptr, function);
     if (!window && app)
         window = app->addSubWindow(&content);
     if (!window)
-        raise(PyExc_RuntimeError, "addSubWindow(), the application has no document area");
+        raise(PyExc_RuntimeError, "%s, the application has no document area", function);
     HVPluginContributions::instance().add(callingPluginFolder(), window);
     return wrapObject<SubWindowHandle>(window);
 }

@@ -71,7 +71,7 @@ void addWidget(const Handle<QGridLayout>& handle, const bp::object& widget, cons
 {
     constexpr const char* method = "Layout.addWidget()";
     QGridLayout& grid = handle.get();
-    requireWidget(widget, g_addWidgetTexts);
+    requireWidget(widget, method);
     const Cell cell = requireCell("GridLayout.addWidget()", row, column, rowSpan, columnSpan, align,
                                   "Layout.addWidget(), expected type 'Alignment' for optional argument 'align' but got "
                                   "'%s' instead");

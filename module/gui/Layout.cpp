@@ -122,7 +122,7 @@ void addToEnd(const LayoutHandle& handle, const bp::object& widget, const bp::ob
 {
     constexpr const char* method = "Layout.addWidget()";
     QLayout& layout = handle.layout();
-    requireWidget(widget, g_addWidgetTexts);
+    requireWidget(widget, method);
     const int factor = stretchArgument(stretch);
     const Qt::Alignment alignment =
         alignArgument(align, "Layout.addWidget(), expected type 'Alignment' for optional argument 'align' but got '%s' "

@@ -71,11 +71,9 @@ PyGetSetDef g_properties[] = {
 
 QWidget& requirePage(QTabWidget& tabs, const bp::object& argument)
 {
-    const bp::extract<const WidgetHandle&> handle(argument);
-    if (!handle.check())
-        raise(PyExc_TypeError, "TabWidget.addTab(), expected 'Widget' for first argument not '%s'", typeName(argument));
-    QWidget& page = handle().widget();
-    requireFree(page, &tabs, "TabWidget.addTab()");
+    constexpr const char* method = "TabWidget.addTab()";
+    QWidget& page = requireWidget(argument, method, "%s, expected 'Widget' for first argument not '%s'");
+    requireFree(page, &tabs, method);
     return page;
 }
 
@@ -143,12 +141,7 @@ void setCurrentTab(const Handle<QTabWidget>& handle, const bp::object& tab)
 int indexOf(const Handle<QTabWidget>& handle, const bp::object& widget)
 {
     QTabWidget& tabs = handle.get();
-    const bp::extract<const WidgetHandle&> page(widget);
-    if (widget.is_none())
-        raise(PyExc_TypeError, "TabWidget.indexOf(), expected 'Widget' not 'NoneType'");
-    if (!page.check())
-        raise(PyExc_TypeError, "TabWidget.indexOf(), expected 'Widget' not '%s'", typeName(widget));
-    return tabs.indexOf(&page().widget());
+    return tabs.indexOf(&requireWidget(widget, "TabWidget.indexOf()", "%s, expected 'Widget' not '%s'"));
 }
 
 void tabChanged(const Handle<QTabWidget>& handle, const bp::object& callable)

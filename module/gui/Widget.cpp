@@ -46,18 +46,14 @@ bp::object parentWidget(QWidget& self)
 
 void setParentWidget(QWidget& self, const bp::object& value)
 {
-    QWidget* parent = nullptr;
-    if (!value.is_none()) {
-        const bp::extract<const WidgetHandle&> handle(value);
-        if (!handle.check())
-            raise(PyExc_TypeError, "Widget.parentWidget, expected 'Widget' but got '%s' instead", typeName(value));
-        parent = &handle().widget();
-    }
+    constexpr const char* where = "Widget.parentWidget";
+    QWidget* parent =
+        value.is_none() ? nullptr : &requireWidget(value, where, "%s, expected 'Widget' but got '%s' instead");
     if (parent == self.parentWidget())
         return;
-    requireMovable(self, "Widget.parentWidget");
-    requireOutside(self, parent, "Widget.parentWidget");
-    handBack(&self, "Widget.parentWidget");
+    requireMovable(self, where);
+    requireOutside(self, parent, where);
+    handBack(&self, where);
     // Dialogs and menus stay windows of their own, above the parent.
     const Qt::WindowFlags kind = self.windowFlags() & Qt::WindowType_Mask;
     const bool staysWindow = kind == Qt::Dialog || kind == Qt::Popup;
@@ -189,21 +185,11 @@ void defineMap(Class& registered, const char* name, Function function, const cha
 
 } // namespace
 
-QWidget& requireWidget(const bp::object& argument, const WidgetTexts& texts)
-{
-    const bp::extract<const WidgetHandle&> handle(argument);
-    if (argument.is_none())
-        raise(PyExc_TypeError, texts.none);
-    if (!handle.check())
-        raise(PyExc_TypeError, texts.other, typeName(argument));
-    return handle().widget();
-}
-
-QWidget& requireWidget(const bp::object& argument, const char* method)
+QWidget& requireWidget(const bp::object& argument, const char* where, const char* format)
 {
     const bp::extract<const WidgetHandle&> handle(argument);
     if (!handle.check())
-        raise(PyExc_TypeError, "%s, expected type 'Widget' but got '%s' instead", method, typeName(argument));
+        raise(PyExc_TypeError, format, where, typeName(argument));
     return handle().widget();
 }
 

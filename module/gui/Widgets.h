@@ -29,21 +29,9 @@ public:
 boost::python::object addAction(QWidget& place, const char* function, const boost::python::object& text,
                                 const boost::python::object& callable, const boost::python::object& icon);
 
-/// The widget in an argument. Raises TypeError `none` for None, and `other`, which holds one "%s", for other objects.
-struct WidgetTexts
-{
-    const char* none;
-    const char* other;
-};
-QWidget& requireWidget(const boost::python::object& argument, const WidgetTexts& texts);
-
-/// Of Layout.addWidget(), for every class of layouts.
-inline constexpr WidgetTexts g_addWidgetTexts = {
-    "Layout.addWidget(), expected type 'Widget' but got 'NoneType' instead",
-    "Layout.addWidget(), expected type 'Widget' but got '%s' instead"};
-
-/// The widget in an argument of `method` ("Layout.addWidget()"). Raises TypeError "<method>, expected type 'Widget' but
-/// got '...' instead", also for None.
-QWidget& requireWidget(const boost::python::object& argument, const char* method);
+/// The widget in an argument. Everything else, None too, is a TypeError whose `format` holds one "%s" for `where`, the
+/// method or property ("Layout.addWidget()"), and another one for the type's name.
+QWidget& requireWidget(const boost::python::object& argument, const char* where,
+                       const char* format = "%s, expected type 'Widget' but got '%s' instead");
 
 } // namespace python
