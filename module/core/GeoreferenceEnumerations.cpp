@@ -1,12 +1,53 @@
 #include "host/georef/Enumerations.h"
 #include "host/img/Statistics.h"
 #include "module/Bindings.h"
+#include "module/EnumerationTable.h"
 
 #include <boost/python.hpp>
 
 namespace bp = boost::python;
 
 namespace python {
+
+namespace {
+
+constexpr NamedValue<georef::ScanOrientation> g_scanOrientations[] = {
+    {"Inline", georef::ScanOrientation::Inline},
+    {"Crossline", georef::ScanOrientation::Crossline},
+    {"Timeslice", georef::ScanOrientation::Timeslice},
+};
+
+constexpr NamedValue<georef::ScaleType> g_scaleTypes[] = {
+    {"Pixel", georef::ScaleType::Pixel},
+    {"World", georef::ScaleType::World},
+    {"Survey", georef::ScaleType::Survey},
+};
+
+constexpr NamedValue<georef::Unit> g_units[] = {
+    {"Meters", georef::Unit::Meters},
+    {"Feet", georef::Unit::Feet},
+    {"Milliseconds", georef::Unit::Milliseconds},
+    {"Seconds", georef::Unit::Seconds},
+    {"Kilometers", georef::Unit::Kilometers},
+    {"Miles", georef::Unit::Miles},
+    {"FeetUS", georef::Unit::FeetUS},
+    {"Decimeters", georef::Unit::Decimeters},
+    {"Centimeters", georef::Unit::Centimeters},
+    {"MilesUS", georef::Unit::MilesUS},
+    {"Yards", georef::Unit::Yards},
+    {"YardsUS", georef::Unit::YardsUS},
+    {"Inches", georef::Unit::Inches},
+    {"InchesUS", georef::Unit::InchesUS},
+};
+
+constexpr NamedValue<georef::Domain> g_domains[] = {
+    {"Unknown", georef::Domain::Unknown},
+    {"Time", georef::Domain::Time},
+    {"Depth", georef::Domain::Depth},
+    {"All", georef::Domain::All},
+};
+
+} // namespace
 
 void bindNoValue()
 {
@@ -15,53 +56,27 @@ void bindNoValue()
 
 void bindScanOrientation()
 {
-    using georef::ScanOrientation;
-    bp::enum_<ScanOrientation>("ScanOrientation",
-                               "The axis of a block that frames are cut across: an Inline frame has one inline number "
-                               "(block y), a Crossline frame one crossline number (block x), a Timeslice one vertical "
-                               "sample (block z).")
-        .value("Inline", ScanOrientation::Inline)
-        .value("Crossline", ScanOrientation::Crossline)
-        .value("Timeslice", ScanOrientation::Timeslice);
+    registerEnumeration("ScanOrientation",
+                        "The axis of a block that frames are cut across: an Inline frame has one inline number "
+                        "(block y), a Crossline frame one crossline number (block x), a Timeslice one vertical "
+                        "sample (block z).",
+                        g_scanOrientations);
 }
 
 void bindScaleType()
 {
-    using georef::ScaleType;
-    bp::enum_<ScaleType>("ScaleType", "The coordinates that the scales of a viewer show.")
-        .value("Pixel", ScaleType::Pixel)
-        .value("World", ScaleType::World)
-        .value("Survey", ScaleType::Survey);
+    registerEnumeration("ScaleType", "The coordinates that the scales of a viewer show.", g_scaleTypes);
 }
 
 void bindUnit()
 {
-    using georef::Unit;
-    bp::enum_<Unit>("Unit", "Units of length and time. The US ones are survey units (1 foot = 1200/3937 m).")
-        .value("Meters", Unit::Meters)
-        .value("Feet", Unit::Feet)
-        .value("Milliseconds", Unit::Milliseconds)
-        .value("Seconds", Unit::Seconds)
-        .value("Kilometers", Unit::Kilometers)
-        .value("Miles", Unit::Miles)
-        .value("FeetUS", Unit::FeetUS)
-        .value("Decimeters", Unit::Decimeters)
-        .value("Centimeters", Unit::Centimeters)
-        .value("MilesUS", Unit::MilesUS)
-        .value("Yards", Unit::Yards)
-        .value("YardsUS", Unit::YardsUS)
-        .value("Inches", Unit::Inches)
-        .value("InchesUS", Unit::InchesUS);
+    registerEnumeration("Unit", "Units of length and time. The US ones are survey units (1 foot = 1200/3937 m).",
+                        g_units);
 }
 
 void bindDomain()
 {
-    using georef::Domain;
-    bp::enum_<Domain>("Domain", "What the vertical axis measures.")
-        .value("Unknown", Domain::Unknown)
-        .value("Time", Domain::Time)
-        .value("Depth", Domain::Depth)
-        .value("All", Domain::All);
+    registerEnumeration("Domain", "What the vertical axis measures.", g_domains);
 }
 
 } // namespace python

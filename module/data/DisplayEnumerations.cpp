@@ -1,113 +1,130 @@
 #include "host/display/ColorSpace.h"
 #include "host/display/Enumerations.h"
 #include "module/Bindings.h"
-
-#include <boost/python.hpp>
-
-namespace bp = boost::python;
+#include "module/EnumerationTable.h"
 
 namespace python {
 
 using namespace display;
 
+namespace {
+
+constexpr NamedValue<InterpolationMethod> g_interpolationMethods[] = {
+    {"NoInterpolation", InterpolationMethod::NoInterpolation},
+    {"Bilinear", InterpolationMethod::Bilinear},
+    {"Bicubic", InterpolationMethod::Bicubic},
+};
+
+constexpr NamedValue<SmoothingMethod> g_smoothingMethods[] = {
+    {"NoSmoothing", SmoothingMethod::NoSmoothing},
+    {"Median", SmoothingMethod::Median},
+    {"Gaussian", SmoothingMethod::Gaussian},
+    {"StructureOriented", SmoothingMethod::StructureOriented},
+};
+
+constexpr NamedValue<ContouringMode> g_contouringModes[] = {
+    {"Data", ContouringMode::Data},
+    {"ZValue", ContouringMode::ZValue},
+};
+
+constexpr NamedValue<ColorSpace> g_colorSpaces[] = {
+    {"RGB", ColorSpace::RGB},   {"HSV", ColorSpace::HSV},
+    {"Lab", ColorSpace::Lab},   {"Diverging", ColorSpace::Diverging},
+    {"Step", ColorSpace::Step},
+};
+
+constexpr NamedValue<ColorBarType> g_colorBarTypes[] = {
+    {"GreyScale", ColorBarType::GreyScale},
+    {"RedWhiteBlack", ColorBarType::RedWhiteBlack},
+    {"RedWhiteBlack_2", ColorBarType::RedWhiteBlack_2},
+    {"RedWhiteBlue", ColorBarType::RedWhiteBlue},
+    {"Seismic", ColorBarType::Seismic},
+    {"Seismic_2", ColorBarType::Seismic_2},
+    {"Seismic_3", ColorBarType::Seismic_3},
+    {"Rainbow", ColorBarType::Rainbow},
+    {"GeoModel", ColorBarType::GeoModel},
+    {"Red", ColorBarType::Red},
+    {"Green", ColorBarType::Green},
+    {"Blue", ColorBarType::Blue},
+    {"Horizon", ColorBarType::Horizon},
+    {"Thinning", ColorBarType::Thinning},
+    {"AI", ColorBarType::AI},
+    {"Curvature", ColorBarType::Curvature},
+    {"Envelope", ColorBarType::Envelope},
+    {"Energy", ColorBarType::Energy},
+    {"Gradient", ColorBarType::Gradient},
+    {"Velocity", ColorBarType::Velocity},
+    {"Density", ColorBarType::Density},
+    {"Azimuth", ColorBarType::Azimuth},
+    {"Porosity", ColorBarType::Porosity},
+    {"Sand", ColorBarType::Sand},
+    {"Shale", ColorBarType::Shale},
+    {"Dip", ColorBarType::Dip},
+    {"Throw", ColorBarType::Throw},
+    {"Phase", ColorBarType::Phase},
+    {"Frequency", ColorBarType::Frequency},
+    {"GreyBlue", ColorBarType::GreyBlue},
+    {"Cyan", ColorBarType::Cyan},
+    {"Magenta", ColorBarType::Magenta},
+    {"Yellow", ColorBarType::Yellow},
+    {"BlueWhiteRed", ColorBarType::BlueWhiteRed},
+    {"DipBrown", ColorBarType::DipBrown},
+    {"GeoModelRainbow", ColorBarType::GeoModelRainbow},
+    {"GeoModelCold", ColorBarType::GeoModelCold},
+    {"GeoModelDark", ColorBarType::GeoModelDark},
+    {"GeoModelWarm", ColorBarType::GeoModelWarm},
+    {"SandProbability", ColorBarType::SandProbability},
+    {"AvoContrast", ColorBarType::AvoContrast},
+    {"GreenYellowRed", ColorBarType::GreenYellowRed},
+    {"BluePurpleYellow", ColorBarType::BluePurpleYellow},
+    {"CoarseExtraction", ColorBarType::CoarseExtraction},
+    {"Surface", ColorBarType::Surface},
+    {"DipAzimuth", ColorBarType::DipAzimuth},
+    {"Elevation", ColorBarType::Elevation},
+    {"ReflectionStrength", ColorBarType::ReflectionStrength},
+    {"Rotary", ColorBarType::Rotary},
+    {"Spectrum", ColorBarType::Spectrum},
+    {"Structural", ColorBarType::Structural},
+    {"Tropic", ColorBarType::Tropic},
+    {"Variance", ColorBarType::Variance},
+    {"Velocity2", ColorBarType::Velocity2},
+    {"WhiteBlueGreen", ColorBarType::WhiteBlueGreen},
+    {"Channels", ColorBarType::Channels},
+    {"Colors256", ColorBarType::Colors256},
+};
+
+} // namespace
+
 void bindInterpolationMethod()
 {
-    bp::enum_<InterpolationMethod>("InterpolationMethod", "How values between the samples are made.")
-        .value("NoInterpolation", InterpolationMethod::NoInterpolation)
-        .value("Bilinear", InterpolationMethod::Bilinear)
-        .value("Bicubic", InterpolationMethod::Bicubic);
+    registerEnumeration("InterpolationMethod", "How values between the samples are made.", g_interpolationMethods);
 }
 
 void bindSmoothingMethod()
 {
-    bp::enum_<SmoothingMethod>("SmoothingMethod", "How data are smoothed. There is no value 3.")
-        .value("NoSmoothing", SmoothingMethod::NoSmoothing)
-        .value("Median", SmoothingMethod::Median)
-        .value("Gaussian", SmoothingMethod::Gaussian)
-        .value("StructureOriented", SmoothingMethod::StructureOriented);
+    registerEnumeration("SmoothingMethod", "How data are smoothed. There is no value 3.", g_smoothingMethods);
 }
 
 void bindContouringMode()
 {
-    bp::enum_<ContouringMode>("ContouringMode", "What contour lines connect: equal data values or equal Z values.")
-        .value("Data", ContouringMode::Data)
-        .value("ZValue", ContouringMode::ZValue);
+    registerEnumeration("ContouringMode", "What contour lines connect: equal data values or equal Z values.",
+                        g_contouringModes);
 }
 
 void bindColorSpace()
 {
-    bp::enum_<ColorSpace>("ColorSpace",
-                          "The way from one colour to another: RGB straight in red, green and blue; HSV by hue, the "
-                          "shorter way round the circle; Lab in steps that look equal (CIE L*a*b*); Diverging through "
-                          "white when the hues differ; Step without a transition.")
-        .value("RGB", ColorSpace::RGB)
-        .value("HSV", ColorSpace::HSV)
-        .value("Lab", ColorSpace::Lab)
-        .value("Diverging", ColorSpace::Diverging)
-        .value("Step", ColorSpace::Step);
+    registerEnumeration("ColorSpace",
+                        "The way from one colour to another: RGB straight in red, green and blue; HSV by hue, the "
+                        "shorter way round the circle; Lab in steps that look equal (CIE L*a*b*); Diverging through "
+                        "white when the hues differ; Step without a transition.",
+                        g_colorSpaces);
 }
 
 void bindColorBarType()
 {
-    // GreenYellowRed has Green's number. It comes later, so the number reads as GreenYellowRed; scripts rely on that.
-    bp::enum_<ColorBarType>("ColorBarType", "The predefined palettes. Green and GreenYellowRed are the same value.")
-        .value("GreyScale", ColorBarType::GreyScale)
-        .value("RedWhiteBlack", ColorBarType::RedWhiteBlack)
-        .value("RedWhiteBlack_2", ColorBarType::RedWhiteBlack_2)
-        .value("RedWhiteBlue", ColorBarType::RedWhiteBlue)
-        .value("Seismic", ColorBarType::Seismic)
-        .value("Seismic_2", ColorBarType::Seismic_2)
-        .value("Seismic_3", ColorBarType::Seismic_3)
-        .value("Rainbow", ColorBarType::Rainbow)
-        .value("GeoModel", ColorBarType::GeoModel)
-        .value("Red", ColorBarType::Red)
-        .value("Green", ColorBarType::Green)
-        .value("Blue", ColorBarType::Blue)
-        .value("Horizon", ColorBarType::Horizon)
-        .value("Thinning", ColorBarType::Thinning)
-        .value("AI", ColorBarType::AI)
-        .value("Curvature", ColorBarType::Curvature)
-        .value("Envelope", ColorBarType::Envelope)
-        .value("Energy", ColorBarType::Energy)
-        .value("Gradient", ColorBarType::Gradient)
-        .value("Velocity", ColorBarType::Velocity)
-        .value("Density", ColorBarType::Density)
-        .value("Azimuth", ColorBarType::Azimuth)
-        .value("Porosity", ColorBarType::Porosity)
-        .value("Sand", ColorBarType::Sand)
-        .value("Shale", ColorBarType::Shale)
-        .value("Dip", ColorBarType::Dip)
-        .value("Throw", ColorBarType::Throw)
-        .value("Phase", ColorBarType::Phase)
-        .value("Frequency", ColorBarType::Frequency)
-        .value("GreyBlue", ColorBarType::GreyBlue)
-        .value("Cyan", ColorBarType::Cyan)
-        .value("Magenta", ColorBarType::Magenta)
-        .value("Yellow", ColorBarType::Yellow)
-        .value("BlueWhiteRed", ColorBarType::BlueWhiteRed)
-        .value("DipBrown", ColorBarType::DipBrown)
-        .value("GeoModelRainbow", ColorBarType::GeoModelRainbow)
-        .value("GeoModelCold", ColorBarType::GeoModelCold)
-        .value("GeoModelDark", ColorBarType::GeoModelDark)
-        .value("GeoModelWarm", ColorBarType::GeoModelWarm)
-        .value("SandProbability", ColorBarType::SandProbability)
-        .value("AvoContrast", ColorBarType::AvoContrast)
-        .value("GreenYellowRed", ColorBarType::GreenYellowRed)
-        .value("BluePurpleYellow", ColorBarType::BluePurpleYellow)
-        .value("CoarseExtraction", ColorBarType::CoarseExtraction)
-        .value("Surface", ColorBarType::Surface)
-        .value("DipAzimuth", ColorBarType::DipAzimuth)
-        .value("Elevation", ColorBarType::Elevation)
-        .value("ReflectionStrength", ColorBarType::ReflectionStrength)
-        .value("Rotary", ColorBarType::Rotary)
-        .value("Spectrum", ColorBarType::Spectrum)
-        .value("Structural", ColorBarType::Structural)
-        .value("Tropic", ColorBarType::Tropic)
-        .value("Variance", ColorBarType::Variance)
-        .value("Velocity2", ColorBarType::Velocity2)
-        .value("WhiteBlueGreen", ColorBarType::WhiteBlueGreen)
-        .value("Channels", ColorBarType::Channels)
-        .value("Colors256", ColorBarType::Colors256);
+    // GreenYellowRed has Green's number, which reads as GreenYellowRed; scripts rely on that.
+    registerEnumeration("ColorBarType", "The predefined palettes. Green and GreenYellowRed are the same value.",
+                        g_colorBarTypes, SharedNumber::ShowsLast);
 }
 
 } // namespace python

@@ -1,5 +1,6 @@
 #include "host/data/ObjectKind.h"
 #include "module/Bindings.h"
+#include "module/EnumerationTable.h"
 #include "module/data/ProjectHandle.h"
 #include "runtime/Errors.h"
 
@@ -8,6 +9,32 @@
 namespace bp = boost::python;
 
 namespace python {
+
+namespace {
+
+constexpr NamedValue<ObjectKind> g_objectIds[] = {
+    {"Volume", ObjectKind::Volume},
+    {"Survey", ObjectKind::Survey},
+    {"Model", ObjectKind::Model},
+    {"ExtractionArea", ObjectKind::ExtractionArea},
+    {"Horizon3d", ObjectKind::Horizon3d},
+    {"Fault3d", ObjectKind::Fault3d},
+    {"Fault2d", ObjectKind::Fault2d},
+    {"Culture", ObjectKind::Culture},
+    {"Polyline3d", ObjectKind::Polyline3d},
+    {"Wavelet", ObjectKind::Wavelet},
+    {"Layer", ObjectKind::Layer},
+    {"Geobody", ObjectKind::Geobody},
+    {"MultiZ", ObjectKind::MultiZ},
+    {"ColorBar", ObjectKind::ColorBar},
+    {"RandomLine", ObjectKind::RandomLine},
+    {"RandomLineSet", ObjectKind::RandomLineSet},
+    {"Horizon2d", ObjectKind::Horizon2d},
+    {"Well", ObjectKind::Well},
+    {"CRS", ObjectKind::Crs},
+};
+
+} // namespace
 
 ObjectKind requireObjectKind(const bp::object& argument, const char* format)
 {
@@ -20,26 +47,7 @@ ObjectKind requireObjectKind(const bp::object& argument, const char* format)
 
 void bindObjectId()
 {
-    bp::enum_<ObjectKind>("ObjectId", "The kinds of object that a project holds.")
-        .value("Volume", ObjectKind::Volume)
-        .value("Survey", ObjectKind::Survey)
-        .value("Model", ObjectKind::Model)
-        .value("ExtractionArea", ObjectKind::ExtractionArea)
-        .value("Horizon3d", ObjectKind::Horizon3d)
-        .value("Fault3d", ObjectKind::Fault3d)
-        .value("Fault2d", ObjectKind::Fault2d)
-        .value("Culture", ObjectKind::Culture)
-        .value("Polyline3d", ObjectKind::Polyline3d)
-        .value("Wavelet", ObjectKind::Wavelet)
-        .value("Layer", ObjectKind::Layer)
-        .value("Geobody", ObjectKind::Geobody)
-        .value("MultiZ", ObjectKind::MultiZ)
-        .value("ColorBar", ObjectKind::ColorBar)
-        .value("RandomLine", ObjectKind::RandomLine)
-        .value("RandomLineSet", ObjectKind::RandomLineSet)
-        .value("Horizon2d", ObjectKind::Horizon2d)
-        .value("Well", ObjectKind::Well)
-        .value("CRS", ObjectKind::Crs);
+    registerEnumeration("ObjectId", "The kinds of object that a project holds.", g_objectIds);
 }
 
 } // namespace python

@@ -1,6 +1,6 @@
 #include "host/widgets/HVMouseMode.h"
 #include "module/Bindings.h"
-#include "module/gui/EnumerationTable.h"
+#include "module/EnumerationTable.h"
 #include "module/gui/ScrollDirection.h"
 
 #include <QEvent>

@@ -1,5 +1,5 @@
 #include "module/Bindings.h"
-#include "module/gui/EnumerationTable.h"
+#include "module/EnumerationTable.h"
 
 namespace python {
 

@@ -1,6 +1,6 @@
 #include "host/widgets/HVFileDialogType.h"
 #include "module/Bindings.h"
-#include "module/gui/EnumerationTable.h"
+#include "module/EnumerationTable.h"
 
 #include <QComboBox>
 #include <QDialog>
