@@ -1,13 +1,9 @@
 #include "module/gui/Events.h"
 
 #include "module/Bindings.h"
-#include "module/gui/Conversion.h"
-#include "module/gui/Guarded.h"
 #include "module/gui/MimeContent.h"
+#include "module/gui/Property.h"
 #include "module/gui/ScrollDirection.h"
-#include "runtime/ClassSlots.h"
-#include "runtime/Errors.h"
-#include "runtime/ValueInstance.h"
 
 #include <QDragEnterEvent>
 #include <QKeyEvent>
@@ -115,24 +111,6 @@ void endEvent(PyObject* object)
 
 namespace {
 
-/// A read-only property from a function that takes the Qt event.
-template <typename QtEvent, typename Result>
-QtEvent eventIn(Result (*getter)(QtEvent&));
-
-template <auto getter>
-PyObject* get(PyObject* self, void* /*closure*/)
-{
-    using QtEvent = std::remove_reference_t<decltype(eventIn(getter))>;
-    return guarded<>(static_cast<PyObject*>(nullptr),
-                     [&] { return toPython(getter(static_cast<QtEvent&>(*eventOf(self)))); });
-}
-
-template <auto getter>
-constexpr PyGetSetDef readOnlyOf(const char* name, const char* documentation)
-{
-    return {name, get<getter>, nullptr, documentation, nullptr};
-}
-
 template <bool accepted>
 PyObject* setAccepted(PyObject* self, PyObject* /*none*/)
 {
@@ -183,8 +161,8 @@ MimeContent mimeData(QDropEvent& event)
 }
 
 PyGetSetDef g_event[] = {
-    readOnlyOf<+[](QEvent& event) { return event.type(); }>("eventType", "EventType: What happened. Read-only."),
-    readOnlyOf<+[](QEvent& event) { return event.isAccepted(); }>(
+    readOnly<&QEvent::type>("eventType", "EventType: What happened. Read-only."),
+    readOnly<&QEvent::isAccepted>(
         "accepted", "bool: Whether the event counts as used; what is not goes on to the widget around. Read-only."),
 };
 PyMethodDef g_eventMethods[] = {
@@ -194,47 +172,44 @@ PyMethodDef g_eventMethods[] = {
      "dragged can not be dropped."},
 };
 PyGetSetDef g_inputEvent[] = {
-    readOnlyOf<modifiers>("modifiers", "KeyboardModifiers: The keys held down, combined by '|'. Read-only."),
+    readOnly<modifiers>("modifiers", "KeyboardModifiers: The keys held down, combined by '|'. Read-only."),
 };
 PyGetSetDef g_keyEvent[] = {
-    readOnlyOf<+[](QKeyEvent& event) { return static_cast<Qt::Key>(event.key()); }>(
+    readOnly<+[](QKeyEvent& event) { return static_cast<Qt::Key>(event.key()); }>(
         "key", "Key: The key; a letter compares equal to its capital's code, `event.key == ord('A')`. Read-only."),
-    readOnlyOf<+[](QKeyEvent& event) { return event.text(); }>(
-        "text", "str: What the key types, empty for keys such as Shift. Read-only."),
+    readOnly<&QKeyEvent::text>("text", "str: What the key types, empty for keys such as Shift. Read-only."),
 };
 PyGetSetDef g_mouseEvent[] = {
-    readOnlyOf<+[](QMouseEvent& event) { return event.pos(); }>(
-        "position", "Point: Place in the widget, in pixels from its upper left corner. Read-only."),
-    readOnlyOf<+[](QMouseEvent& event) { return event.globalPos(); }>("globalPosition",
-                                                                      "Point: Place on the screen. Read-only."),
-    readOnlyOf<+[](QMouseEvent& event) { return event.button(); }>(
+    readOnly<&QMouseEvent::pos>("position",
+                                "Point: Place in the widget, in pixels from its upper left corner. Read-only."),
+    readOnly<&QMouseEvent::globalPos>("globalPosition", "Point: Place on the screen. Read-only."),
+    readOnly<&QMouseEvent::button>(
         "button", "MouseButton: The button pressed or released; NoButton when the mouse moves. Read-only."),
-    readOnlyOf<heldButtons>("buttons", "MouseButton: The buttons held down, combined by '|'. Read-only."),
+    readOnly<heldButtons>("buttons", "MouseButton: The buttons held down, combined by '|'. Read-only."),
 };
 PyGetSetDef g_wheelEvent[] = {
-    readOnlyOf<scrollDirection>(
-        "scrollDirection", "ScrollDirection: Where the wheel turns, in the direction that turned most. Read-only."),
-    readOnlyOf<+[](QWheelEvent& event) { return event.angleDelta(); }>(
+    readOnly<scrollDirection>("scrollDirection",
+                              "ScrollDirection: Where the wheel turns, in the direction that turned most. Read-only."),
+    readOnly<&QWheelEvent::angleDelta>(
         "angle", "Point: How far the wheel turned, in eighths of a degree; most wheels make steps of 120. Read-only."),
-    readOnlyOf<+[](QWheelEvent& event) { return event.position().toPoint(); }>(
-        "position", "Point: Place in the widget. Read-only."),
+    readOnly<+[](QWheelEvent& event) { return event.position().toPoint(); }>("position",
+                                                                             "Point: Place in the widget. Read-only."),
 };
 PyGetSetDef g_moveEvent[] = {
-    readOnlyOf<+[](QMoveEvent& event) { return event.pos(); }>("position", "Point: Where it is now. Read-only."),
-    readOnlyOf<+[](QMoveEvent& event) { return event.oldPos(); }>("oldPosition", "Point: Where it was. Read-only."),
+    readOnly<&QMoveEvent::pos>("position", "Point: Where it is now. Read-only."),
+    readOnly<&QMoveEvent::oldPos>("oldPosition", "Point: Where it was. Read-only."),
 };
 PyGetSetDef g_resizeEvent[] = {
-    readOnlyOf<+[](QResizeEvent& event) { return event.size(); }>("size", "Size: Size now, in pixels. Read-only."),
-    readOnlyOf<+[](QResizeEvent& event) { return event.oldSize(); }>(
-        "oldSize", "Size: Size before, (-1, -1) for the first time. Read-only."),
+    readOnly<&QResizeEvent::size>("size", "Size: Size now, in pixels. Read-only."),
+    readOnly<&QResizeEvent::oldSize>("oldSize", "Size: Size before, (-1, -1) for the first time. Read-only."),
 };
 PyGetSetDef g_dropEvent[] = {
-    readOnlyOf<mimeData>("mimeData", "MimeData: A copy of what is dragged. Read-only."),
-    readOnlyOf<+[](QDropEvent& event) { return event.pos(); }>("position", "Point: Place in the widget. Read-only."),
+    readOnly<mimeData>("mimeData", "MimeData: A copy of what is dragged. Read-only."),
+    readOnly<&QDropEvent::pos>("position", "Point: Place in the widget. Read-only."),
 };
 PyGetSetDef g_dragMoveEvent[] = {
-    readOnlyOf<+[](QDragMoveEvent& event) { return event.answerRect(); }>(
-        "rectangle", "Rectangle: The part of the widget for which the answer holds. Read-only."),
+    readOnly<&QDragMoveEvent::answerRect>("rectangle",
+                                          "Rectangle: The part of the widget for which the answer holds. Read-only."),
 };
 PyMethodDef g_dragMoveMethods[] = {
     {"acceptRectangle", setRectangle<true>, METH_O,

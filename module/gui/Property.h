@@ -1,14 +1,17 @@
 #pragma once
 
 #include "module/gui/Conversion.h"
+#include "module/gui/Events.h"
 #include "module/gui/Guarded.h"
 #include "module/gui/HandleInstance.h"
 #include "module/gui/WidgetClasses.h"
 #include "runtime/ClassSlots.h"
 
+#include <QEvent>
+
 #include <type_traits>
 
-/// Properties of widgets, straight from pairs of Qt functions:
+/// Properties of widgets and events, straight from Qt's functions:
 ///
 ///     static PyGetSetDef g_properties[] = {
 ///         property<&QFrame::lineWidth, &QFrame::setLineWidth>("lineWidth", "int: Width of the frame's lines."),
@@ -47,11 +50,21 @@ struct Signature<void (*)(Object&, Value)>
     using Argument = std::decay_t<Value>;
 };
 
+/// What an object of the class that the property is installed in stands for; RuntimeError when it is gone.
+template <typename Owner>
+Owner& ownerOf(PyObject* self)
+{
+    if constexpr (std::is_base_of_v<QEvent, Owner>)
+        return static_cast<Owner&>(*eventOf(self));
+    else
+        return handleOf(self).alive<Owner>();
+}
+
 template <auto getter>
 PyObject* get(PyObject* self, void* /*member*/)
 {
     return guarded<>(static_cast<PyObject*>(nullptr), [&] {
-        auto& object = handleOf(self).alive<typename Signature<decltype(getter)>::Owner>();
+        auto& object = ownerOf<typename Signature<decltype(getter)>::Owner>(self);
         if constexpr (std::is_member_function_pointer_v<decltype(getter)>)
             return toPython((object.*getter)());
         else
