@@ -1,5 +1,4 @@
 #include "module/Bindings.h"
-#include "module/gui/Collection.h"
 #include "module/gui/Connector.h"
 #include "module/gui/Construction.h"
 #include "module/gui/Property.h"
@@ -42,9 +41,6 @@ PyGetSetDef g_abstractProperties[] = {
     property<shortcut, setShortcut>("shortcut", "str: Keys that press it from anywhere in the window, 'Ctrl+R'."),
 };
 
-/// What the menu of a button is held by; the button itself does not own it.
-constexpr const char* g_heldMenu = "menu";
-
 bp::object menu(QPushButton& button)
 {
     return wrapWidget(button.menu());
@@ -56,11 +52,8 @@ void setMenu(QPushButton& button, const bp::object& value)
     if (!value.is_none() && !handle.check())
         raiseWrongType("Button.menu", "Menu", value.ptr());
     QMenu* given = value.is_none() ? nullptr : &handle().get();
-    auto* held = button.findChild<QObject*>(g_heldMenu, Qt::FindDirectChildrenOnly);
     button.setMenu(given);
-    if (given)
-        (new HeldReference(&button, SharedReference(value)))->setObjectName(g_heldMenu);
-    delete held;
+    holdOnlyMenu(button, value);
 }
 
 PyGetSetDef g_properties[] = {

@@ -1,7 +1,6 @@
 #include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
 #include "module/app/PluginContext.h"
-#include "module/gui/Collection.h"
 #include "module/gui/Construction.h"
 #include "module/gui/Property.h"
 #include "module/gui/Widgets.h"
@@ -43,8 +42,7 @@ void addSeparator(const Handle<QMenu>& handle)
     HVPluginContributions::instance().add(callingPluginFolder(), handle.get().addSeparator());
 }
 
-/// A menu in `place`, which is given one or the title of a new one. A given menu stays where it is in the tree of
-/// widgets; its Python object lives as long as the place.
+/// A menu in `place`, which is given one or the title of a new one.
 template <typename Place>
 bp::object addMenu(Place& place, const bp::object& given, const char* method)
 {
@@ -53,7 +51,7 @@ bp::object addMenu(Place& place, const bp::object& given, const char* method)
     if (menu) {
         if (static_cast<QWidget*>(menu) == &place || menu->isAncestorOf(&place))
             raise(PyExc_ValueError, "%s, a menu can not be inside itself", method);
-        new HeldReference(&place, SharedReference(given));
+        holdMenu(place, given);
         place.addMenu(menu);
     } else {
         menu =

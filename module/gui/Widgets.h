@@ -29,6 +29,11 @@ public:
 boost::python::object addAction(QWidget& place, const char* function, const boost::python::object& text,
                                 const boost::python::object& callable, const boost::python::object& icon);
 
+/// Keeps the Python object of `menu` for as long as `owner`, which shows the menu but is not its parent.
+void holdMenu(QObject& owner, const boost::python::object& menu);
+/// The same for an owner of one menu or none (None): others are let go of, which may run code of scripts.
+void holdOnlyMenu(QObject& owner, const boost::python::object& menu);
+
 /// The widget in an argument. Everything else, None too, is a TypeError whose `format` holds one "%s" for `where`, the
 /// method or property ("Layout.addWidget()"), and another one for the type's name.
 QWidget& requireWidget(const boost::python::object& argument, const char* where,

@@ -118,6 +118,39 @@ for wrong in (5, None, "text", object()):
 )");
 }
 
+TEST_F(ToolkitTest, menusLiveAsLongAsWhatShowsThem)
+{
+    check(R"(
+import sys
+class Callable(sp.Menu):
+    def __call__(self): pass
+for cls in (sp.MenuBar, sp.Menu):
+    place, menu = cls(), sp.Menu("m")
+    place.addMenu(menu)
+    count = sys.getrefcount(menu)
+    place.addMenu(menu)
+    assert sys.getrefcount(menu) == count, cls
+    known = weakref.ref(menu)
+    del menu
+    gc.collect()
+    assert known().title == "m"
+    del place
+    flush()
+    assert known() is None, cls
+button, first, second = sp.Button("b"), Callable("1"), sp.Menu("2")
+button.clicked(first)
+known = weakref.ref(first), weakref.ref(second)
+for button.menu in (first, second, second):
+    pass
+del first, second
+assert button.menu is known[1]()
+button.menu = None
+flush()
+assert known[1]() is None
+assert known[0]() is not None, "the connection holds it"
+)");
+}
+
 TEST_F(ToolkitTest, theApplicationsWidgetsAreNotTheScripts)
 {
     QMainWindow window;
