@@ -8,7 +8,9 @@
 #include "runtime/ClassSlots.h"
 
 #include <QEvent>
+#include <QVarLengthArray>
 
+#include <cstring>
 #include <type_traits>
 
 /// Properties of widgets and events, straight from Qt's functions:
@@ -72,6 +74,22 @@ PyObject* get(PyObject* self, void* /*member*/)
     });
 }
 
+/// "Frame.lineWidth", without an allocation: every assignment makes one, and those inside a conversion another.
+class PropertyName
+{
+public:
+    PropertyName(const char* className, const char* member)
+    {
+        m_text.append(className, static_cast<int>(std::strlen(className)));
+        m_text.append('.');
+        m_text.append(member, static_cast<int>(std::strlen(member)) + 1);
+    }
+    const char* text() const { return m_text.constData(); }
+
+private:
+    QVarLengthArray<char, 96> m_text;
+};
+
 template <auto setter>
 int set(PyObject* self, PyObject* value, void* member)
 {
@@ -79,11 +97,10 @@ int set(PyObject* self, PyObject* value, void* member)
         using Types = Signature<decltype(setter)>;
         const ObjectHandle& handle = handleOf(self);
         auto& object = handle.alive<typename Types::Owner>();
-        static std::string where; // of the GUI thread, as everything behind alive()
-        where.assign(handle.className()).append(1, '.').append(static_cast<const char*>(member));
+        const PropertyName where(handle.className(), static_cast<const char*>(member));
         if (!value)
-            raise(PyExc_AttributeError, "%s can not be deleted", where.c_str());
-        auto&& argument = Argument<typename Types::Argument>::from(value, where.c_str());
+            raise(PyExc_AttributeError, "%s can not be deleted", where.text());
+        auto&& argument = Argument<typename Types::Argument>::from(value, where.text());
         if constexpr (std::is_member_function_pointer_v<decltype(setter)>)
             (object.*setter)(argument);
         else

@@ -314,6 +314,18 @@ class Arranging(QuietCase):
 
 
 class Containers(QuietCase):
+    def test_errors_name_their_property_though_a_conversion_sets_the_same_one(self):
+        frame, scroll = Frame(lineWidth=2), ScrollArea()
+
+        class Number:
+            def __index__(self):
+                scroll.lineWidth = 3
+                return 2**40
+
+        self.refuses(OverflowError, "Frame.lineWidth, the value must fit 32 bits", setattr, frame, "lineWidth",
+                     Number())
+        self.assertEqual((frame.lineWidth, scroll.lineWidth), (2, 3))
+
     def test_scroll_area_hands_back(self):
         scroll, first, second = ScrollArea(widgetResizable=True, alignment=Align.Center), Button("1"), Button("2")
         scroll.widget = first
