@@ -1,5 +1,6 @@
 #include "host/viewers/HVPreviewViewer.h"
 
+#include "host/services/HVFileWatch.h"
 #include "host/viewers/ObjectPicture.h"
 
 #include <QKeyEvent>
@@ -33,13 +34,49 @@ void HVPreviewViewer::showObject(std::optional<ObjectKind> kind, const QString& 
 {
     if (!kind && !m_picture)
         return;
+    if (!m_watch) {
+        m_watch = new HVFileWatch(this);
+        connect(m_watch, &HVFileWatch::changed, this, [this] {
+            if (isVisible())
+                readAgain();
+        });
+    }
+    m_kind = kind;
+    m_watch->watch(kind ? path : QString());
     m_picture = kind ? makeObjectPicture(*kind, path) : nullptr;
+    startAnew();
+    Q_EMIT pictureChanged();
+}
+
+void HVPreviewViewer::startAnew()
+{
     m_selection = {};
     m_cross.reset();
     m_dragButton = Qt::NoButton;
     m_band = {};
     fit();
-    Q_EMIT pictureChanged();
+}
+
+void HVPreviewViewer::readAgain()
+{
+    m_watch->watch(m_watch->path());
+    const QRectF before = m_picture->page();
+    m_picture = makeObjectPicture(*m_kind, m_watch->path());
+    if (m_picture->page() == before) {
+        update();
+        return;
+    }
+    const bool wasSelected = !m_selection.isEmpty();
+    startAnew();
+    if (wasSelected)
+        Q_EMIT selectionChanged(m_selection);
+}
+
+void HVPreviewViewer::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (m_watch && m_watch->hasChanged())
+        readAgain();
 }
 
 void HVPreviewViewer::setHint(const QString& hint)

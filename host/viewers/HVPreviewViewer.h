@@ -9,11 +9,14 @@
 #include <memory>
 #include <optional>
 
+class HVFileWatch;
 class ObjectPicture;
 
 /// host/viewers: windows that show objects of the project, and what they paint.
 
-/// Shows one object, as far as a picture of it can be made without opening it fully.
+/// Shows one object, as far as a picture of it can be made without opening it fully. When its file changes on the disk
+/// the picture is made anew a moment later, in a hidden viewer as soon as it is shown; zoom, rectangle and cross stay
+/// where the page has kept its size.
 ///
 /// The left button does what the mouse mode says: chooses a position (Selection), draws a rectangle (SquareSelection),
 /// moves the cross (CrossNavigation), moves the page (Translation), draws the rectangle to zoom to (Zoom). In every
@@ -54,7 +57,7 @@ public:
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    /// Another picture is shown, or none.
+    /// Another object's picture is shown, or none.
     void pictureChanged();
     void mouseModeChanged(HVMouseMode mode);
     void positionSelected(QPointF position);
@@ -64,6 +67,7 @@ Q_SIGNALS:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -73,6 +77,8 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
+    void readAgain();
+    void startAnew();
     QPointF toPage(QPointF viewer) const;
     void moveBy(QPointF viewerPixels);
     void setScale(double scale);
@@ -82,6 +88,8 @@ private:
     void updateCursor();
 
     std::unique_ptr<ObjectPicture> m_picture;
+    std::optional<ObjectKind> m_kind;
+    HVFileWatch* m_watch = nullptr; // from the first object on: each takes one of the system's few
     QString m_hint;
     HVMouseMode m_mode = HVMouseMode::Selection;
     double m_scale = 1.0;

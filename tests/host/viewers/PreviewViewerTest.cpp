@@ -15,6 +15,8 @@
 #include <QTest>
 #include <QWheelEvent>
 
+#include <filesystem>
+
 namespace {
 
 TEST(MouseMode, eachModeHasItsAction)
@@ -105,6 +107,57 @@ TEST_F(Preview, showsWhatIsChosen)
     preview.selection()->clear();
     EXPECT_FALSE(viewer().picture());
     EXPECT_EQ(changed.size(), 4);
+}
+
+TEST_F(Preview, followsTheFileOnTheDisk)
+{
+    const QString path = projects.project()->newFilename(ObjectKind::Culture, "Lease");
+    const auto write = [](const QString& to, double right) {
+        const QByteArray text = R"({"type":"LineString","coordinates":[[0,0],[)" + QByteArray::number(right) + ",50]]}";
+        QFile file(to);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
+    };
+    // 5 % of the larger side are around the line.
+    const auto shows = [this](double right, int milliseconds = 5000) {
+        const double width = right + 0.1 * std::max(right, 50.0);
+        return QTest::qWaitFor([&] { return std::abs(viewer().picture()->page().width() - width) < 1e-6; },
+                               milliseconds);
+    };
+    write(path, 100);
+    preview.selection()->setObject(path);
+    ASSERT_TRUE(shows(100));
+    QSignalSpy another(&preview, &HVInputSelectionPreview::viewerChanged);
+
+    preview.setPreviewMouseMode(HVMouseMode::SquareSelection);
+    drag({40, 60}, {80, 50});
+    QSignalSpy selected(&viewer(), &HVPreviewViewer::selectionChanged);
+    write(path, 2000);
+    EXPECT_TRUE(shows(2000)) << "written in place";
+    EXPECT_EQ(selected.size(), 1) << "the rectangle was on another page";
+    EXPECT_TRUE(viewer().selection().isEmpty());
+
+    // Replaced twice, and written in place in between; the first file lives on under another name.
+    std::filesystem::create_hard_link(path.toStdString(), folder.filePath("old").toStdString());
+    for (const double right : {300.0, 40000.0}) {
+        write(folder.filePath("new"), right);
+        std::filesystem::rename(folder.filePath("new").toStdString(), path.toStdString());
+        EXPECT_TRUE(shows(right)) << "replaced";
+        write(path, right * 10);
+        EXPECT_TRUE(shows(right * 10)) << "written after it was replaced";
+    }
+    viewer().zoom(3, {10, 10});
+    const QTransform zoomed = viewer().pageToViewer();
+    const ObjectPicture* before = viewer().picture();
+    write(path, 400000.0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return viewer().picture() != before; }));
+    EXPECT_EQ(viewer().pageToViewer(), zoomed);
+
+    preview.hide();
+    write(path, 70);
+    EXPECT_FALSE(shows(70, 500)) << "a hidden viewer reads nothing";
+    preview.show();
+    EXPECT_TRUE(shows(70));
+    EXPECT_EQ(another.size(), 0) << "it is the same object";
 }
 
 TEST_F(Preview, mouseDoesWhatTheModeSays)
