@@ -91,9 +91,14 @@ void addRows(std::vector<ObjectRows::Row>& rows, const ProjectNode& node, const 
 
 } // namespace
 
-HVObjectComboBox::HVObjectComboBox(QWidget* parent)
+HVObjectComboBox::HVObjectComboBox(QWidget* parent) : HVObjectComboBox(FirstKinds::current(), parent) {}
+
+HVObjectComboBox::HVObjectComboBox(ObjectKind kind, QWidget* parent) : HVObjectComboBox(std::set{kind}, parent) {}
+
+HVObjectComboBox::HVObjectComboBox(const std::set<ObjectKind>& kinds, QWidget* parent)
     : QComboBox(parent), m_objects(new HVProjectObjects(this)), m_rows(new ObjectRows(this))
 {
+    m_objects->setKinds(kinds);
     setModel(m_rows);
     // Asking every row for its width would take longer than listing them.
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
@@ -117,11 +122,6 @@ HVObjectComboBox::HVObjectComboBox(QWidget* parent)
             m_chosen = after;
     });
     updateObjects();
-}
-
-HVObjectComboBox::HVObjectComboBox(ObjectKind kind, QWidget* parent) : HVObjectComboBox(parent)
-{
-    setKinds({kind});
 }
 
 HVObjectComboBox::~HVObjectComboBox() = default;

@@ -27,10 +27,29 @@ class HVObjectComboBox : public QComboBox
     Q_PROPERTY(QString object READ object WRITE setObject NOTIFY objectChanged)
 
 public:
-    /// Of all kinds that scripts know.
+    /// Of all kinds that scripts know, or those of the FirstKinds that there are.
     explicit HVObjectComboBox(QWidget* parent = nullptr);
     explicit HVObjectComboBox(ObjectKind kind, QWidget* parent = nullptr);
+    /// All kinds that scripts know for an empty set.
+    explicit HVObjectComboBox(const std::set<ObjectKind>& kinds, QWidget* parent = nullptr);
     ~HVObjectComboBox() override;
+
+    /// The kinds of the boxes that are made without any while this lives, for makers that know the class only as a
+    /// widget: setting them afterwards would list the project a second time. Nests; GUI thread only.
+    class FirstKinds
+    {
+    public:
+        explicit FirstKinds(std::set<ObjectKind> kinds) : m_kinds(std::move(kinds)) { s_current = this; }
+        ~FirstKinds() { s_current = m_outer; }
+        FirstKinds(const FirstKinds&) = delete;
+        FirstKinds& operator=(const FirstKinds&) = delete;
+        static std::set<ObjectKind> current() { return s_current ? s_current->m_kinds : std::set<ObjectKind>(); }
+
+    private:
+        static inline const FirstKinds* s_current = nullptr;
+        const FirstKinds* m_outer = s_current;
+        std::set<ObjectKind> m_kinds;
+    };
 
     const std::set<ObjectKind>& kinds() const;
     /// All kinds that scripts know for an empty set.

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace bp = boost::python;
 
@@ -79,8 +80,16 @@ Setting makeSetting(PyTypeObject* type, const char* argument, PyObject* property
 
 } // namespace
 
+PyObject* findArgument(const ConstructorArguments& names, const char* name, PyObject* arguments, PyObject* keywords)
+{
+    for (Py_ssize_t index = 0; index < PyTuple_GET_SIZE(arguments) && index < std::ssize(names); ++index)
+        if (std::strcmp(names.begin()[index].name, name) == 0)
+            return PyTuple_GET_ITEM(arguments, index);
+    return keywords ? PyDict_GetItemWithError(keywords, strOf(name)) : nullptr;
+}
+
 void applyArguments(PyObject* self, PyTypeObject* type, const ConstructorArguments& names, PyObject* arguments,
-                    PyObject* keywords)
+                    PyObject* keywords, const char* taken)
 {
     const Py_ssize_t count = PyTuple_GET_SIZE(arguments);
     if (count == 0 && !keywords)
@@ -93,6 +102,8 @@ void applyArguments(PyObject* self, PyTypeObject* type, const ConstructorArgumen
         const ConstructorArgument& name = names.begin()[index];
         if (keywords && PyDict_GetItemString(keywords, name.name))
             raise(PyExc_TypeError, "%s() got multiple values for argument '%s'", type->tp_name, name.name);
+        if (taken && std::strcmp(name.name, taken) == 0)
+            continue;
         insert(settings, makeSetting(type, name.name, strOf(name.property), PyTuple_GET_ITEM(arguments, index)));
     }
     PyObject* key = nullptr;
@@ -101,6 +112,8 @@ void applyArguments(PyObject* self, PyTypeObject* type, const ConstructorArgumen
         const char* argument = PyUnicode_AsUTF8(key);
         if (!argument)
             raisePending();
+        if (taken && std::strcmp(argument, taken) == 0)
+            continue;
         insert(settings, makeSetting(type, argument, propertyOf(names, key), value));
     }
     for (const Setting& setting : settings)

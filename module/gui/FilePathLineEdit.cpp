@@ -2,6 +2,7 @@
 #include "module/Bindings.h"
 #include "module/gui/Connector.h"
 #include "module/gui/Construction.h"
+#include "module/gui/PathArgument.h"
 #include "module/gui/Property.h"
 
 namespace bp = boost::python;
@@ -15,10 +16,16 @@ using PyFilePathLineEdit = Wrapper<HVFilePathLineEditIndirect>;
 
 constexpr ConstructorArguments g_arguments = {{"path", "path"}, {"parent", "parentWidget"}};
 
+void setPath(HVFilePathLineEdit& field, const PathText& path)
+{
+    field.setPath(path.text);
+}
+
 PyGetSetDef g_properties[] = {
-    property<&HVFilePathLineEdit::path, &HVFilePathLineEdit::setPath>(
+    property<&HVFilePathLineEdit::path, setPath>(
         "path", "str: The path of the file, with '/' between folders on every system; empty for none. It need not "
-                "exist. Spaces and quotes around it are taken off, a leading '~' and a file: address are resolved."),
+                "exist. An os.PathLike can be set as well. Spaces and quotes around a path are taken off, a leading "
+                "'~' and a file: address are resolved."),
     property<&HVFilePathLineEdit::placeholderText, &HVFilePathLineEdit::setPlaceholderText>(
         "placeholderText", "str: What an empty field shows."),
     property<&HVFilePathLineEdit::fileFilter, &HVFilePathLineEdit::setFileFilter>(
@@ -55,11 +62,12 @@ void bindFilePathLineEdit()
              "not with each letter.\n\nRaises TypeError for what can not be called.");
     installProperties<HVFilePathLineEdit>(g_properties);
     bindPublic<HVFilePathLineEdit>(
-        "FilePathLineEdit", "FilePathLineEdit(path: str = '', parent: Widget = None, **properties)\n\nA field for the "
-                            "path of a file, with a button that opens a file chooser. Files can be dragged onto it.");
-    bindConstructor<PyFilePathLineEdit, g_arguments>(
-        "__init__(path: str = '', parent: Widget = None, **properties) -> None\n\nA field; fileFilter and the other "
-        "properties go by name.");
+        "FilePathLineEdit",
+        "FilePathLineEdit(path: str | os.PathLike = '', parent: Widget = None, **properties)\n\nA field for the "
+        "path of a file, with a button that opens a file chooser. Files can be dragged onto it.");
+    bindConstructor<PyFilePathLineEdit, g_arguments>("__init__(path: str | os.PathLike = '', parent: Widget = None, "
+                                                     "**properties) -> None\n\nA field; fileFilter and the other "
+                                                     "properties go by name.");
 }
 
 } // namespace python

@@ -1,6 +1,7 @@
 #include "module/gui/ObjectChoice.h"
 
 #include "module/data/ProjectHandle.h"
+#include "module/gui/PathArgument.h"
 #include "runtime/Errors.h"
 
 namespace bp = boost::python;
@@ -34,7 +35,7 @@ QString fileArgument(const bp::object& value, const ChoiceTexts& texts)
 {
     if (value.is_none())
         return {};
-    return Argument<QString>::from(value.ptr(), (std::string(texts.className) + ".objectFilename").c_str());
+    return Argument<PathText>::from(value.ptr(), (std::string(texts.className) + ".objectFilename").c_str()).text;
 }
 
 void raiseNotOffered(const QString& path, const ChoiceTexts& texts)

@@ -38,7 +38,7 @@ inline PyObject* toPython(const ChosenFile& file)
 boost::python::object kindList(const std::set<ObjectKind>& kinds);
 /// The kinds in an argument: an ObjectId, several of them, or None for all, which is the empty set.
 std::set<ObjectKind> kindsArgument(const boost::python::object& value, const ChoiceTexts& texts);
-/// The file name in an argument; empty for None.
+/// The file name in an argument, a str or os.PathLike; empty for None.
 QString fileArgument(const boost::python::object& value, const ChoiceTexts& texts);
 [[noreturn]] void raiseNotOffered(const QString& path, const ChoiceTexts& texts);
 
@@ -109,9 +109,10 @@ template <typename Q, const ChoiceTexts& texts>
 PyGetSetDef objectFilenameProperty()
 {
     return property<objectFilename<Q>, setObjectFilename<Q, texts>>(
-        "objectFilename", "str | None: The file of the chosen object, an absolute path, as Project.objects() has it; "
-                          "None when none is chosen. Setting raises ValueError for what is no object to choose from, "
-                          "RuntimeError when no project is open.");
+        "objectFilename",
+        "str | None: The file of the chosen object, an absolute path, as Project.objects() has it; "
+        "None when none is chosen. An os.PathLike can be set as well. Setting raises ValueError for what is "
+        "no object to choose from, RuntimeError when no project is open.");
 }
 
 template <typename Q>

@@ -29,6 +29,22 @@ constexpr ConstructorArguments g_arguments = {{"kinds", "kinds"}, {"parent", "pa
 constexpr ChoiceTexts g_texts = {"ObjectComboBox", "ObjectComboBox, expected 'ObjectId' but got '%s'",
                                  "ObjectComboBox, expected ObjectId but got '%s'", "ObjectComboBox, no project loaded"};
 
+} // namespace
+
+template <>
+struct Maker<PyObjectComboBox>
+{
+    static constexpr const char* taken = "kinds";
+    static PyObjectComboBox* make(PyObject* value)
+    {
+        const bp::object kinds = value ? bp::object(bp::handle<>(bp::borrowed(value))) : bp::object();
+        const HVObjectComboBox::FirstKinds first(kindsArgument(kinds, g_texts));
+        return new PyObjectComboBox;
+    }
+};
+
+namespace {
+
 PyGetSetDef g_properties[] = {
     kindsProperty<HVObjectComboBox, g_texts>(),
     objectFilenameProperty<HVObjectComboBox, g_texts>(),

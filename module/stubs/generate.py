@@ -100,7 +100,9 @@ def attribute(cls, name, descriptor):
     source = "    @property\n    def %s(self) -> %s:" % (name, kind)
     source += "\n" + quoted(text, "        ") if text else " ...\n"
     if is_writable(cls, name, descriptor):
-        source += "    @%s.setter\n    def %s(self, value: %s) -> None: ...\n" % (name, name, kind)
+        wider = re.search(r"\b(?:One|An?) ([\w.]+) can be set as well\b", text)
+        settable = kind + " | " + wider[1] if wider else kind
+        source += "    @%s.setter\n    def %s(self, value: %s) -> None: ...\n" % (name, name, settable)
     return source
 
 
@@ -146,7 +148,7 @@ def class_stub(name, cls, known):
 def imports(body, own_names, parent_names):
     """The import lines for the names that the text uses in annotations."""
     words = set(re.findall(r"\b[A-Za-z_]\w*\b", re.sub(r'""".*?"""', "", body, flags=re.DOTALL)))
-    source = ""
+    source = "import os\n" if "os" in words - own_names else ""
     typing = sorted(words & {*TYPING, "overload"} - own_names)
     if typing:
         source += "from typing import %s\n" % ", ".join(typing)

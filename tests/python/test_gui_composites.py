@@ -48,14 +48,35 @@ class FilePaths(Case):
         field, told = FilePathLineEdit(), []
         field.pathChanged(told.append)
         path = "/data/Sørøya 漢 \U0001d11e.sgy"
-        for given in (path, ' "%s" ' % path, pathlib.Path(path).as_uri(), "~/a.sgy", ""):
+        for given in (path, ' "%s" ' % path, pathlib.Path(path), pathlib.Path(path).as_uri(), "~/a.sgy", ""):
             field.path = given
         self.assertEqual(told, [path, os.path.expanduser("~/a.sgy"), ""])
-        self.assertEqual(FilePathLineEdit(path).path, path)
+        self.assertEqual([FilePathLineEdit(given).path for given in (path, pathlib.Path(path))], [path] * 2)
         self.refuses(TypeError, "FilePathLineEdit.path, expected 'str' but got 'NoneType' instead", setattr, field,
                      "path", None)
         self.refuses(TypeError, "FilePathLineEdit.pathChanged(), expected callable object, but got 'str' instead",
                      field.pathChanged, "x")
+
+    def test_objects_that_are_no_paths(self):
+        class Given(os.PathLike):
+            def __init__(self, path):
+                self.path = path
+
+            def __fspath__(self):
+                windows.clear()
+                gc.collect()
+                return self.path if isinstance(self.path, (str, bytes)) else 1 / 0
+
+        for given, error in ((b"/a", TypeError), (Given(b"/a"), TypeError), (Given(None), ZeroDivisionError),
+                             (Given("/b"), None), (Given, TypeError)):
+            windows = [Widget()]
+            field = FilePathLineEdit("/a", windows[0])
+            if error:
+                self.assertRaises(error, setattr, field, "path", given)
+            else:
+                field.path = given  # its window goes meanwhile
+        self.refuses(TypeError, "FilePathLineEdit.path, expected 'str' but got 'bytes' instead", FilePathLineEdit,
+                     Given(b"/a"))
 
     def test_the_chooser_is_as_it_was_set(self):
         given = dict(placeholderText="Île", fileFilter="SEG-Y (*.sgy)", dialogTitle="Tørr", dialogType=FileDialogType.Save)
@@ -84,8 +105,10 @@ class Objects(Case):
                 widget = cls((ObjectId.Well, ObjectId.Horizon3d))
                 self.assertEqual(widget.kinds, [ObjectId.Horizon3d, ObjectId.Well])
                 for path, kind in ((self.well, ObjectId.Well), (self.top, ObjectId.Horizon3d), (None, None)):
-                    widget.objectFilename = path
-                    self.assertEqual((widget.objectFilename, widget.objectId), (path, kind))
+                    for given in (path, path and pathlib.Path(path)):
+                        widget.objectFilename = None
+                        widget.objectFilename = given
+                        self.assertEqual((widget.objectFilename, widget.objectId), (path, kind))
                 widget.objectFilename = self.well
                 widget.kinds = ObjectId.Well
                 self.assertEqual((widget.kinds, widget.objectFilename), ([ObjectId.Well], self.well))

@@ -1,4 +1,5 @@
 # Written by module/stubs/generate.py; do not edit.
+import os
 from typing import Any, Callable, Iterable, Iterator, Optional, Sequence, overload
 from typing_extensions import Buffer
 
@@ -2946,11 +2947,12 @@ class _HVFilePathLineEdit(_QWidget):
         """
     @property
     def path(self) -> str:
-        """The path of the file, with '/' between folders on every system; empty for none. It need not exist. Spaces and
-        quotes around it are taken off, a leading '~' and a file: address are resolved.
+        """The path of the file, with '/' between folders on every system; empty for none. It need not exist. An
+        os.PathLike can be set as well. Spaces and quotes around a path are taken off, a leading '~' and a file:
+        address are resolved.
         """
     @path.setter
-    def path(self, value: str) -> None: ...
+    def path(self, value: str | os.PathLike) -> None: ...
     @property
     def placeholderText(self) -> str:
         """What an empty field shows."""
@@ -2975,11 +2977,11 @@ class _HVFilePathLineEdit(_QWidget):
     def dialogType(self, value: FileDialogType) -> None: ...
 
 class FilePathLineEdit(_HVFilePathLineEdit):
-    """FilePathLineEdit(path: str = '', parent: Widget = None, **properties)
+    """FilePathLineEdit(path: str | os.PathLike = '', parent: Widget = None, **properties)
 
     A field for the path of a file, with a button that opens a file chooser. Files can be dragged onto it.
     """
-    def __init__(self, path: str = '', parent: Widget = None, **properties) -> None:
+    def __init__(self, path: str | os.PathLike = '', parent: Widget = None, **properties) -> None:
         """A field; fileFilter and the other properties go by name."""
 
 class _HVObjectComboBox(_QComboBox):
@@ -2999,14 +3001,15 @@ class _HVObjectComboBox(_QComboBox):
     def kinds(self) -> list[ObjectId]:
         """The kinds of object to choose from, all of them at first. One ObjectId can be set as well, and None for all."""
     @kinds.setter
-    def kinds(self, value: list[ObjectId]) -> None: ...
+    def kinds(self, value: list[ObjectId] | ObjectId) -> None: ...
     @property
     def objectFilename(self) -> str | None:
-        """The file of the chosen object, an absolute path, as Project.objects() has it; None when none is chosen.
-        Setting raises ValueError for what is no object to choose from, RuntimeError when no project is open.
+        """The file of the chosen object, an absolute path, as Project.objects() has it; None when none is chosen. An
+        os.PathLike can be set as well. Setting raises ValueError for what is no object to choose from, RuntimeError
+        when no project is open.
         """
     @objectFilename.setter
-    def objectFilename(self, value: str | None) -> None: ...
+    def objectFilename(self, value: str | None | os.PathLike) -> None: ...
     @property
     def objectId(self) -> ObjectId | None:
         """The kind of the chosen object; None when none is chosen."""
@@ -3039,14 +3042,15 @@ class _HVInputSelectionLineEdit(_QWidget):
     def kinds(self) -> list[ObjectId]:
         """The kinds of object to choose from, all of them at first. One ObjectId can be set as well, and None for all."""
     @kinds.setter
-    def kinds(self, value: list[ObjectId]) -> None: ...
+    def kinds(self, value: list[ObjectId] | ObjectId) -> None: ...
     @property
     def objectFilename(self) -> str | None:
-        """The file of the chosen object, an absolute path, as Project.objects() has it; None when none is chosen.
-        Setting raises ValueError for what is no object to choose from, RuntimeError when no project is open.
+        """The file of the chosen object, an absolute path, as Project.objects() has it; None when none is chosen. An
+        os.PathLike can be set as well. Setting raises ValueError for what is no object to choose from, RuntimeError
+        when no project is open.
         """
     @objectFilename.setter
-    def objectFilename(self, value: str | None) -> None: ...
+    def objectFilename(self, value: str | None | os.PathLike) -> None: ...
     @property
     def objectId(self) -> ObjectId | None:
         """The kind of the chosen object; None when none is chosen."""
@@ -3076,14 +3080,15 @@ class _HVInputSelectionPreview(_QWidget):
     def kinds(self) -> list[ObjectId]:
         """The kinds of object to choose from, all of them at first. One ObjectId can be set as well, and None for all."""
     @kinds.setter
-    def kinds(self, value: list[ObjectId]) -> None: ...
+    def kinds(self, value: list[ObjectId] | ObjectId) -> None: ...
     @property
     def objectFilename(self) -> str | None:
-        """The file of the chosen object, an absolute path, as Project.objects() has it; None when none is chosen.
-        Setting raises ValueError for what is no object to choose from, RuntimeError when no project is open.
+        """The file of the chosen object, an absolute path, as Project.objects() has it; None when none is chosen. An
+        os.PathLike can be set as well. Setting raises ValueError for what is no object to choose from, RuntimeError
+        when no project is open.
         """
     @objectFilename.setter
-    def objectFilename(self, value: str | None) -> None: ...
+    def objectFilename(self, value: str | None | os.PathLike) -> None: ...
     @property
     def objectId(self) -> ObjectId | None:
         """The kind of the chosen object; None when none is chosen."""

@@ -1,9 +1,13 @@
 // The widgets that choose an object of the project, while projects come and go.
 #include "host/data/HVProjectService.h"
+#include "host/widgets/HVObjectComboBox.h"
 #include "tests/module/gui/ToolkitFixture.h"
 
 #include <QFile>
 #include <QTemporaryDir>
+
+#include <sys/inotify.h>
+#include <unistd.h>
 
 namespace {
 
@@ -32,6 +36,64 @@ for cls in (*choosers, sp.InputSelectionPreview):
 box = sp.ObjectComboBox()
 assert box.count == 0 and box.currentData is None
 refused(RuntimeError, "ObjectComboBox, no project loaded", box.updateObjects)
+)");
+}
+
+/// How often a folder is opened while something is done.
+template <typename Work>
+int openings(const QString& folder, Work&& work)
+{
+    const int events = inotify_init1(IN_NONBLOCK);
+    EXPECT_GE(inotify_add_watch(events, folder.toUtf8().constData(), IN_OPEN | IN_ONLYDIR), 0);
+    work();
+    alignas(inotify_event) char buffer[1 << 16];
+    const ssize_t size = read(events, buffer, sizeof buffer);
+    close(events);
+    int count = 0;
+    for (ssize_t at = 0; at < size;) {
+        const auto* event = reinterpret_cast<const inotify_event*>(buffer + at);
+        count += event->len == 0; // the folder itself, no file in it
+        at += static_cast<ssize_t>(sizeof *event) + event->len;
+    }
+    return count;
+}
+
+TEST_F(ToolkitTest, aBoxListsTheProjectOnceWhenItIsMade)
+{
+    const QTemporaryDir folder;
+    HVProjectService projects;
+    projects.create(folder.filePath("p"), QString());
+    EXPECT_TRUE(QFile(projects.project()->newFilename(ObjectKind::Well, "W")).open(QIODevice::WriteOnly));
+    const QString wells = projects.project()->folder(ObjectKind::Well);
+    HVObjectComboBox box(ObjectKind::Well);
+    const int once = openings(wells, [&] { box.updateObjects(); });
+    ASSERT_GE(once, 1);
+    EXPECT_EQ(openings(wells, [] { HVObjectComboBox another(ObjectKind::Well); }), once);
+    for (const char* code : {"box = sp.ObjectComboBox(sp.ObjectId.Well)", "box = sp.ObjectComboBox()",
+                             "box = sp.ObjectComboBox(currentIndex=0, kinds=iter([sp.ObjectId.Well]))"}) {
+        EXPECT_EQ(openings(wells, [&] { check(code); }), once) << code;
+        check("assert box.objectFilename.endswith('/W.las') and sp.ObjectId.Well in box.kinds");
+    }
+    EXPECT_EQ(openings(wells, [&] { check("box = sp.ObjectComboBox(sp.ObjectId.Fault3d)"); }), 0);
+    check(R"(
+class Kinds:
+    def __iter__(self):
+        self.inner = sp.ObjectComboBox(sp.ObjectId.Well, optional=True)
+        return iter((sp.ObjectId.Fault3d,))
+kinds = Kinds()
+assert sp.ObjectComboBox(kinds).kinds == [sp.ObjectId.Fault3d] and kinds.inner.kinds == [sp.ObjectId.Well]
+for wrong in (dict(kinds=5), dict(kinds=[]), dict(kind=None)):
+    try:
+        sp.ObjectComboBox(**wrong)
+    except (TypeError, ValueError):
+        continue
+    raise AssertionError(wrong)
+try:
+    sp.ObjectComboBox(None, kinds=None)
+except TypeError as error:
+    assert str(error) == "ObjectComboBox() got multiple values for argument 'kinds'", error
+else:
+    raise AssertionError("kinds twice")
 )");
 }
 
