@@ -100,7 +100,7 @@ void insert(QComboBox& box, int index, const bp::object& text, const bp::object&
 {
     const QString label = requireStr(text, messages.text);
     const QIcon picture = Argument<QIcon>::from(icon.ptr(), messages.icon);
-    box.insertItem(index, picture, label, itemData(userData, messages.userData));
+    box.insertItem(index, picture, label, itemData(*box.model(), userData, messages.userData));
 }
 
 void addItem(const Handle<QComboBox>& handle, const bp::object& text, const bp::object& icon,

@@ -1,9 +1,12 @@
 #include "module/gui/ItemData.h"
 
+#include "module/gui/Collection.h"
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
 
 #include <boost/python.hpp>
+
+#include <QPointer>
 
 #include <memory>
 #include <vector>
@@ -45,23 +48,56 @@ void release(PyObject* object)
         waiting.isScheduled = Py_AddPendingCall(letGo, &waiting) == 0;
 }
 
+/// Whether an attribute of the object may lead back to the list: not for plain values and the module's enumerations.
+bool mayReferToOthers(PyObject* object)
+{
+    return PyObject_IS_GC(object) && !(PyLong_Check(object) && Py_TYPE(object)->tp_dictoffset == 0);
+}
+
+/// Where the collector sees what the items of a model hold.
+HeldReferences& referencesOf(QObject& model)
+{
+    for (QObject* child : model.children())
+        if (auto* references = dynamic_cast<HeldReferences*>(child))
+            return *references;
+    return *new HeldReferences(&model);
+}
+
 /// What an item holds; the copies of its variant share it.
 class Kept
 {
 public:
-    explicit Kept(PyObject* object) : m_object(Py_NewRef(object)) {}
+    explicit Kept(PyObject* plain) : m_plain(Py_NewRef(plain)) {}
+    Kept(HeldReferences& references, const bp::object& object)
+        : m_shown{&references, references.add(SharedReference(object))}
+    {}
     ~Kept()
     {
         const LateGilLock lock;
-        if (lock)
-            release(m_object);
+        if (!lock)
+            return;
+        PyObject* object = m_plain;
+        if (m_shown.references) {
+            object = Py_XNewRef(m_shown.place->get());
+            m_shown.place->clear(); // not by its destructor, which would wait for the event loop
+            m_shown.references->remove(m_shown.place);
+        }
+        if (object)
+            release(object);
     }
     Kept(const Kept&) = delete;
     Kept& operator=(const Kept&) = delete;
-    PyObject* get() const { return m_object; }
+    /// Borrowed; null when the collector has taken it away.
+    PyObject* get() const { return m_shown.references ? m_shown.place->get() : m_plain; }
 
 private:
-    PyObject* m_object;
+    struct Shown
+    {
+        QPointer<HeldReferences> references; // goes with the model
+        HeldReferences::Place place;
+    };
+    PyObject* m_plain = nullptr; // or else:
+    Shown m_shown;
 };
 
 } // namespace
@@ -73,13 +109,15 @@ Q_DECLARE_METATYPE(KeptObject)
 
 namespace python {
 
-QVariant itemData(const bp::object& value, const char* message)
+QVariant itemData(QObject& model, const bp::object& value, const char* message)
 {
     PyObject* object = value.ptr();
     if (object == Py_None)
         return {};
     if (!PyLong_Check(object) && !PyFloat_Check(object) && !PyUnicode_Check(object))
         raise(PyExc_TypeError, "%s", message);
+    if (mayReferToOthers(object))
+        return QVariant::fromValue(std::make_shared<Kept>(referencesOf(model), value));
     return QVariant::fromValue(std::make_shared<Kept>(object));
 }
 
@@ -87,7 +125,7 @@ bp::object itemObject(const QVariant& data)
 {
     if (data.userType() == qMetaTypeId<KeptObject>()) {
         PyObject* object = data.value<KeptObject>()->get();
-        return bp::object(bp::handle<>(bp::borrowed(object)));
+        return object ? bp::object(bp::handle<>(bp::borrowed(object))) : bp::object();
     }
     switch (data.userType()) {
     case QMetaType::QString:

@@ -53,6 +53,26 @@ class ComboBoxes(Refusals):
         del box
         self.assertEqual([each() for each in gone], [None, None])
 
+    def test_data_that_leads_back_to_the_box_is_collected_with_it(self):
+        for base in (str, int, float):
+            data_class = type("Data", (base,), {})
+            for make in (lambda: (window := Widget(), ComboBox(parent=window)), lambda: (ComboBox(),) * 2):
+                outer, box = make()
+                data = data_class(5)
+                data.outer, data.box = outer, box
+                box.addItem("a", None, data)
+                box.insertItem(0, "b", None, data)
+                gone = weakref.ref(outer), weakref.ref(box)
+                del data
+                gc.collect()
+                self.assertIs(box.itemData(0), box.itemData(1))
+                self.assertIs(box.itemData(0).box, box)
+                box.removeItem(1)
+                self.assertIs(box.itemData(0).outer, outer)
+                del outer, box
+                gc.collect()
+                self.assertEqual([each() for each in gone], [None, None])
+
     def test_what_is_refused_changes_nothing(self):
         box = ComboBox()
         box.addItems(("a", "b"))
