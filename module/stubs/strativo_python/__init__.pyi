@@ -2384,7 +2384,7 @@ class _QDialog(_QWidget):
     def execute(self) -> DialogResponse:
         """Shows the dialog and waits until the user closes it.
 
-        Raises RuntimeError when it is already waiting.
+        Raises RuntimeError when it is already waiting, just closing or a part of another widget.
         """
     def accepted(self, callable: Callable[[], object]) -> None:
         """Calls `callable` when the dialog is closed by accept().
