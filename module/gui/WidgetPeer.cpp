@@ -66,6 +66,7 @@ void WidgetPeer::hideGhost()
     self.setAttribute(Qt::WA_WState_Visible);
     const SilentScope silence;
     self.hide();
+    self.setAttribute(Qt::WA_WState_Visible, false);
 }
 
 void WidgetPeer::leaveScreenFirst()
