@@ -51,8 +51,13 @@ Conversion toInt32(PyObject* object, std::int32_t& value)
     value = static_cast<std::int32_t>(wide);
     if (overflow == 0 && value == wide)
         return Conversion::Done;
-    PyErr_SetString(PyExc_OverflowError, "IntArray, value out of the range of a 32-bit integer");
+    refuseWideInteger();
     return Conversion::Raised;
+}
+
+void refuseWideInteger()
+{
+    PyErr_SetString(PyExc_OverflowError, "IntArray, value out of the range of a 32-bit integer");
 }
 
 } // namespace python::element

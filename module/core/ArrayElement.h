@@ -22,6 +22,8 @@ namespace element {
 Conversion toDouble(PyObject* object, double& value);
 /// int, bool and whatever has __index__, never a float. Values beyond 32 bits raise OverflowError. May run Python code.
 Conversion toInt32(PyObject* object, std::int32_t& value);
+/// Sets the OverflowError of integers beyond 32 bits.
+void refuseWideInteger();
 
 /// Exact float, int or bool. Runs no Python code and sets no exception; false leaves the object to the function above.
 inline bool toDoubleAtOnce(PyObject* object, double& value)

@@ -1,6 +1,6 @@
 #include "module/Bindings.h"
 #include "module/core/ImageClasses.h"
-#include "module/core/PixelSource.h"
+#include "module/core/NumberBuffer.h"
 #include "runtime/ClassSlots.h"
 #include "runtime/Errors.h"
 #include "runtime/FastArguments.h"
@@ -112,10 +112,11 @@ void fillWithNumber(FloatImage& image, const bp::object& number)
     withoutLock(image, [&] { image.fill(static_cast<float>(value)); });
 }
 
-void copyPixels(FloatImage& image, const PixelSource& source)
+void copyPixels(FloatImage& image, const NumberBuffer& source)
 {
-    if (!source.overlaps(image.data(), image.size()) || source.isPlain()) {
-        withoutLock(image, [&] { source.read(image.data()); });
+    const auto read = [&source](float* pixels) { static_cast<void>(source.read(pixels)); }; // every number fits
+    if (!source.overlaps(image.data(), image.byteSize()) || source.isPlain<float>()) {
+        withoutLock(image, [&] { read(image.data()); });
         return;
     }
     // The pixels come from a view of this image in another order or type.
@@ -123,7 +124,7 @@ void copyPixels(FloatImage& image, const PixelSource& source)
     if (!copy)
         raise(PyExc_MemoryError, "Copy failed, unable to copy data into image");
     withoutLock(image, [&] {
-        source.read(copy.get());
+        read(copy.get());
         std::copy_n(copy.get(), source.count(), image.data());
     });
 }
@@ -140,32 +141,29 @@ void fill(FloatImage& image, const bp::object& value)
         fillWithNumber(image, value);
         return;
     }
-    std::unique_ptr<PixelSource> source;
-    try {
-        source = std::make_unique<PixelSource>(value.ptr());
-    } catch (const bp::error_already_set&) {
+    const NumberBuffer source(value.ptr());
+    if (!source.isOpen())
         raiseFromPending(PyExc_RuntimeError, "Copy failed, unable to copy data into image");
-    }
-    if (source->dimensions() == 0) {
+    if (source.dimensions() == 0) {
         fillWithNumber(image, value);
         return;
     }
     // An array of several dimensions counts its rows when asked for its length.
-    if (source->count() != image.size()) {
+    if (source.count() != image.size()) {
         const Py_ssize_t length = PyObject_Size(value.ptr());
         if (length < 0)
             raisePending();
         // The counts of a cube may need more than 32 bits.
         const auto format = QByteArray("Image2d, image size mismatch: is %d instead of %d").replace("%d", "%lld");
         raise(PyExc_RuntimeError, format.constData(),
-              static_cast<long long>(length == image.size() ? source->count() : length),
+              static_cast<long long>(length == image.size() ? source.count() : length),
               static_cast<long long>(image.size()));
     }
-    if (!source->isReadable()) {
-        PyErr_Format(PyExc_TypeError, "items of format '%s' are not real numbers", source->format());
+    if (!source.isNumbers()) {
+        PyErr_Format(PyExc_TypeError, "items of format '%s' are not real numbers", source.format());
         raiseFromPending(PyExc_RuntimeError, "Copy failed, unable to copy data into image");
     }
-    copyPixels(image, *source);
+    copyPixels(image, source);
 }
 
 } // namespace

@@ -74,11 +74,17 @@ private:
 
     static Outcome fromNumbers(Array& array, PyObject* sequence)
     {
+        if (!PyObject_CheckBuffer(sequence))
+            return Outcome::NotThisWay;
         const NumberBuffer numbers(sequence);
+        // Some items have no description in the protocol (dates of numpy): they are read one by one.
+        if (!numbers.isOpen())
+            PyErr_Clear();
         constexpr bool IsInteger = std::is_integral_v<T>;
         constexpr bool IsVector = Element::width > 1;
         // Floats for integers and single numbers for vectors are refused by the item that is not one.
-        if (!numbers.isNumbers() || (IsInteger && numbers.isFloating()) || (IsVector && numbers.dimensions() == 1))
+        if (!numbers.isNumbers() || (IsInteger && numbers.isFloating()) || numbers.dimensions() == 0 ||
+            (IsVector && numbers.dimensions() == 1))
             return Outcome::NotThisWay;
         if (numbers.dimensions() != (IsVector ? 2 : 1) || (IsVector && numbers.extent(1) != Element::width)) {
             PyErr_Format(PyExc_ValueError, "%sArray.extend(), expected a buffer of shape %s but got %d dimensions",
@@ -99,8 +105,10 @@ private:
             isRead = numbers.read(reinterpret_cast<double*>(target));
         else
             isRead = numbers.read(target);
-        if (!isRead)
+        if (!isRead) {
             static_cast<void>(array.truncate(count));
+            element::refuseWideInteger();
+        }
         return isRead ? Outcome::Done : Outcome::Raised;
     }
 

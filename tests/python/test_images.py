@@ -187,6 +187,11 @@ class Filling(ImageCase):
                 image.fill(source)
                 np.testing.assert_array_equal(np.asarray(image).ravel(), np.asarray(
                     np.frombuffer(source, np.uint8) if isinstance(source, bytes) else source).ravel())
+        # Halfway between two floats and a little: a pixel is the same whether it comes from an int or from a buffer.
+        wide = 2**62 + 2**38 + 1
+        image.fill(np.full(12, wide))
+        image[0, 0] = wide
+        self.assertEqual(set(np.asarray(image).ravel()), {2.0**62})
         cube = Image3d(4, 3, 2)
         block = np.moveaxis(np.arange(24.0).reshape(4, 2, 3), 0, 2)
         cube.fill(block)
