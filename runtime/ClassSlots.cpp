@@ -90,6 +90,18 @@ void setClassAttribute(PyTypeObject* type, const char* name, PyObject* newRefere
         raisePending();
 }
 
+PyObject* allocateWithDictionary(PyTypeObject* type, Py_ssize_t extraBytes)
+{
+    PyObject* object = PyType_GenericAlloc(type, extraBytes);
+    if (!object)
+        return nullptr;
+    PyObject*& dictionary = *reinterpret_cast<PyObject**>(reinterpret_cast<char*>(object) + type->tp_dictoffset);
+    dictionary = PyDict_New();
+    if (!dictionary)
+        Py_CLEAR(object);
+    return object;
+}
+
 } // namespace
 
 void installSlot(PyTypeObject* type, const char* name, void* function, const char* documentation)
@@ -133,6 +145,12 @@ void installSequence(PyTypeObject* type, lenfunc length, ssizeargfunc item)
 void installConstructor(PyTypeObject* type, vectorcallfunc construct)
 {
     type->tp_vectorcall = construct;
+    PyType_Modified(type);
+}
+
+void installAttributeDictionary(PyTypeObject* type)
+{
+    type->tp_alloc = allocateWithDictionary;
     PyType_Modified(type);
 }
 

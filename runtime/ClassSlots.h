@@ -42,6 +42,11 @@ void installSequence(PyTypeObject* type, lenfunc length, ssizeargfunc item);
 /// function makes the object for the arguments that it knows and hands everything else to constructOrdinarily().
 void installConstructor(PyTypeObject* type, vectorcallfunc construct);
 
+/// Objects of the class itself (not of its subclasses) get their dictionary of attributes when they are made, 64 bytes,
+/// instead of with the first attribute. CPython 3.11 looks a method up anew in each call on an object whose dictionary
+/// is still to come, and remembers it for objects that have one: 5 ns a call.
+void installAttributeDictionary(PyTypeObject* type);
+
 /// The call of a class through __new__ and __init__, with the arguments of a vectorcallfunc.
 PyObject* constructOrdinarily(PyObject* type, PyObject* const* arguments, std::size_t count, PyObject* keywordNames);
 

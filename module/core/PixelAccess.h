@@ -68,6 +68,7 @@ public:
                                             METH_FASTCALL | METH_KEYWORDS, setDocumentation};
         installMethod(type, getDefinition);
         installMethod(type, setDefinition);
+        installAttributeDictionary(type);
         installSlot(type, "__getitem__", reinterpret_cast<void*>(getItem), Texts::GetItemDocumentation);
         installSlot(type, "__setitem__", reinterpret_cast<void*>(setItem), Texts::SetItemDocumentation);
     }

@@ -95,6 +95,13 @@ class Pixels(ImageCase):
             self.assertRaises(TypeError, use)
         self.assertRaises(RuntimeError, _HVImageBaseFloat)
 
+    def test_attributes_are_of_one_object(self):
+        image, cube = Image2d(2, 2), Image3d(2, 2, 2)
+        image.note = cube.note = "kept"
+        self.assertEqual((vars(image), vars(copy.copy(cube))), ({"note": "kept"}, {"note": "kept"}))
+        for other in (Image2d(2, 2), image.transpose(), Image3d(1, 1, 1), cube.getImage(0, 0), type("Own", (Image2d,), {})(1, 1)):
+            self.assertEqual(vars(other), {})
+
 
 class Sizes(ImageCase):
     def test_construction(self):
