@@ -50,7 +50,9 @@ public:
     /// Every pixel becomes NoValue.
     void clear();
 
-    /// See Statistics for what is counted. Each of the four below takes a pass of its own.
+    /// See Statistics for what is counted. Each of the four below takes a pass of its own. Nothing is kept for the next
+    /// call: most scripts hold a view of the pixels meanwhile, through which they change unseen (as they do through a
+    /// plain address), and the four of 1000 x 1000 pixels take 0.6 ms in all.
     Statistics statistics() const;
     double average() const { return statistics().mean; }
     double standardDeviation() const { return statistics().deviation; }

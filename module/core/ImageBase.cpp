@@ -177,11 +177,12 @@ void bindImageBase()
         bp::no_init);
     imageClass
         .def("average", average, bp::args("self"),
-             "average() -> float\n\nMean of the pixels that hold a value; not-a-number when there is none.")
+             "average() -> float\n\nMean of the pixels that hold a value; not-a-number when there is none. Reads every "
+             "pixel at each call.")
         .def("standardDeviation", standardDeviation, bp::args("self"),
              "standardDeviation() -> float\n\n"
              "Population standard deviation (divided by the count) of the pixels that hold a value; not-a-number when "
-             "there is none.")
+             "there is none. Reads every pixel at each call.")
         .def("fill", fill, (bp::arg("self"), bp::arg("value")),
              "fill(value: float) -> None\n\nSets every pixel.\n\n"
              "Raises TypeError when value is neither a number nor a buffer.")
@@ -194,9 +195,11 @@ void bindImageBase()
             "Raises RuntimeError when the count differs or the items are no real numbers; the image then keeps its "
             "pixels.")
         .add_property("minValue", minValue,
-                      "float: Smallest pixel that holds a value; NO_VALUE when there is none. Read-only.")
+                      "float: Smallest pixel that holds a value; NO_VALUE when there is none. Reads every pixel at "
+                      "each use, so a loop keeps it in a variable. Read-only.")
         .add_property("maxValue", maxValue,
-                      "float: Largest pixel that holds a value; NO_VALUE when there is none. Read-only.")
+                      "float: Largest pixel that holds a value; NO_VALUE when there is none. Reads every pixel at each "
+                      "use, so a loop keeps it in a variable. Read-only.")
         .add_property("name", name, setName,
                       "str: Name of the image. Every str can be set; reading a name with other characters than ASCII "
                       "raises UnicodeDecodeError.");

@@ -3391,10 +3391,10 @@ class _HVImageBaseFloat:
     A pixel of NO_VALUE (-9999.0) or not-a-number holds no value and is left out of the statistics.
     """
     def average(self) -> float:
-        """Mean of the pixels that hold a value; not-a-number when there is none."""
+        """Mean of the pixels that hold a value; not-a-number when there is none. Reads every pixel at each call."""
     def standardDeviation(self) -> float:
         """Population standard deviation (divided by the count) of the pixels that hold a value; not-a-number when there
-        is none.
+        is none. Reads every pixel at each call.
         """
     @overload
     def fill(self, value: float) -> None:
@@ -3412,10 +3412,14 @@ class _HVImageBaseFloat:
         """
     @property
     def minValue(self) -> float:
-        """Smallest pixel that holds a value; NO_VALUE when there is none. Read-only."""
+        """Smallest pixel that holds a value; NO_VALUE when there is none. Reads every pixel at each use, so a loop
+        keeps it in a variable. Read-only.
+        """
     @property
     def maxValue(self) -> float:
-        """Largest pixel that holds a value; NO_VALUE when there is none. Read-only."""
+        """Largest pixel that holds a value; NO_VALUE when there is none. Reads every pixel at each use, so a loop keeps
+        it in a variable. Read-only.
+        """
     @property
     def name(self) -> str:
         """Name of the image. Every str can be set; reading a name with other characters than ASCII raises
