@@ -1,11 +1,11 @@
 #pragma once
 
-#include "module/core/GeometryTexts.h"
+#include "module/core/ElementSlots.h"
 #include "module/core/VectorSlots.h"
 
 namespace python::slots {
 
-/// The operators of mat3 and mat4. A row that a script reads is a reference into the matrix, see ReferenceHolder.
+/// The operators of mat3 and mat4.
 template <typename M>
 class MatrixSlots
 {
@@ -19,13 +19,7 @@ public:
             installSlot(type, name, reinterpret_cast<void*>(function),
                         docstring(doc, className<M>(), className<Row>()));
         };
-        install("__getitem__", item,
-                "__getitem__(row: int) -> #\n\nThe row, as a reference: what is assigned to its components changes the "
-                "matrix. Raises IndexError when there is no such row.");
-        install("__setitem__", setItem,
-                "__setitem__(row: int, value: #) -> None\n\nReplaces the row. Raises IndexError when there is no such "
-                "row.");
-        installSequence(type, nullptr, sequenceItem);
+        ElementSlots<M>::install(type);
         install("__add__", combine<M, std::plus<>>, "__add__(other: @) -> @\n\nElement-wise sum.");
         install("__sub__", combine<M, std::minus<>>, "__sub__(other: @) -> @\n\nElement-wise difference.");
         install("__mul__", multiply,
@@ -63,40 +57,6 @@ private:
                  className<M>())}};
         for (PyMethodDef& method : methods)
             installMethod(type, method);
-    }
-
-    static bool isRow(long long index, const char* text)
-    {
-        if (isValidIndex(index, M::Size))
-            return true;
-        PyErr_Format(PyExc_IndexError, text, saturated(index));
-        return false;
-    }
-
-    static PyObject* sequenceItem(PyObject* object, Py_ssize_t index)
-    {
-        M* m = self<M>(object);
-        return m && isRow(index, GeometryTexts<M>::getting)
-                   ? ValueInstance<Row>::makeReference(&(*m)[static_cast<std::size_t>(index)], object)
-                   : nullptr;
-    }
-    static PyObject* item(PyObject* object, PyObject* key)
-    {
-        long long index = 0;
-        if (!toIndex(key, index, "matrix row, expected 'int' but got '%s'"))
-            return nullptr;
-        return sequenceItem(object, static_cast<Py_ssize_t>(index));
-    }
-    static int setItem(PyObject* object, PyObject* key, PyObject* argument)
-    {
-        M* m = self<M>(object);
-        long long index = 0;
-        Row row;
-        if (!m || !toIndex(key, index, "matrix row, expected 'int' but got '%s'") ||
-            !fromPython<M>(argument, row, "__setitem__()") || !isRow(index, GeometryTexts<M>::setting))
-            return -1;
-        (*m)[static_cast<std::size_t>(index)] = row;
-        return 0;
     }
 
     static PyObject* scaled(const M& m, PyObject* number)

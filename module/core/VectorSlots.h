@@ -1,8 +1,7 @@
 #pragma once
 
 #include "host/core/Transform.h"
-#include "module/core/GeometryTexts.h"
-#include "module/core/ValueState.h"
+#include "module/core/ElementSlots.h"
 
 namespace python::slots {
 
@@ -34,15 +33,7 @@ public:
             installSlot(type, name, reinterpret_cast<void*>(function),
                         docstring(doc, className<V>(), V::Size == 2 ? "mat3" : "mat4"));
         };
-        install(
-            "__getitem__", item,
-            "__getitem__(index: int) -> float\n\nThe component. Raises IndexError when there is none, OverflowError "
-            "for a negative index.");
-        install("__setitem__", setItem,
-                "__setitem__(index: int, value: float) -> None\n\nSets the component. Raises IndexError when there is "
-                "none, OverflowError for a negative index.");
-        // Without a length: a script unpacks and iterates until IndexError.
-        installSequence(type, nullptr, sequenceItem);
+        ElementSlots<V>::install(type);
         install("__add__", combine<V, std::plus<>>, "__add__(other: @) -> @\n\nComponent-wise sum.");
         install("__sub__", combine<V, std::minus<>>, "__sub__(other: @) -> @\n\nComponent-wise difference.");
         install("__mul__", multiply,
@@ -104,42 +95,6 @@ private:
                                             "returns it. The zero vector becomes not-a-number.",
                                             className<V>())};
         installMethod(type, method);
-    }
-
-    static bool isComponent(long long index, const char* text)
-    {
-        if (index < 0)
-            PyErr_SetString(PyExc_OverflowError, "can't convert negative value to unsigned int");
-        else if (index >= static_cast<long long>(V::Size))
-            PyErr_Format(PyExc_IndexError, text, saturated(index));
-        else
-            return true;
-        return false;
-    }
-    static PyObject* sequenceItem(PyObject* object, Py_ssize_t index)
-    {
-        const V* v = self<V>(object);
-        return v && isComponent(index, GeometryTexts<V>::getting)
-                   ? PyFloat_FromDouble((*v)[static_cast<std::size_t>(index)])
-                   : nullptr;
-    }
-    static PyObject* item(PyObject* object, PyObject* key)
-    {
-        long long index = 0;
-        if (!toIndex(key, index, "vector index, expected 'int' but got '%s'"))
-            return nullptr;
-        return sequenceItem(object, static_cast<Py_ssize_t>(index));
-    }
-    static int setItem(PyObject* object, PyObject* key, PyObject* argument)
-    {
-        V* v = self<V>(object);
-        long long index = 0;
-        double number = 0.0;
-        if (!v || !toIndex(key, index, "vector index, expected 'int' but got '%s'") ||
-            !fromPython<V>(argument, number, "__setitem__()") || !isComponent(index, GeometryTexts<V>::setting))
-            return -1;
-        (*v)[static_cast<std::size_t>(index)] = number;
-        return 0;
     }
 
     static PyObject* multiply(PyObject* left, PyObject* right)
