@@ -46,4 +46,9 @@ void AppWrapper::refreshProject(std::optional<int> objectKind)
         project->refresh(kind);
 }
 
+void AppWrapper::refreshPalettes()
+{
+    refreshProject(static_cast<int>(ObjectKind::ColorBar));
+}
+
 } // namespace workbench

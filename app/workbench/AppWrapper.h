@@ -23,6 +23,8 @@ public:
     QMdiSubWindow* addSubWindow(QWidget* widget) override;
     HVProject* currentProject() const override;
     void refreshProject(std::optional<int> objectKind) override;
+    /// Colour bars are objects of the project; previews follow their files by themselves.
+    void refreshPalettes() override;
 
     /// What progressService() hands out; watched by whatever shows the bars.
     HVProgressBarMgr& progress() const { return m_progress; }

@@ -1,4 +1,5 @@
 // Projects in the workbench: menu, title, recent ones, the dialog for a new one.
+#include "app/workbench/AppWrapper.h"
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/NewProjectDialog.h"
 #include "editor/HVPythonTextEdit.h"
@@ -66,6 +67,20 @@ TEST(Projects, menuTitleAndRecentOnes)
     QDir(folder.filePath("North & Sea")).removeRecursively();
     recent->actions().first()->trigger();
     EXPECT_TRUE(HVProjectService::recentProjects().isEmpty()) << "what is gone leaves the list";
+}
+
+TEST(Projects, scriptsRefreshTheColourBars)
+{
+    const QTemporaryDir folder;
+    ASSERT_TRUE(HVProject::create(folder.filePath("Field"), QString(), nullptr));
+    MainWindow window;
+    AppWrapper application(window);
+    application.refreshPalettes(); // without a project there are none
+    ASSERT_TRUE(window.openProject(folder.filePath("Field")));
+    QSignalSpy changes(window.projects()->project(), &HVProject::objectsChanged);
+    application.refreshPalettes();
+    ASSERT_EQ(changes.count(), 1);
+    EXPECT_EQ(changes[0][0].value<ObjectKind>(), ObjectKind::ColorBar);
 }
 
 TEST(Projects, scriptsBelongToTheOpenProject)
