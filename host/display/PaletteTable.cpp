@@ -157,6 +157,7 @@ private:
             line.section(QLatin1Char(';'), 0, 0).split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts);
         if (words.isEmpty())
             return;
+        refusePatterns(words);
         const QString first = words.first();
         if (first == QLatin1String("B"))
             m_bar.setBelowColor(wholeColor(words.mid(1)).rgb);
@@ -166,6 +167,15 @@ private:
             m_bar.setNoValueColor(wholeColor(words.mid(1)).rgb);
         else
             readColors(words);
+    }
+
+    /// A number after "p" or "P", with resolution and colours behind it. The first word is a value, a key or a letter.
+    static void refusePatterns(const QStringList& words)
+    {
+        static const QRegularExpression pattern(QStringLiteral("^[pP]\\d+([/+:]|$)"));
+        for (int i = 1; i < words.size(); ++i)
+            if (pattern.match(words[i]).hasMatch())
+                throw TableError{QStringLiteral("\"%1\" is a pattern, a colour bar has colours only").arg(words[i])};
     }
 
     /// Directives are comments of the form "# KEY = value" or "# KEY" alone.
