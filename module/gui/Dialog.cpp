@@ -33,10 +33,11 @@ public:
 protected:
     bool event(QEvent* event) override
     {
-        const int closes = event->type() == QEvent::Close || event->type() == QEvent::Hide ? 1 : 0;
-        m_closing += closes;
+        if (event->type() != QEvent::Close && event->type() != QEvent::Hide)
+            return Indirect<QDialog>::event(event); // which may be its end
+        ++m_closing;
         const bool result = Indirect<QDialog>::event(event);
-        m_closing -= closes;
+        --m_closing;
         return result;
     }
 

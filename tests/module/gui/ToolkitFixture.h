@@ -90,6 +90,11 @@ protected:
         ASSERT_TRUE(run(g_prelude));
     }
 
+    static QWidget& widgetOf(const boost::python::object& object)
+    {
+        return python::handleOf(object.ptr()).alive<QWidget>();
+    }
+
     /// Runs the code, which asserts; a failure shows its traceback. The interpreter leaves assertions out by default.
     void check(const char* code)
     {
@@ -120,10 +125,6 @@ def classes():
     return found
 )";
 
-    static QWidget& widgetOf(const boost::python::object& object)
-    {
-        return python::handleOf(object.ptr()).alive<QWidget>();
-    }
     static void send(const boost::python::object& object, const std::string& name)
     {
         for (std::size_t index = 0; index < python::g_handlers.size(); ++index)
