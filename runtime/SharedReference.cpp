@@ -1,6 +1,7 @@
 #include "runtime/SharedReference.h"
 
-#include "runtime/QtCall.h"
+#include "runtime/GilLock.h"
+#include "runtime/Remains.h"
 
 namespace python {
 
@@ -13,7 +14,7 @@ SharedReference::Holder::~Holder()
         return;
     const LateGilLock lock;
     if (lock)
-        QtCall::releaseLater(object);
+        Remains::releaseLater(object);
 }
 
 } // namespace python

@@ -8,7 +8,7 @@ namespace python {
 
 /// A Python object held by the application. Copies share it, and with the last of them it is let go: on any thread,
 /// with or without the interpreter lock, also after the interpreter has gone. Where Qt may be destroying what held it,
-/// that is a little later, see QtCall::releaseLater().
+/// that is a little later, see Remains::releaseLater().
 class SharedReference
 {
 public:

@@ -16,9 +16,9 @@ OwningHandle::~OwningHandle()
     if (isHere && object.parent())
         return; // goes with the parent
     if (isHere && !QtCall::isUnderWay())
-        QtCall::destroyNow(object);
+        Remains::destroyNow(object);
     else
-        QtCall::destroyLater(object);
+        Remains::destroyLater(object);
 }
 
 void OwningHandle::forgetPeer()
@@ -52,7 +52,7 @@ ObjectPeer::~ObjectPeer()
     m_handle = nullptr;
     m_self = nullptr;
     if (lock && m_kept)
-        QtCall::releaseLater(m_kept);
+        Remains::releaseLater(m_kept);
 }
 
 void ObjectPeer::updateKeeping()
