@@ -85,10 +85,11 @@ void addLayout(const Handle<QGridLayout>& handle, const bp::object& layout, cons
                const bp::object& align)
 {
     QGridLayout& grid = handle.get();
-    QLayout& part = requireInnerLayout(layout, grid, "Layout.addLayout()");
+    requireInnerLayout(layout, grid, "Layout.addLayout()");
     const Cell cell =
         requireCell("GridLayout.addLayout()", row, column, rowSpan, columnSpan, align,
                     "Layout.addLayout(), expected type 'int' for optional argument 'align' but got '%s' instead");
+    QLayout& part = requireInnerLayout(layout, grid, "Layout.addLayout()"); // numbers may have run code of their own
     grid.addLayout(&part, cell.row, cell.column, cell.rowSpan, cell.columnSpan, cell.alignment);
     joinLayout(grid, part);
 }

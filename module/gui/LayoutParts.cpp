@@ -12,6 +12,8 @@
 #include <QSplitter>
 #include <QTabWidget>
 
+#include <vector>
+
 namespace bp = boost::python;
 
 namespace python {
@@ -102,6 +104,20 @@ void requireAllOutside(QLayout& layout, const QWidget* place, const char* method
         seeWidgets(layout, [&](const QWidget& widget) { requireOutside(widget, place, method); });
 }
 
+/// Hides what is in the layout, see leaveScreen() of one widget. True when handlers have run.
+bool hideParts(QLayout& layout)
+{
+    std::vector<QPointer<QWidget>> shown;
+    seeWidgets(layout, [&](QWidget& widget) {
+        if (widget.isVisible())
+            shown.emplace_back(&widget);
+    });
+    for (const QPointer<QWidget>& widget : shown)
+        if (widget)
+            leaveScreen(*widget);
+    return !shown.empty();
+}
+
 bool arrangesItself(const QWidget& widget)
 {
     return qobject_cast<const QAbstractScrollArea*>(&widget) || qobject_cast<const QSplitter*>(&widget) ||
@@ -159,12 +175,16 @@ void leaveLayout(QLayout& layout, QWidget& widget, const char* method)
 
 QLayout& requireInnerLayout(const bp::object& argument, const QLayout& outer, const char* method)
 {
-    QLayout& inner = requireFreeLayout(argument, "'Layout'", method);
-    for (const QObject* place = &outer; place; place = place->parent())
-        if (place == &inner)
-            raise(PyExc_ValueError, "%s, a layout can not be inside itself", method);
-    requireAllOutside(inner, outer.parentWidget(), method);
-    return inner;
+    const auto check = [&]() -> QLayout& {
+        QLayout& inner = requireFreeLayout(argument, "'Layout'", method);
+        for (const QObject* place = &outer; place; place = place->parent())
+            if (place == &inner)
+                raise(PyExc_ValueError, "%s, a layout can not be inside itself", method);
+        requireAllOutside(inner, outer.parentWidget(), method);
+        return inner;
+    };
+    QLayout& inner = check();
+    return outer.parentWidget() && hideParts(inner) ? check() : inner;
 }
 
 QLabel* makeLabel(QLayout& layout, const QString& text)
@@ -189,14 +209,19 @@ bp::object widgetLayout(QWidget& widget)
 
 void setWidgetLayout(QWidget& widget, const bp::object& argument, const char* method)
 {
-    const bp::extract<const LayoutHandle&> handle(argument);
-    if (handle.check() && widget.layout())
-        raise(PyExc_RuntimeError, "%s, the widget already has a layout", method);
-    QLayout& layout = requireFreeLayout(argument, "type 'Layout'", method);
-    if (arrangesItself(widget))
-        raise(PyExc_RuntimeError, "%s, the widget arranges its parts itself", method);
-    requireMovable(widget, method);
-    requireAllOutside(layout, &widget, method);
+    const auto check = [&]() -> QLayout& {
+        if (bp::extract<const LayoutHandle&>(argument).check() && widget.layout())
+            raise(PyExc_RuntimeError, "%s, the widget already has a layout", method);
+        QLayout& layout = requireFreeLayout(argument, "type 'Layout'", method);
+        if (arrangesItself(widget))
+            raise(PyExc_RuntimeError, "%s, the widget arranges its parts itself", method);
+        requireMovable(widget, method);
+        requireAllOutside(layout, &widget, method);
+        return layout;
+    };
+    QLayout& layout = check();
+    if (hideParts(layout))
+        check();
     widget.setLayout(&layout);
     updateKeeping(layout);
     endWaiting(layout);

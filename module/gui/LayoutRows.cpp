@@ -134,6 +134,8 @@ void addLabelledRow(QLayout& layout, const char* method, const bp::object& label
     requireRows(layout, method);
     const LayoutPart field = requireEither(argument, layout, method);
     QWidget* label = requireLabel(labelArgument, layout, method);
+    if (label && !isStr(labelArgument.ptr()))
+        requireEither(argument, layout, method); // handlers of the label may have run
     if (label && label == field.widget)
         raise(PyExc_ValueError, "%s, a widget can not be its own label", method);
     if (auto* text = qobject_cast<QLabel*>(label); text && !text->buddy())

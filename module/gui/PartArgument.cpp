@@ -46,13 +46,35 @@ void requireOutside(const QWidget& part, const QWidget* place, const char* metho
             raise(PyExc_ValueError, "%s, a widget can not be inside itself", method);
 }
 
-void requireFree(QWidget& part, const QWidget* place, const char* method)
+void leaveScreen(QWidget& part)
+{
+    if (!part.isVisible())
+        return;
+    part.hide();
+    part.setAttribute(Qt::WA_WState_ExplicitShowHide, false); // the new place shows it again
+}
+
+void requireMove(QWidget& part, const QWidget* place, const char* method)
 {
     requireMovable(part, method);
     requireSettled(part, method);
     requireOutside(part, place, method);
-    if (isPlaced(part))
-        raise(PyExc_ValueError, "%s, supplied 'Widget' is already in a layout or container", method);
+    if (!part.isVisible())
+        return;
+    leaveScreen(part);
+    requireSettled(part, method);
+    requireOutside(part, place, method);
+}
+
+void requireFree(QWidget& part, const QWidget* place, const char* method)
+{
+    const auto checkPlace = [&] {
+        if (isPlaced(part))
+            raise(PyExc_ValueError, "%s, supplied 'Widget' is already in a layout or container", method);
+    };
+    checkPlace();
+    requireMove(part, place, method);
+    checkPlace();
 }
 
 QWidget& requirePart(const bp::object& argument, const QWidget* place, const char* method)

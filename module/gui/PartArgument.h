@@ -12,12 +12,19 @@ namespace python {
 /// ValueError for a widget that is already in a layout or container or that `place` is inside of, RuntimeError for
 /// parts of the application.
 QWidget& requirePart(const boost::python::object& argument, const QWidget* place, const char* method);
-/// The same without the test of the argument.
+/// The same without the test of the argument. Asked last: what was on the screen is hidden by then, so that no handler
+/// runs between these tests and the move.
 void requireFree(QWidget& part, const QWidget* place, const char* method);
 
 /// RuntimeError for widgets that the application needs where they are: its main window and everything in it, and the
 /// inner parts of other widgets.
 void requireMovable(QWidget& widget, const char* method);
+
+/// What requireFree() asks, but for a widget that leaves its place for another one.
+void requireMove(QWidget& part, const QWidget* place, const char* method);
+
+/// Hides what goes to a place, as Qt does in the middle of the move. Its handlers run, and may move things themselves.
+void leaveScreen(QWidget& part);
 
 /// ValueError when `place` is `part` or inside it, across windows too.
 void requireOutside(const QWidget& part, const QWidget* place, const char* method);

@@ -51,8 +51,7 @@ void setParentWidget(QWidget& self, const bp::object& value)
         value.is_none() ? nullptr : &requireWidget(value, where, "%s, expected 'Widget' but got '%s' instead");
     if (parent == self.parentWidget())
         return;
-    requireMovable(self, where);
-    requireOutside(self, parent, where);
+    requireMove(self, parent, where);
     handBack(&self, where);
     // Dialogs and menus stay windows of their own, above the parent.
     const Qt::WindowFlags kind = self.windowFlags() & Qt::WindowType_Mask;
