@@ -3,6 +3,7 @@
 #include "module/gui/Collection.h"
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/Remains.h"
 
 #include <boost/python.hpp>
 
@@ -27,8 +28,9 @@ int letGo(void* place)
 {
     Waiting all;
     std::swap(all, *static_cast<Waiting*>(place));
+    // Between the instructions of what may run while an object is destroyed it is still too early.
     for (PyObject* object : all.objects)
-        Py_DECREF(object);
+        Remains::isDestroying() ? Remains::releaseLater(object) : Py_DECREF(object);
     return 0;
 }
 

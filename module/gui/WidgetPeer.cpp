@@ -55,18 +55,22 @@ bool WidgetPeer::isOwnedByQt()
     return self.parentWidget() || (self.isWindow() && self.isVisible());
 }
 
-void WidgetPeer::hideGhost()
+void WidgetPeer::settleVisibility()
 {
     QWidget& self = widget();
-    const QWindow* window = self.isWindow() && self.isHidden() ? self.windowHandle() : nullptr;
-    if (!window || !window->isVisible())
+    if (!self.isWindow())
         return;
-    // Qt asks the widget, not the window, whether there is something to hide.
-    self.setAttribute(Qt::WA_WState_Hidden, false);
-    self.setAttribute(Qt::WA_WState_Visible);
-    const SilentScope silence;
-    self.hide();
-    self.setAttribute(Qt::WA_WState_Visible, false);
+    const QWindow* window = self.windowHandle();
+    if (self.isVisible() && !self.testAttribute(Qt::WA_WState_Created)) {
+        self.setAttribute(Qt::WA_WState_Visible, false);
+        self.setAttribute(Qt::WA_WState_Hidden);
+    } else if (self.isHidden() && window && window->isVisible()) {
+        // Qt asks the widget, not the window, whether there is something to hide.
+        self.setAttribute(Qt::WA_WState_Hidden, false);
+        self.setAttribute(Qt::WA_WState_Visible);
+        const SilentScope silence;
+        self.hide();
+    }
 }
 
 void WidgetPeer::leaveScreenFirst()

@@ -43,9 +43,10 @@ public:
 protected:
     bool isOwnedByQt() final;
 
-    /// Hides what Qt puts on the screen though a handler has hidden the widget while it was being shown: a window
-    /// without a widget, which would block all others when it is modal.
-    void hideGhost();
+    /// Makes widget and window of one mind when handlers have changed things while Qt did. A widget that is hidden
+    /// while it is being shown leaves a window on the screen, which would block all others when it is modal; one that
+    /// is shown while its window goes counts as visible without one.
+    void settleVisibility();
     /// Takes a popup off the screen before its handler for closing runs. Qt closes all popups before it shows a window,
     /// one after the other for as long as there is one, and would try for ever while a handler shows that window.
     void leaveScreenFirst();

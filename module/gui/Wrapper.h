@@ -17,8 +17,7 @@ public:
     void setVisible(bool visible) override
     {
         I::setVisible(visible);
-        if (visible)
-            hideGhost();
+        settleVisibility();
     }
 
 protected:
@@ -32,6 +31,8 @@ protected:
         const bool result = I::event(event);
         if (type == QEvent::ParentChange && hasLeftoverWindow(*this))
             I::destroy();
+        else if (type == QEvent::PlatformSurface)
+            settleVisibility();
         if (type == QEvent::ParentChange || type == QEvent::Show || type == QEvent::Hide)
             updateKeeping();
         return result;
