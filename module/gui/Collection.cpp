@@ -74,24 +74,28 @@ int traverse(PyObject* self, visitproc visit, void* arg)
 
 int clear(PyObject* self)
 {
-    if (const QObject* root = searchable(self)) {
-        // Letting go runs other objects' destructors, which may change the tree.
-        std::vector<SharedReference> found;
-        struct See
-        {
-            void operator()(const SharedReference& reference) const { found->push_back(reference); }
-            void operator()(const ObjectPeer& /*peer*/) const {} // goes with its object
-            std::vector<SharedReference>* found;
-        };
-        seeReferences(*root, See{&found});
-        for (const SharedReference& reference : found)
-            reference.clear();
-    }
+    if (const QObject* root = searchable(self))
+        clearReferences(*root);
     Py_CLEAR(reinterpret_cast<Instance*>(self)->dict);
     return 0;
 }
 
 } // namespace
+
+void clearReferences(const QObject& root)
+{
+    // Letting go runs other objects' destructors, which may change the tree.
+    std::vector<SharedReference> found;
+    struct See
+    {
+        void operator()(const SharedReference& reference) const { found->push_back(reference); }
+        void operator()(const ObjectPeer& /*peer*/) const {} // goes with its object
+        std::vector<SharedReference>* found;
+    };
+    seeReferences(root, See{&found});
+    for (const SharedReference& reference : found)
+        reference.clear();
+}
 
 void showReferencesToCollector(PyTypeObject* type)
 {

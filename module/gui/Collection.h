@@ -35,6 +35,10 @@ private:
     std::list<SharedReference> m_references;
 };
 
+/// Ends the references below a Qt object, down to the widgets and layouts that have Python objects of their own. On the
+/// GUI thread, with the interpreter lock; runs code of scripts.
+void clearReferences(const QObject& root);
+
 /// Lets the interpreter's collector see what objects of `type`, and of the classes derived from it later, hold: their
 /// attributes, and the references below the Qt objects that scripts made. Called once, for the class that all others
 /// of the family derive from.

@@ -1,6 +1,8 @@
 #include "module/gui/ObjectPeer.h"
 
+#include "module/gui/Collection.h"
 #include "runtime/QtCall.h"
+#include "runtime/Remains.h"
 
 #include <QThread>
 
@@ -15,10 +17,14 @@ OwningHandle::~OwningHandle()
     const bool isHere = QThread::currentThread() == object.thread();
     if (isHere && object.parent())
         return; // goes with the parent
-    if (isHere && !QtCall::isUnderWay())
+    if (isHere && !QtCall::isUnderWay()) {
         Remains::destroyNow(object);
-    else
-        Remains::destroyLater(object);
+        return;
+    }
+    Remains::destroyLater(object);
+    // The collector may be taking apart what the object would still call.
+    if (isHere)
+        clearReferences(object);
 }
 
 void OwningHandle::forgetPeer()

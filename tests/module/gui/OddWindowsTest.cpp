@@ -217,4 +217,31 @@ assert seen == [False] and button.menu is None, seen
 )");
 }
 
+TEST_F(OddWindowsTest, nothingCallsWhatTheCollectorHasTakenApart)
+{
+    check(R"(
+calls = []
+def makeCycle(pages):
+    own = []  # older than the stack, so that the collector comes here first
+    def changed(index):
+        calls.append((index, own))
+    own.append(sp.StackedWidget())
+    for page in pages:
+        own[0].addWidget(page)
+    own[0].stackChanged(changed)
+    return weakref.ref(own[0])
+class Collecting(sp.Button):
+    def mousePressEvent(self, event):
+        pages = [sp.Label("0"), sp.Label("1")]
+        stack = makeCycle(pages)
+        gc.collect()
+        assert stack() is None
+        pages[0].parentWidget = None  # from what waits for the end of this handler to be destroyed
+button = Collecting("b")
+send(button, "mousePressEvent")
+flush()
+assert not calls, calls
+)");
+}
+
 } // namespace fixture
