@@ -62,12 +62,11 @@ void setMenuBar(QLayout& layout, const bp::object& value)
     if (!value.is_none() && !handle.check())
         raiseWrongType(where, "MenuBar", value.ptr());
     QWidget* bar = value.is_none() ? nullptr : &handle().get();
-    QWidget* old = layout.menuBar();
-    if (bar == old)
+    if (bar == layout.menuBar())
         return;
     if (bar)
-        requireFree(*bar, layout.parentWidget(), where);
-    if (old)
+        requireFree(*bar, layout.parentWidget(), where); // whose handlers may have changed the layout
+    if (QWidget* old = layout.menuBar())
         leaveLayout(layout, *old, where);
     if (bar) {
         layout.setMenuBar(bar);

@@ -411,7 +411,7 @@ class Stress:
             document = self.documents.pop()
             if not document.deleted:
                 document.close()
-        for _ in range(3):
+        for _ in range(20):  # what goes may have held the last name of something else
             self.qt.close_all()
             self.qt.pump()
             gc.collect()
