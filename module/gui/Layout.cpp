@@ -70,6 +70,11 @@ void setMenuBar(QLayout& layout, const bp::object& value)
         leaveLayout(layout, *old, where);
     if (bar) {
         layout.setMenuBar(bar);
+        // Only the outermost layout of a widget notices when its bar goes.
+        QObject::connect(bar, &QObject::destroyed, &layout, [&layout, bar] {
+            if (layout.menuBar() == bar)
+                layout.setMenuBar(nullptr);
+        });
         joinWidget(layout, *bar, value);
     }
 }

@@ -64,6 +64,7 @@ void WidgetPeer::settleVisibility()
     if (self.isVisible() && !self.testAttribute(Qt::WA_WState_Created)) {
         self.setAttribute(Qt::WA_WState_Visible, false);
         self.setAttribute(Qt::WA_WState_Hidden);
+        updateKeeping();
     } else if (self.isHidden() && window && window->isVisible()) {
         // Qt asks the widget, not the window, whether there is something to hide.
         self.setAttribute(Qt::WA_WState_Hidden, false);

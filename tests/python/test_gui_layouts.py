@@ -112,6 +112,17 @@ class Lifetimes(QuietCase):
                 kept = gc.collect()  # nothing was visited twice
                 self.assertEqual(kept, 0)
 
+    def test_inner_layouts_forget_a_menu_bar_that_goes(self):
+        window, inner = Widget(layout=VBoxLayout()), HBoxLayout()
+        window.layout.addLayout(inner)
+        bar = MenuBar()
+        inner.menuBar = bar
+        bar.parentWidget = None
+        del bar
+        self.assertIsNone(inner.menuBar)
+        inner.menuBar = MenuBar()
+        self.assertIsInstance(inner.menuBar, MenuBar)
+
     def test_label_of_a_row_goes_with_a_layout_without_window(self):
         form = FormLayout()
         for _ in range(3):

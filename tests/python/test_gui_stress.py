@@ -433,7 +433,8 @@ class StressTest(unittest.TestCase):
             stress.end()
         self.assertEqual((stress.failures, warnings), ([], []), where)
         left = [reference() for reference in stress.references if reference() is not None]
-        self.assertEqual(left, [], where)
+        self.assertEqual([(each, each.deleted or (each.parentWidget, getattr(each, "visible", None)),
+                           [type(holder) for holder in gc.get_referrers(each)]) for each in left], [], where)
         self.assertEqual(len(stress.qt.widgets()), before, where)
         self.assertGreater(stress.count, 100, where)
 
