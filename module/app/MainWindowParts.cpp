@@ -121,7 +121,8 @@ bool removeMainWindowToolBar(const bp::object& name)
 bp::object addSubWindow(const bp::object& widget)
 {
     constexpr const char* function = "addSubWindow()";
-    QWidget& content = requireWidget(widget, function);
+    QWidget& content = requireWidget(widget, {"addSubWindow(), expected type 'Widget' but got 'NoneType' instead",
+                                              "addSubWindow(), expected type 'Widget' but got '%s' instead"});
     if (&content == applicationWindow())
         raise(PyExc_RuntimeError, "MainWindow, illegal method call");
     // A widget that is a document already stays the document that it is.

@@ -126,7 +126,8 @@ void addToEnd(const LayoutHandle& handle, const bp::object& widget, const bp::ob
 {
     constexpr const char* method = "Layout.addWidget()";
     QLayout& layout = handle.layout();
-    requireWidget(widget, method);
+    requireWidget(widget, {"Layout.addWidget(), expected type 'Widget' but got 'NoneType' instead",
+                           "Layout.addWidget(), expected type 'Widget' but got '%s' instead"});
     const int factor = stretchArgument(stretch);
     const Qt::Alignment alignment =
         alignArgument(align, "Layout.addWidget(), expected type 'Alignment' for optional argument 'align' but got '%s' "

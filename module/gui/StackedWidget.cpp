@@ -27,6 +27,15 @@ void setCurrentIndex(QStackedWidget& stack, const bp::object& value)
     stack.setCurrentIndex(static_cast<int>(index));
 }
 
+constexpr WidgetTexts g_currentTexts = {
+    "StackedWidget.currentWidget, expected type 'Widget' but got 'NoneType' instead",
+    "StackedWidget.currentWidget, expected type 'Widget' but got '%s' instead"};
+constexpr WidgetTexts g_addTexts = {"StackedWidget.addWidget(), expected type 'Widget' but got 'NoneType' instead",
+                                    "StackedWidget.addWidget(), expected type 'Widget' but got '%s' instead"};
+constexpr WidgetTexts g_insertTexts = {
+    "StackedWidget.insertWidget(), expected type 'Widget' but got 'NoneType' instead",
+    "StackedWidget.insertWidget(), expected type 'Widget' but got '%s' instead"};
+
 bp::object currentWidget(QStackedWidget& stack)
 {
     return wrapWidget(stack.currentWidget());
@@ -34,7 +43,7 @@ bp::object currentWidget(QStackedWidget& stack)
 
 void setCurrentWidget(QStackedWidget& stack, const bp::object& value)
 {
-    QWidget& page = requireWidget(value, "StackedWidget.currentWidget");
+    QWidget& page = requireWidget(value, g_currentTexts);
     if (stack.indexOf(&page) < 0)
         raise(PyExc_ValueError,
               "StackedWidget.currentWidget, supplied 'Widget' is not a child of this 'StackedWidget'");
@@ -52,7 +61,7 @@ int addWidget(const Handle<QStackedWidget>& handle, const bp::object& widget)
 {
     constexpr const char* method = "StackedWidget.addWidget()";
     QStackedWidget& stack = handle.get();
-    if (stack.indexOf(&requireWidget(widget, method)) >= 0)
+    if (stack.indexOf(&requireWidget(widget, g_addTexts)) >= 0)
         raise(PyExc_ValueError, "StackedWidget.addWidget(), supplied 'Widget' is already a child the 'StackedWidget'");
     return stack.addWidget(&requirePart(widget, &stack, method));
 }
@@ -62,7 +71,7 @@ int insertWidget(const Handle<QStackedWidget>& handle, const bp::object& index, 
     constexpr const char* method = "StackedWidget.insertWidget()";
     QStackedWidget& stack = handle.get();
     const int place = Argument<int>::from(index.ptr(), method);
-    if (stack.indexOf(&requireWidget(widget, method)) >= 0)
+    if (stack.indexOf(&requireWidget(widget, g_insertTexts)) >= 0)
         raise(PyExc_ValueError,
               "StackedWidget.addWidget(), supplied 'Widget' is already a child of the 'StackedWidget'");
     return stack.insertWidget(place, &requirePart(widget, &stack, method));

@@ -72,7 +72,8 @@ PyGetSetDef g_properties[] = {
 QWidget& requirePage(QTabWidget& tabs, const bp::object& argument)
 {
     constexpr const char* method = "TabWidget.addTab()";
-    QWidget& page = requireWidget(argument, method, "%s, expected 'Widget' for first argument not '%s'");
+    constexpr const char* text = "TabWidget.addTab(), expected 'Widget' for first argument not '%s'";
+    QWidget& page = requireWidget(argument, {text, text});
     requireFree(page, &tabs, method);
     return page;
 }
@@ -141,7 +142,8 @@ void setCurrentTab(const Handle<QTabWidget>& handle, const bp::object& tab)
 int indexOf(const Handle<QTabWidget>& handle, const bp::object& widget)
 {
     QTabWidget& tabs = handle.get();
-    return tabs.indexOf(&requireWidget(widget, "TabWidget.indexOf()", "%s, expected 'Widget' not '%s'"));
+    return tabs.indexOf(&requireWidget(widget, {"TabWidget.indexOf(), expected 'Widget' not 'NoneType'",
+                                                "TabWidget.indexOf(), expected 'Widget' not '%s'"}));
 }
 
 void tabChanged(const Handle<QTabWidget>& handle, const bp::object& callable)

@@ -184,12 +184,19 @@ void defineMap(Class& registered, const char* name, Function function, const cha
 
 } // namespace
 
-QWidget& requireWidget(const bp::object& argument, const char* where, const char* format)
+QWidget& requireWidget(const bp::object& argument, const WidgetTexts& texts)
 {
     const bp::extract<const WidgetHandle&> handle(argument);
     if (!handle.check())
-        raise(PyExc_TypeError, format, where, typeName(argument));
+        raise(PyExc_TypeError, argument.is_none() ? texts.none : texts.other, typeName(argument));
     return handle().widget();
+}
+
+QWidget& requireWidget(const bp::object& argument, const char* where, const char* format)
+{
+    // What is left to fill in is the type's name.
+    const std::string text = QString::asprintf(format, where, "%s").toStdString();
+    return requireWidget(argument, {text.c_str(), text.c_str()});
 }
 
 void bindWidget()

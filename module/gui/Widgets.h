@@ -39,4 +39,12 @@ void holdOnlyMenu(QObject& owner, const boost::python::object& menu);
 QWidget& requireWidget(const boost::python::object& argument, const char* where,
                        const char* format = "%s, expected type 'Widget' but got '%s' instead");
 
+/// Messages that are written out where they belong; `other` holds one "%s" for the type's name.
+struct WidgetTexts
+{
+    const char* none;
+    const char* other;
+};
+QWidget& requireWidget(const boost::python::object& argument, const WidgetTexts& texts);
+
 } // namespace python
