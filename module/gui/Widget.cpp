@@ -182,21 +182,29 @@ void defineMap(Class& registered, const char* name, Function function, const cha
                    documentation);
 }
 
+/// Null for anything but a widget.
+const WidgetHandle* handleIn(const bp::object& argument)
+{
+    const bp::extract<const WidgetHandle&> handle(argument);
+    return handle.check() ? &handle() : nullptr;
+}
+
 } // namespace
 
 QWidget& requireWidget(const bp::object& argument, const WidgetTexts& texts)
 {
-    const bp::extract<const WidgetHandle&> handle(argument);
-    if (!handle.check())
+    const WidgetHandle* handle = handleIn(argument);
+    if (!handle)
         raise(PyExc_TypeError, argument.is_none() ? texts.none : texts.other, typeName(argument));
-    return handle().widget();
+    return handle->widget();
 }
 
 QWidget& requireWidget(const bp::object& argument, const char* where, const char* format)
 {
-    // What is left to fill in is the type's name.
-    const std::string text = QString::asprintf(format, where, "%s").toStdString();
-    return requireWidget(argument, {text.c_str(), text.c_str()});
+    const WidgetHandle* handle = handleIn(argument);
+    if (!handle)
+        raise(PyExc_TypeError, format, where, typeName(argument));
+    return handle->widget();
 }
 
 void bindWidget()

@@ -1,8 +1,8 @@
 """Widgets of all classes, made, moved, shown and dropped at random, from inside each other's handlers too.
 
 STRATIVO_STRESS_SECONDS says how long (3), STRATIVO_STRESS_SEED where it begins (1). With STRATIVO_STRESS_TRACE=1 each
-step is printed before it is done, so that the last line names the one that ended the process. Nothing depends on time:
-the same seed does the same steps.
+step is printed before it is done, so that the last line names the one that ended the process. Dialogs are answered by a
+timer: a seed begins with the same steps each time, and goes its own way once one of them was quicker.
 """
 import ctypes
 import faulthandler
@@ -32,9 +32,10 @@ WIDGETS = [each for each in vars(sp).values()
 LAYOUTS = [sp.HBoxLayout, sp.VBoxLayout, sp.GridLayout, sp.FormLayout]
 
 # What a refused step may say; whatever else is raised is a fault.
-REFUSED = re.compile("has been deleted|already has a layout|arranges its parts|fixed part|already waiting|just closing|is a part of|"
-                     "already in a|can not be|already a child|not a child|not in this layout|out of range|"
-                     "not found|just arranging|stays in its widget|have a stretch|have rows|illegal method call|no key sequence")
+REFUSED = re.compile("has been deleted|already has a layout|arranges its parts|fixed part|already waiting|just closing|"
+                     "is a part of|already in a|can not be|already a child|not a child|not in this layout|out of range|"
+                     "not found|just arranging|stays in its widget|have a stretch|have rows|illegal method call|"
+                     "no key sequence")
 
 
 class Qt:
