@@ -122,6 +122,7 @@ bool HVPythonPlugin::initialize(QString directory)
     m_data.copyright = info.copyright;
     m_data.contact = info.contact;
     m_data.autoLoad = info.autoLoad;
+    m_data.isWhole = info.isStartupFileInside();
     return true;
 }
 
@@ -317,6 +318,9 @@ bool HVPythonPlugin::removeDirectoryFromModuleDict()
 
 void HVPythonPlugin::handleUnloadError()
 {
+    python::IUnloadFailurePrompt& prompt = python::unloadFailurePrompt();
+    if (!prompt.hasConsequences())
+        return;
     const QString autoLoad =
         setAutoLoad(false)
             ? QStringLiteral("Autoload has been disabled for this plugin.")
@@ -333,7 +337,6 @@ void HVPythonPlugin::handleUnloadError()
             "%3<br></br><br></br>It is recommended that Strativo be restarted to avoid any instability caused "
             "by an inconsistent plugin state.<br></br><br></br><b>Restart Strativo?</b>")
             .arg(name(), contact, autoLoad);
-    python::IUnloadFailurePrompt& prompt = python::unloadFailurePrompt();
     if (prompt.askForRestart(QStringLiteral("Critical Error - Unable to unload Python plugin"), text))
         prompt.restart();
 }

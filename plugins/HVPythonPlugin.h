@@ -45,7 +45,7 @@ public:
     /// the user is told by handleUnloadError(); when it raises, the error is printed only.
     bool unload();
 
-    /// Switches autoload off and offers to restart the application.
+    /// Switches autoload off and offers to restart the application, unless the prompt in use has no consequences.
     void handleUnloadError();
 
     /// Writes the key "autoload" of plugin.info; isAutoLoad() follows only when that worked.
@@ -53,6 +53,9 @@ public:
 
     bool isAutoLoad() const { return m_data.autoLoad; }
     bool isLoaded() const;
+    /// False when the startup file lies outside the folder. Such a plug-in loads where it is but is not to be given
+    /// away.
+    bool isWhole() const { return m_data.isWhole; }
 
     /// The folder's own name.
     const QString name() const { return m_data.directory.dirName(); }
@@ -80,6 +83,7 @@ private:
     {
         bool loaded = false;
         bool autoLoad = false;
+        bool isWhole = true;
         QString errorMessage;
         QDir directory;
         QString init;

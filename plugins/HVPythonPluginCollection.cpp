@@ -1,5 +1,6 @@
 #include "plugins/HVPythonPluginCollection.h"
 
+#include "host/data/HVProjectService.h"
 #include "host/services/HVEventBus.h"
 #include "host/services/HVUserData.h"
 #include "plugins/UnloadFailurePrompt.h"
@@ -116,6 +117,18 @@ void HVPythonPluginCollection::loadAutomatic()
     for (const auto& [name, plugin] : Map(m_plugins))
         if (plugin->isAutoLoad() && !plugin->isLoaded())
             load(*plugin);
+}
+
+void HVPythonPluginCollection::followProjects(HVProjectService& projects)
+{
+    const auto follow = [this](const HVProject* project) {
+        if (!project)
+            return;
+        scan();
+        loadAutomatic();
+    };
+    connect(&projects, &HVProjectService::projectChanged, this, follow);
+    follow(projects.project());
 }
 
 void HVPythonPluginCollection::forget(Map::iterator plugin)

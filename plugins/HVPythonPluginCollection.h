@@ -6,6 +6,8 @@
 
 #include <map>
 
+class HVProjectService;
+
 /// All plug-ins that the application knows, by name. Owns them. Their failures go to the event bus as errors that name
 /// the plug-in, and never stop the others. GUI thread only; needs the interpreter while a plug-in is loaded.
 class HVPythonPluginCollection : public QObject
@@ -40,10 +42,11 @@ public:
     /// reported and dropped without a dialog.
     void unloadAll();
 
-public Q_SLOTS:
-    /// Loads every plug-in whose autoload is set and that is not loaded yet, in the order of their names; to be called
-    /// each time a project has been opened.
+    /// Loads every plug-in whose autoload is set and that is not loaded yet, in the order of their names.
     void loadAutomatic();
+
+    /// From now on scans and loads the automatic plug-ins each time a project is opened, at once when one is open.
+    void followProjects(HVProjectService& projects);
 
 Q_SIGNALS:
     /// Plug-ins came, went, were loaded or unloaded through this object.

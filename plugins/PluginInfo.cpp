@@ -1,5 +1,6 @@
 #include "plugins/PluginInfo.h"
 
+#include <QDir>
 #include <QFile>
 #include <QSettings>
 #include <QTextCodec>
@@ -60,6 +61,12 @@ PluginInfo PluginInfo::read(const QString& path)
     info.contact = textOf(settings, "contact");
     info.autoLoad = valueOf(settings, QStringLiteral("autoload")).toBool();
     return info;
+}
+
+bool PluginInfo::isStartupFileInside() const
+{
+    const QString path = QDir::cleanPath(init);
+    return !QDir::isAbsolutePath(path) && path != QLatin1String("..") && !path.startsWith(QLatin1String("../"));
 }
 
 bool PluginInfo::writeAutoLoad(const QString& path, bool value)

@@ -17,6 +17,9 @@ struct PluginInfo
     QString contact;
     bool autoLoad = false;
 
+    /// Whether `init` names a place below the folder, so that the plug-in is whole wherever its folder is taken.
+    bool isStartupFileInside() const;
+
     /// Never fails: a missing text is "Unknown", a missing "autoload" false. A value that holds commas, which the
     /// format takes for a list, is joined with ", ".
     static PluginInfo read(const QString& path);

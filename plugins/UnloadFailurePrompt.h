@@ -10,6 +10,8 @@ class IUnloadFailurePrompt
 public:
     virtual ~IUnloadFailurePrompt() = default;
 
+    /// False where the refusal has no consequences: autoload stays as it is in the plug-in's folder, nobody is asked.
+    virtual bool hasConsequences() const { return true; }
     /// Shows a critical error as rich text; true when the user wants the application restarted.
     virtual bool askForRestart(const QString& title, const QString& text) = 0;
     /// Starts the application anew and ends this process at once; returns only in tests.

@@ -19,6 +19,8 @@ CommandLine parseCommandLine(const QStringList& words)
         }
         if (word == QLatin1String("--verbose")) {
             line.verbose = true;
+        } else if (word == QLatin1String("--no-autoload")) {
+            line.autoLoad = false;
         } else if (word == QLatin1String("--project") || word == QLatin1String("--plugin")) {
             if (!hasValue)
                 return fail(QStringLiteral("%1 needs a folder").arg(word));
@@ -50,7 +52,7 @@ CommandLine parseCommandLine(const QStringList& words)
 
 QString usage()
 {
-    return QStringLiteral("usage: strativo run [--project DIR] [--plugin DIR]... [--verbose] SCRIPT [ARGS...]\n"
+    return QStringLiteral("usage: strativo run [--project DIR] [--plugin DIR]... [options] SCRIPT [ARGS...]\n"
                           "       strativo run [options] -c CODE [ARGS...]\n"
                           "\n"
                           "Runs a Python script with the application's scripting module and without a window.\n"
@@ -59,6 +61,7 @@ QString usage()
                           "  -c CODE        run CODE\n"
                           "  --project DIR  open the project in DIR first; made when the folder is missing or empty\n"
                           "  --plugin DIR   load the plug-in in DIR first; may be given several times\n"
+                          "  --no-autoload  opening the project loads no plug-ins\n"
                           "  --verbose      show notices that are not errors, on standard error\n"
                           "\n"
                           "Exit status: 0 the script ran to its end, 1 it failed, 2 it was not started.\n");

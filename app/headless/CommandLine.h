@@ -22,6 +22,8 @@ struct CommandLine
     QStringList arguments;
     QString project;
     QStringList plugins;
+    /// Whether opening the project loads the plug-ins that are set to autoload.
+    bool autoLoad = true;
     bool verbose = false;
     bool help = false;
     /// One sentence when the command line cannot be understood, else empty.

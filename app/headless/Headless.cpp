@@ -160,6 +160,9 @@ int run(int argc, char** argv)
     HVPythonPluginCollection plugins;
     if (const QString error = loadPlugins(plugins, line.plugins); !error.isEmpty())
         return refuse(error);
+    // After those that were asked for: of two plug-ins with one name the automatic one steps back.
+    if (line.autoLoad)
+        plugins.followProjects(*window.projects());
     return runScript(context, script, line.arguments);
 }
 

@@ -5,9 +5,11 @@
 #include "app/headless/TerminalApp.h"
 #include "app/workbench/MainWindow.h"
 #include "plugins/HVPythonPlugin.h"
+#include "plugins/UnloadFailurePrompt.h"
 #include "runtime/HVPythonExecutionContext.h"
 
 #include <QApplication>
+#include <QDir>
 
 #include <cstdio>
 
@@ -17,11 +19,12 @@ namespace {
 
 constexpr double g_millisecond = 1e6; // in nanoseconds
 
-const char* const g_usage = "usage: strativo plugin check DIR\n"
-                            "\n"
-                            "Reads plugin.info of the plug-in in DIR, loads and unloads it, and reports each step.\n"
-                            "\n"
-                            "Exit status: 0 all steps went well, 1 one failed, 2 nothing was started.\n";
+const char* const g_usage =
+    "usage: strativo plugin check DIR\n"
+    "\n"
+    "Reads plugin.info of the plug-in in DIR, loads and unloads it, and reports each step. Changes no file.\n"
+    "\n"
+    "Exit status: 0 all steps went well, 1 one failed, 2 nothing was started.\n";
 
 /// One line of the report; returns `ok`.
 bool report(const char* step, bool ok, const QString& detail)
@@ -37,14 +40,36 @@ QString reasonOf(const HVPythonPlugin& plugin)
                                            : plugin.errorMessage();
 }
 
+/// The report says what there is to say, and the folder is the author's.
+class NoConsequences final : public python::IUnloadFailurePrompt
+{
+public:
+    bool hasConsequences() const override { return false; }
+    bool askForRestart(const QString& /*title*/, const QString& /*text*/) override { return false; }
+    void restart() override {}
+};
+
+/// The step "plugin.info".
+bool reportMetadata(const HVPythonPlugin& plugin, bool isRead)
+{
+    const char* step = "plugin.info";
+    if (!isRead)
+        return report(step, false, reasonOf(plugin));
+    if (!plugin.isWhole())
+        return report(step, false,
+                      QStringLiteral("init: the startup file %1 lies outside the plug-in's folder")
+                          .arg(QDir::cleanPath(plugin.initFilename())));
+    return report(
+        step, true,
+        QStringLiteral("%1, version %2, startup file %3").arg(plugin.name(), plugin.version(), plugin.initFilename()));
+}
+
 int check(const QString& directory)
 {
+    NoConsequences noConsequences;
+    const python::UnloadFailurePromptGuard guard(noConsequences);
     HVPythonPlugin plugin;
-    const bool known = plugin.initialize(directory);
-    if (!report("plugin.info", known,
-                known ? QStringLiteral("%1, version %2, startup file %3")
-                            .arg(plugin.name(), plugin.version(), plugin.initFilename())
-                      : reasonOf(plugin)))
+    if (!reportMetadata(plugin, plugin.initialize(directory)))
         return g_statusFailed;
     if (const bool loaded = plugin.load(); !report(
             "load", loaded,

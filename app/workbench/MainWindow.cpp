@@ -12,6 +12,7 @@
 #include "host/services/HVEventBus.h"
 #include "host/services/HVIconStore.h"
 #include "host/widgets/HVMessageWindow.h"
+#include "host/widgets/HVPluginContributions.h"
 #include "host/widgets/HVProjectBrowser.h"
 
 #include <QCloseEvent>
@@ -68,7 +69,7 @@ MainWindow::MainWindow()
     m_projectDock->setObjectName(QStringLiteral("projectDock"));
     addDockWidget(Qt::LeftDockWidgetArea, m_projectDock);
 
-    m_toolBar->setObjectName(QStringLiteral("mainToolBar"));
+    m_toolBar->setObjectName(hv::ownPartName("mainToolBar"));
     m_toolBar->setIconSize({20, 20});
     addToolBar(m_toolBar);
 

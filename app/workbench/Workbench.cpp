@@ -125,13 +125,7 @@ int run(int& argc, char** argv)
         HVPythonPluginCollection plugins;
         PluginMenu pluginMenu(window, plugins);
         const auto debugger = std::make_unique<DebuggerDock>(window);
-        QObject::connect(window.projects(), &HVProjectService::projectChanged, &plugins,
-                         [&plugins](HVProject* project) {
-                             if (!project)
-                                 return;
-                             plugins.scan();
-                             plugins.loadAutomatic();
-                         });
+        plugins.followProjects(*window.projects());
         window.restoreLayout();
         window.show();
         if (!options.project.isEmpty())

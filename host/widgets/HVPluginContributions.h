@@ -7,6 +7,23 @@
 
 class QAction;
 
+namespace hv {
+
+/// The object names of the application's own tool bars begin with it. Plug-ins name theirs as they like but for this,
+/// so they can neither find nor double what is the application's.
+inline constexpr const char* g_ownPartPrefix = "strativo:";
+
+inline QString ownPartName(const char* name)
+{
+    return QLatin1String(g_ownPartPrefix) + QLatin1String(name);
+}
+inline bool isOwnPartName(const QString& name)
+{
+    return name.startsWith(QLatin1String(g_ownPartPrefix));
+}
+
+} // namespace hv
+
 /// What plug-ins put into the application's windows: menus, tool bars, commands, documents. A plug-in that is unloaded
 /// leaves nothing behind, whatever its author forgot: removeAll() takes away what is still there.
 ///
@@ -17,8 +34,8 @@ class HVPluginContributions
 public:
     static HVPluginContributions& instance();
 
-    /// Notes that `object` (QMenu, QToolBar, QAction, QMdiSubWindow, a window) is there because of the plug-in. Several plug-ins
-    /// may name the same object; it goes with the last of them. An empty folder is nobody's and ignored.
+    /// Notes that `object` (QMenu, QToolBar, QAction, QMdiSubWindow, a window) is there because of the plug-in. Several
+    /// plug-ins may name the same object; it goes with the last of them. An empty folder is nobody's and ignored.
     void add(const QString& pluginFolder, QObject* object);
 
     /// Whether any plug-in put it there.

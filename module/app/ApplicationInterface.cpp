@@ -122,6 +122,7 @@ void defineMainWindowParts()
         "Plug-ins only.\n\nRaises RuntimeError outside a plug-in and for the names of the application's own menus.");
     bp::def("addMainWindowToolBar", addMainWindowToolBar, bp::args("name"),
             "addMainWindowToolBar(name: str) -> ToolBar\n\nA new tool bar with that title. Plug-ins only.\n\nRaises "
+            "ValueError for an empty name and for one that begins with 'strativo:', "
             "RuntimeError outside a plug-in and when there is a tool bar of that name.");
     bp::def("removeMainWindowToolBar", removeMainWindowToolBar, bp::args("name"),
             "removeMainWindowToolBar(name: str) -> bool\n\nTakes the tool bar away; False when there is none. Plug-ins "

@@ -40,11 +40,13 @@ QMenu* findMenu(const QString& title, const char* refusal)
     return nullptr;
 }
 
+/// Null for the name of what is the application's own, which scripts do not see.
 QToolBar* findToolBar(const QMainWindow& window, const QString& name)
 {
-    for (QToolBar* bar : window.findChildren<QToolBar*>(name, Qt::FindDirectChildrenOnly))
-        return bar;
-    return nullptr;
+    // A null or empty name would find tool bars of any or of no name.
+    if (name.isEmpty() || hv::isOwnPartName(name))
+        return nullptr;
+    return window.findChild<QToolBar*>(name, Qt::FindDirectChildrenOnly);
 }
 
 } // namespace
@@ -91,6 +93,11 @@ bp::object addMainWindowToolBar(const bp::object& name)
 {
     requirePlugin("addMainWindowToolBar() can only be executed from the context of a plugin");
     const QString text = requireStr(name, "addMainWindowToolBar(), expected 'str' but got '%s' instead");
+    if (text.isEmpty())
+        raise(PyExc_ValueError, "addMainWindowToolBar(), the name must not be empty");
+    if (hv::isOwnPartName(text))
+        raise(PyExc_ValueError, "addMainWindowToolBar(), names that begin with '%s' are the application's own",
+              hv::g_ownPartPrefix);
     QMainWindow* window = applicationWindow();
     if (!window)
         return {};

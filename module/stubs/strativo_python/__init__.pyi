@@ -3945,7 +3945,8 @@ def removeMainWindowMenu(title: str) -> bool:
 def addMainWindowToolBar(name: str) -> ToolBar:
     """A new tool bar with that title. Plug-ins only.
 
-    Raises RuntimeError outside a plug-in and when there is a tool bar of that name.
+    Raises ValueError for an empty name and for one that begins with 'strativo:', RuntimeError outside a plug-in and
+    when there is a tool bar of that name.
     """
 
 def removeMainWindowToolBar(name: str) -> bool:

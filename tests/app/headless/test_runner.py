@@ -205,10 +205,10 @@ class AsPlainPython(RunnerCase):
 
 
 class Plugins(RunnerCase):
-    def plugin(self, name, register="return True", unregister="return True"):
-        folder = self.folder / name
-        folder.mkdir()
-        (folder / "plugin.info").write_text("[PluginInfo]\ninit=main.py\nversion=2\n")
+    def plugin(self, name, register="return True", unregister="return True", autoload=False, below=""):
+        folder = self.folder / below / name
+        folder.mkdir(parents=True)
+        (folder / "plugin.info").write_text("[PluginInfo]\ninit=main.py\nversion=2\nautoload=%s\n" % str(autoload).lower())
         (folder / "main.py").write_text(
             "import sys, strativo_python as sp\ndef say(word): sys.stdout.write(word + %r + ' ')\n"
             "def register():\n say('+'); sp.addMainWindowMenu('M')\n %s\ndef unregister():\n say('-')\n %s\n"
@@ -227,6 +227,49 @@ class Plugins(RunnerCase):
         self.assertIn("Sure? [No]", result.stderr)
         self.assertIn("Removed what the plug-in a left behind: menu M", result.stderr)
 
+    def test_check_changes_nothing_in_the_authors_folder(self):
+        folder = Path(self.plugin("stays", unregister="return False", autoload=True))
+        with (folder / "main.py").open("a") as startup:
+            startup.write("import helper\n")
+        (folder / "helper.py").write_text("")
+        before = {path: path.read_bytes() for path in folder.iterdir()}
+        self.expect(self.check("check", str(folder)), 1)
+        self.assertEqual({path: path.read_bytes() for path in folder.rglob("*")}, before)
+
+    def test_check_refuses_a_startup_file_outside_the_folder(self):
+        other = Path(self.plugin("other"))
+        for init in ("../other/main.py", "a/../../other/main.py", str(other / "main.py")):
+            folder = self.folder / "outside"
+            folder.mkdir(exist_ok=True)
+            (folder / "plugin.info").write_text("[PluginInfo]\ninit=%s\n" % init)
+            result = self.check("check", str(folder))
+            self.expect(result, 1)
+            self.assertRegex(result.stdout, r"^plugin\.info +FAILED +init: the startup file .* lies outside the "
+                                            r"plug-in's folder\n$", init)
+
+    def test_opening_a_project_loads_the_automatic_plugins(self):
+        mine = self.plugin("a", autoload=True)
+        home = self.folder / "home"
+        (home / ".strativo").mkdir(parents=True)
+        self.plugin("a", register="1 / 0", autoload=True, below="home/.strativo/plugins")
+        self.plugin("b", autoload=True, below="home/.strativo/plugins")
+        self.plugin("by hand", below="home/.strativo/plugins")
+        self.plugin("c", register="return False", autoload=True, below="home/.strativo/plugins")
+
+        def run(*words):
+            return strativo(*words, "-c", "print(end='ran ')", env=dict(os.environ, STRATIVO_HOMEPATH=str(home)))
+
+        project = ["--project", str(self.folder / "project")]
+        self.expect(run(*project), 0, "+a +b +c ran -b ", "ZeroDivisionError")
+        self.expect(run(*project, "--no-autoload"), 0, "ran ", "")
+        self.expect(run(), 0, "ran ", "")
+        self.expect(run(*project, "--plugin", mine), 0, "+a +b +c ran -b -a ")
+
+    def test_the_main_tool_bar_is_out_of_reach_of_plugins(self):
+        plugin = self.plugin("t", "print(*map(sp.removeMainWindowToolBar, ('mainToolBar', 'Main Tool Bar', '')), end=' ')\n"
+                             " return True")
+        self.expect(strativo("--plugin", plugin, "-c", "1"), 0, "+t False False False -t ")
+
     def test_status_two_when_one_cannot_be_loaded(self):
         a, bad = self.plugin("a"), self.plugin("bad", "return False")
         self.expect(strativo("--plugin", a, "--plugin", bad, "-c", "print('ran')"), 2, "+a +bad -a ",
@@ -240,7 +283,8 @@ class Plugins(RunnerCase):
                                         r"\+good load +ok .*\n-good unload +ok .*\n$")
         self.expect(self.check("check", self.plugin("raises", "1 / 0")), 1, err="ZeroDivisionError")
         result = self.check("check", self.plugin("stays", unregister="return False"))
-        self.expect(result, 1, err="Restart Strativo?")
+        self.expect(result, 1)
+        self.assertNotIn("Restart", result.stderr)
         self.assertRegex(result.stdout, r"unload +FAILED  Plugin signaled an error to Strativo during unload process\n$")
         self.expect(self.check("check"), 2, "", "usage: strativo plugin check DIR")
         self.expect(self.check("check", str(self.folder)), 1)

@@ -1,5 +1,6 @@
 // The functions with which scripts and plug-ins reach the application, on a real main window.
 #include "host/data/HVProject.h"
+#include "host/widgets/HVPluginContributions.h"
 #include "tests/plugins/PluginFixture.h"
 
 #include <QAbstractButton>
@@ -147,6 +148,22 @@ TEST_F(Application, toolBars)
     ASSERT_TRUE(
         inPlugin("gone = removeMainWindowToolBar('T'), removeMainWindowToolBar('T'), addMainWindowToolBar('T') is t"));
     EXPECT_EQ(evaluate("plugin.gone"), "(True, False, False)");
+}
+
+TEST_F(Application, ownToolBarsAreOutOfReachOfPlugins)
+{
+    QPointer<QToolBar> own = window.addToolBar("Main");
+    own->setObjectName(hv::ownPartName("main"));
+    QPointer<QToolBar> nameless = window.addToolBar("Nameless");
+    ASSERT_TRUE(inPlugin("gone = [removeMainWindowToolBar(name) for name in ('strativo:main', 'main', 'Main', '')]"));
+    EXPECT_EQ(evaluate("plugin.gone"), "[False, False, False, False]");
+    EXPECT_EQ(errorOf("addMainWindowToolBar('')", true),
+              "ValueError: addMainWindowToolBar(), the name must not be empty");
+    EXPECT_EQ(errorOf("addMainWindowToolBar('strativo:main')", true),
+              "ValueError: addMainWindowToolBar(), names that begin with 'strativo:' are the application's own");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(own && nameless);
+    EXPECT_EQ(window.findChildren<QToolBar*>().size(), 2);
 }
 
 TEST_F(Application, whatAPluginLeavesIsTakenAway)
