@@ -1,8 +1,8 @@
 #include "editor/RecoveryCopy.h"
 
+#include "host/formats/WholeFile.h"
 #include "host/services/HVEventBus.h"
 #include "host/services/HVUserData.h"
-#include "host/services/HVWholeFile.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,6 +1,6 @@
 // What is dropped on the script editor: text, files, scripts of the project.
 #include "editor/HVPythonTextEdit.h"
-#include "host/data/ObjectKind.h"
+#include "host/kinds/ObjectKind.h"
 #include "host/services/HVProjectItemDrag.h"
 
 #include <QDropEvent>

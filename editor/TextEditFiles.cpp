@@ -3,8 +3,8 @@
 #include "editor/HVPythonTextEdit.h"
 #include "editor/NoticeBar.h"
 #include "editor/RecoveryCopy.h"
+#include "host/formats/WholeFile.h"
 #include "host/services/HVIconStore.h"
-#include "host/services/HVWholeFile.h"
 #include "host/services/IScriptProject.h"
 
 #include <QCloseEvent>

@@ -3,9 +3,9 @@
 #include "app/workbench/MainWindow.h"
 #include "editor/HVPythonTextEdit.h"
 #include "editor/RecoveryCopy.h"
+#include "host/formats/WholeFile.h"
 #include "host/services/HVEventBus.h"
 #include "host/services/HVUserData.h"
-#include "host/services/HVWholeFile.h"
 
 #include <QDomDocument>
 #include <QFile>

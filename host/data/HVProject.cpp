@@ -1,8 +1,8 @@
 #include "host/data/HVProject.h"
 
-#include "host/data/JsonFile.h"
-#include "host/data/ObjectListing.h"
 #include "host/data/SettingNames.h"
+#include "host/formats/JsonFile.h"
+#include "host/objects/ObjectListing.h"
 #include "host/services/HVEventBus.h"
 
 #include <QDir>

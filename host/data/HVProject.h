@@ -1,9 +1,9 @@
 #pragma once
 
 #include "host/data/HVVirtualDirectories.h"
-#include "host/data/ObjectKind.h"
 #include "host/georef/Crs.h"
 #include "host/georef/Enumerations.h"
+#include "host/kinds/ObjectKind.h"
 
 #include <QFileSystemWatcher>
 #include <QJsonObject>

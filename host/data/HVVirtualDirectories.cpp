@@ -1,6 +1,6 @@
 #include "host/data/HVVirtualDirectories.h"
 
-#include "host/data/JsonFile.h"
+#include "host/formats/JsonFile.h"
 #include "host/services/HVEventBus.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "host/viewers/ObjectPicture.h"
 
-#include "host/display/ColorBarFile.h"
+#include "host/formats/ColorBarFile.h"
+#include "host/formats/MapOutline.h"
 #include "host/services/HVIconStore.h"
-#include "host/viewers/MapOutline.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/data/ObjectKind.h"
+#include "host/kinds/ObjectKind.h"
 
 #include <QRectF>
 #include <QString>

@@ -1,7 +1,7 @@
 #include "host/widgets/ProjectTree.h"
 
-#include "host/data/NaturalOrder.h"
-#include "host/data/ObjectListing.h"
+#include "host/objects/NaturalOrder.h"
+#include "host/objects/ObjectListing.h"
 
 #include <QHash>
 

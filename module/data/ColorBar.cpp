@@ -1,7 +1,7 @@
 #include "host/display/ColorBar.h"
 
-#include "host/display/ColorBarFile.h"
 #include "host/display/PaletteCatalogue.h"
+#include "host/formats/ColorBarFile.h"
 #include "module/Bindings.h"
 #include "module/data/ColorTuple.h"
 #include "runtime/Errors.h"

@@ -1,4 +1,4 @@
-#include "host/data/ObjectKind.h"
+#include "host/kinds/ObjectKind.h"
 #include "module/Bindings.h"
 #include "module/EnumerationTable.h"
 #include "module/data/ProjectHandle.h"

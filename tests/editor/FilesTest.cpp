@@ -1,7 +1,7 @@
 // The editor and its file: saving, failures, other programs, drops, sessions, crashes.
 #include "editor/NoticeBar.h"
 #include "editor/RecoveryCopy.h"
-#include "host/data/ObjectKind.h"
+#include "host/kinds/ObjectKind.h"
 #include "host/services/HVProjectItemDrag.h"
 #include "host/services/HVUserData.h"
 #include "host/services/IScriptProject.h"

@@ -1,8 +1,8 @@
 #include "host/data/demo/DemoProject.h"
 
 #include "host/data/HVProject.h"
-#include "host/data/JsonFile.h"
 #include "host/data/demo/DemoSteps.h"
+#include "host/formats/JsonFile.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,11 +1,11 @@
 #include "host/data/demo/DemoSteps.h"
 
 #include "host/data/HVProject.h"
-#include "host/data/JsonFile.h"
 #include "host/data/demo/SyntheticSurvey.h"
-#include "host/display/ColorBarFile.h"
 #include "host/display/PaletteCatalogue.h"
-#include "host/services/HVWholeFile.h"
+#include "host/formats/ColorBarFile.h"
+#include "host/formats/JsonFile.h"
+#include "host/formats/WholeFile.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,7 +1,7 @@
 // The project's folder: settings, objects as files, hostile folders and names.
 #include "TestFiles.h"
 #include "host/data/HVProjectService.h"
-#include "host/data/NaturalOrder.h"
+#include "host/objects/NaturalOrder.h"
 
 #include <QSignalSpy>
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "host/display/ColorBarFile.h"
+#include "host/formats/ColorBarFile.h"
 
 #include "host/display/PaletteCatalogue.h"
 

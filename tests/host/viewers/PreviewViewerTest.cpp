@@ -1,8 +1,8 @@
 // The preview of a chosen input: what it shows of real objects, and what the mouse does in each mode.
 #include "host/data/HVProjectService.h"
 #include "host/data/demo/DemoSteps.h"
+#include "host/formats/MapOutline.h"
 #include "host/viewers/HVPreviewViewer.h"
-#include "host/viewers/MapOutline.h"
 #include "host/viewers/ObjectPicture.h"
 #include "host/widgets/HVInputSelectionLineEdit.h"
 #include "host/widgets/HVInputSelectionPreview.h"

@@ -1,4 +1,4 @@
-#include "host/data/ObjectKind.h"
+#include "host/kinds/ObjectKind.h"
 
 QString ObjectKindInfo::suffix() const
 {

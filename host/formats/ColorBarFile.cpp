@@ -1,6 +1,6 @@
-#include "host/display/ColorBarFile.h"
+#include "host/formats/ColorBarFile.h"
 
-#include "host/services/HVWholeFile.h"
+#include "host/formats/WholeFile.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,6 +1,6 @@
-#include "host/data/ObjectListing.h"
+#include "host/objects/ObjectListing.h"
 
-#include "host/data/NaturalOrder.h"
+#include "host/objects/NaturalOrder.h"
 
 #include <QFile>
 

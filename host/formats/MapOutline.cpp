@@ -1,4 +1,4 @@
-#include "host/viewers/MapOutline.h"
+#include "host/formats/MapOutline.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

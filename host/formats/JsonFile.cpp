@@ -1,6 +1,6 @@
-#include "host/data/JsonFile.h"
+#include "host/formats/JsonFile.h"
 
-#include "host/services/HVWholeFile.h"
+#include "host/formats/WholeFile.h"
 
 #include <QDir>
 #include <QFile>

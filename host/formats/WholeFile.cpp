@@ -1,4 +1,4 @@
-#include "host/services/HVWholeFile.h"
+#include "host/formats/WholeFile.h"
 
 #include <QFileInfo>
 #include <QSaveFile>

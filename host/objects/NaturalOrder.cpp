@@ -1,4 +1,4 @@
-#include "host/data/NaturalOrder.h"
+#include "host/objects/NaturalOrder.h"
 
 namespace hv {
 
