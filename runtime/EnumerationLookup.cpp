@@ -1,14 +1,80 @@
 #include "runtime/EnumerationLookup.h"
 
+#include "runtime/ClassSlots.h"
 #include "runtime/Errors.h"
 
+#include <boost/python.hpp>
+
 #include <cstring>
+#include <map>
 
 namespace python {
 
 namespace {
 
-/// __new__(cls, ...): what int makes of the arguments, or the named value equal to it.
+/// The binding layer keeps a value's name behind the number, where there is room for two digits of the interpreter's
+/// integers. A third one would be the pointer to the name.
+constexpr long long g_firstNumberWithoutRoom = 1LL << 60;
+
+/// The binding layer's base of all enumerations; null until there is one.
+PyTypeObject* g_base = nullptr;
+
+/// Enumerations whose values are the named ones only, with what is said of other numbers.
+std::map<PyTypeObject*, const char*>& closedEnumerations()
+{
+    static std::map<PyTypeObject*, const char*> closed;
+    return closed;
+}
+
+bool hasRoom(PyTypeObject* type, PyObject* number)
+{
+    int overflow = 0;
+    const long long value = PyLong_AsLongLongAndOverflow(number, &overflow);
+    if (overflow == 0 && value < g_firstNumberWithoutRoom && value > -g_firstNumberWithoutRoom)
+        return true;
+    PyErr_Format(PyExc_OverflowError, "%s, the number must lie between -2**60 and 2**60", type->tp_name);
+    return false;
+}
+
+/// Borrowed; null without an exception when the number has no name.
+PyObject* findNamed(PyTypeObject* type, PyObject* number)
+{
+    PyObject* values = PyObject_GetAttrString(reinterpret_cast<PyObject*>(type), "values");
+    PyObject* named = values && PyDict_Check(values) ? PyDict_GetItemWithError(values, number) : nullptr;
+    if (!values)
+        PyErr_Clear();
+    Py_XDECREF(values); // the class keeps it
+    return named;
+}
+
+PyObject* makeNameless(PyTypeObject* type, PyObject* number)
+{
+    for (const auto& [closed, refusal] : closedEnumerations())
+        if (PyType_IsSubtype(type, closed))
+            return PyErr_Format(PyExc_ValueError, "%s, %S %s", type->tp_name, number, refusal);
+    PyObject* arguments = PyTuple_Pack(1, number);
+    PyObject* made = arguments ? PyLong_Type.tp_new(type, arguments, nullptr) : nullptr;
+    Py_XDECREF(arguments);
+    return made;
+}
+
+/// What int makes of the arguments, as the named value equal to it or a nameless one.
+PyObject* makeValue(PyTypeObject* type, PyObject* arguments, PyObject* keywords)
+{
+    if (type == g_base)
+        return PyErr_Format(PyExc_TypeError, "cannot create '%s' instances", type->tp_name);
+    PyObject* number = PyLong_Type.tp_new(&PyLong_Type, arguments, keywords);
+    PyObject* value = nullptr;
+    if (number && hasRoom(type, number)) {
+        value = Py_XNewRef(findNamed(type, number));
+        if (!value && !PyErr_Occurred())
+            value = makeNameless(type, number);
+    }
+    Py_XDECREF(number);
+    return value;
+}
+
+/// __new__(cls, ...)
 PyObject* newValue(PyObject* /*unused*/, PyObject* arguments, PyObject* keywords)
 {
     if (PyTuple_GET_SIZE(arguments) < 1 || !PyType_Check(PyTuple_GET_ITEM(arguments, 0))) {
@@ -16,40 +82,29 @@ PyObject* newValue(PyObject* /*unused*/, PyObject* arguments, PyObject* keywords
         return nullptr;
     }
     auto* type = reinterpret_cast<PyTypeObject*>(PyTuple_GET_ITEM(arguments, 0));
-    if (!PyType_IsSubtype(type, &PyLong_Type)) {
+    if (!PyType_IsSubtype(type, g_base)) {
         PyErr_SetString(PyExc_TypeError, "__new__(), expected an enumeration");
         return nullptr;
     }
     PyObject* rest = PyTuple_GetSlice(arguments, 1, PyTuple_GET_SIZE(arguments));
-    if (!rest)
-        return nullptr;
-    PyObject* plain = PyLong_Type.tp_new(type, rest, keywords);
-    Py_DECREF(rest);
-    if (!plain)
-        return nullptr;
-    PyObject* values = PyObject_GetAttrString(reinterpret_cast<PyObject*>(type), "values");
-    if (!values || !PyDict_Check(values)) {
-        Py_XDECREF(values);
-        PyErr_Clear();
-        return plain;
-    }
-    PyObject* named = PyDict_GetItemWithError(values, plain);
-    Py_XINCREF(named);
-    Py_DECREF(values);
-    if (!named && !PyErr_Occurred())
-        return plain;
-    Py_DECREF(plain);
-    return named;
+    PyObject* value = rest ? makeValue(type, rest, keywords) : nullptr;
+    Py_XDECREF(rest);
+    return value;
 }
 
 PyMethodDef g_newValue{"__new__", reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(newValue)),
                        METH_VARARGS | METH_KEYWORDS, nullptr};
 
+/// The binding layer's own, without the C++ exception that leaves it when a class of the script has no __module__.
+PyObject* representation(PyObject* value)
+{
+    PyObject* text = nullptr;
+    return boost::python::handle_exception([&] { text = g_base->tp_repr(value); }) ? nullptr : text;
+}
+
 bool isEnumeration(PyObject* object)
 {
-    if (!PyType_Check(object))
-        return false;
-    const PyTypeObject* base = reinterpret_cast<PyTypeObject*>(object)->tp_base;
+    const PyTypeObject* base = PyType_Check(object) ? reinterpret_cast<PyTypeObject*>(object)->tp_base : nullptr;
     return base && std::strcmp(base->tp_name, "Boost.Python.enum") == 0;
 }
 
@@ -62,9 +117,21 @@ void nameCalledEnumerations(PyObject* module)
     PyObject *name, *object;
     Py_ssize_t position = 0;
     while (PyDict_Next(PyModule_GetDict(module), &position, &name, &object)) {
-        if (isEnumeration(object) && PyObject_SetAttrString(object, "__new__", method.ptr()) < 0)
+        if (!isEnumeration(object))
+            continue;
+        auto* type = reinterpret_cast<PyTypeObject*>(object);
+        // With a way of its own to make values, the base closes the one around it: int.__new__(Enumeration, number).
+        g_base = type->tp_base;
+        g_base->tp_new = makeValue;
+        installSlot(type, "__repr__", reinterpret_cast<void*>(representation));
+        if (PyObject_SetAttrString(object, "__new__", method.ptr()) < 0)
             raisePending();
     }
+}
+
+void closeEnumeration(const boost::python::object& enumeration, const char* refusal)
+{
+    closedEnumerations()[reinterpret_cast<PyTypeObject*>(enumeration.ptr())] = refusal;
 }
 
 } // namespace python

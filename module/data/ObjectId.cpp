@@ -2,6 +2,7 @@
 #include "module/Bindings.h"
 #include "module/EnumerationTable.h"
 #include "module/data/ProjectHandle.h"
+#include "runtime/EnumerationLookup.h"
 #include "runtime/Errors.h"
 
 #include <boost/python.hpp>
@@ -39,15 +40,19 @@ constexpr NamedValue<ObjectKind> g_objectIds[] = {
 ObjectKind requireObjectKind(const bp::object& argument, const char* format)
 {
     const bp::extract<ObjectKind> kind(argument);
-    // A number that is no kind can be dressed up as one: ObjectId(2).
-    if (!kind.check() || !objectKindFromNumber(static_cast<int>(kind())))
+    if (!kind.check())
         raise(PyExc_TypeError, format, typeName(argument));
     return kind();
 }
 
 void bindObjectId()
 {
-    registerEnumeration("ObjectId", "The kinds of object that a project holds.", g_objectIds);
+    registerEnumeration(
+        "ObjectId",
+        "The kinds of object that a project holds. ObjectId(number) raises ValueError for a number that "
+        "is no kind.",
+        g_objectIds);
+    closeEnumeration(bp::scope().attr("ObjectId"), "is no kind of object");
 }
 
 } // namespace python

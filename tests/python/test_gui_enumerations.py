@@ -70,3 +70,31 @@ class Enumerations(unittest.TestCase):
         self.assertEqual(Key(ord("A")), 65)
         self.assertFalse(any(len(name) == 1 for name in Key.names))
         self.assertEqual(repr(PenStyle.DotLine), "strativo_python.PenStyle.DotLine")
+
+    def test_numbers_that_the_binding_layer_has_no_room_for(self):
+        enumerations = [each for each in vars(strativo_python).values()
+                        if isinstance(each, type) and each.__base__.__name__ == "enum"]
+        self.assertGreater(len(enumerations), 30)
+        for enumeration in enumerations:
+            derived = type("Derived", (enumeration,), {})
+            for make in (enumeration, derived):
+                for number in (2**60, -2**60, 2**64 + 1, 10**6000):
+                    with self.assertRaisesRegex(OverflowError, "^%s, the number must lie between" % make.__name__):
+                        make(number)
+            # Around the class there is no way either.
+            self.assertRaises(TypeError, int.__new__, enumeration, 2**60)
+            self.assertRaises(TypeError, enumeration.__new__, bool, 5)
+            self.assertRaises(TypeError, enumeration.__base__, 5)
+            self.assertRaises(OverflowError, enumeration.from_bytes, bytes(range(1, 30)), "little")
+        for number in (2**60 - 1, 1 - 2**60):
+            self.assertEqual(Align(number), number)
+            self.assertEqual(pickle.loads(pickle.dumps(Align(number))), number)
+
+    def test_an_exception_while_a_value_is_shown(self):
+        class Odd(Align):
+            @property
+            def __module__(self):
+                raise LookupError("odd")
+
+        self.assertRaises(LookupError, repr, Odd(77))
+        self.assertRaises(LookupError, str, Odd(77))

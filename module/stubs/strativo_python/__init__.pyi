@@ -3195,7 +3195,7 @@ class ModalProgressBar:
         """
 
 class ObjectId(int):
-    """The kinds of object that a project holds."""
+    """The kinds of object that a project holds. ObjectId(number) raises ValueError for a number that is no kind."""
     names: dict[str, ObjectId]
     values: dict[int, ObjectId]
     name: str
