@@ -54,7 +54,7 @@ format:
 	clang-format -i $(SOURCES)
 
 format-check:
-	clang-format --dry-run -Werror $(SOURCES)
+	@clang-format --dry-run -Werror $(SOURCES)
 
 tidy:
 	scripts/tidy.sh

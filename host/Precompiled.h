@@ -12,6 +12,7 @@
 #include <QString>
 #include <QTimer>
 #include <QWidget>
+
 #include <algorithm>
 #include <cmath>
 #include <functional>

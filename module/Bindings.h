@@ -1,8 +1,8 @@
 #pragma once
 
 /// The registrations of the scripting module, in the order in which the module frame calls them. Each registers one
-/// class, enumeration (or a group of small ones) or submodule in the current scope; its file has the same name in one of
-/// the families' folders.
+/// class, enumeration (or a group of small ones) or submodule in the current scope; its file has the same name in one
+/// of the families' folders.
 namespace python {
 
 void bindIntArray();
