@@ -38,7 +38,7 @@ class Progress(RunnerCase):
             seen += data
             if not data:
                 break
-            if interrupt and b"10 %" in seen:
+            if interrupt and re.search(rb"\d %", seen):
                 process.send_signal(signal.SIGINT)
                 interrupt = False
         os.close(master)
