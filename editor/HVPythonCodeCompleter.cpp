@@ -20,6 +20,6 @@ void HVPythonCodeCompleter::takeResults()
     if (m_thread->isRunning())
         return;
     setModel(new QStringListModel(m_thread->results(), this));
-    Q_EMIT modelFillingFinished();
     m_needsRefresh = false;
+    Q_EMIT modelFillingFinished();
 }

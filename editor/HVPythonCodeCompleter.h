@@ -20,7 +20,8 @@ public:
     bool isAvailable() const { return m_thread->engine().isAvailable(); }
     QString error() const { return m_thread->engine().error(); }
 
-    /// Whether the model belongs to another place in the text than the cursor's; cleared when a result arrives.
+    /// Whether the model belongs to another place in the text than the cursor's; cleared when a result arrives, before
+    /// modelFillingFinished().
     bool needsRefresh() const { return m_needsRefresh; }
     void setNeedsRefresh() { m_needsRefresh = true; }
 

@@ -1,26 +1,22 @@
 #include "editor/HVPythonTextEdit.h"
 
-#include "editor/EditorColours.h"
+#include "editor/Completion.h"
 #include "editor/FileWatch.h"
-#include "editor/HVPythonCodeCompleter.h"
 #include "editor/HVPythonLineNumberArea.h"
 #include "editor/HVPythonSyntaxHighlighter.h"
-#include "editor/HVPythonTextSearchWidget.h"
 #include "editor/NoticeBar.h"
 #include "editor/RecoveryCopy.h"
+#include "editor/Search.h"
 #include "editor/ShiftEnterFilter.h"
 #include "host/services/HVIconStore.h"
 #include "runtime/HVPythonDocumentation.h"
 
-#include <QAbstractItemView>
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QDomDocument>
 #include <QFileInfo>
 #include <QMenu>
 #include <QPointer>
-#include <QScrollBar>
-#include <QStringListModel>
 
 namespace {
 
@@ -50,9 +46,8 @@ HVPythonTextEdit::HVPythonTextEdit(QWidget* parent)
     document()->setModified(false);
     installEventFilter(new ShiftEnterFilter(this));
     m_lineNumberArea = new HVPythonLineNumberArea(this);
-    m_searchBar = new HVPythonTextSearchWidget(this);
-    m_searchBar->hide();
     m_notice = new editor::NoticeBar(this);
+    m_search = std::make_unique<editor::Search>(*this, *m_notice);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setFocus();
@@ -73,7 +68,7 @@ HVPythonTextEdit::HVPythonTextEdit(QWidget* parent)
     m_lineCount = blockCount();
     updateLineNumberAreaWidth();
     highlightLines();
-    makeCompleter();
+    m_completion = std::make_unique<editor::Completion>(*this);
 }
 
 HVPythonTextEdit::~HVPythonTextEdit()
@@ -81,24 +76,23 @@ HVPythonTextEdit::~HVPythonTextEdit()
     clearBreakpoints();
     disconnect(this, &QPlainTextEdit::textChanged, this, nullptr);
     document()->disconnect(this);
-    delete m_completer;
 }
 
 void HVPythonTextEdit::makeActions()
 {
-    m_save = makeAction(this, "save24", QStringLiteral("Save..."), QKeySequence::Save);
-    m_execute = makeAction(this, "pythonrun24", QStringLiteral("Execute"), QStringLiteral("F8"));
-    m_search = makeAction(this, "zoommode16", QStringLiteral("Search..."), QStringLiteral("Ctrl+Shift+F"));
-    m_documentation =
+    m_saveAction = makeAction(this, "save24", QStringLiteral("Save..."), QKeySequence::Save);
+    m_executeAction = makeAction(this, "pythonrun24", QStringLiteral("Execute"), QStringLiteral("F8"));
+    m_searchAction = makeAction(this, "zoommode16", QStringLiteral("Search..."), QStringLiteral("Ctrl+Shift+F"));
+    m_documentationAction =
         makeAction(this, "python_doc_24", QStringLiteral("Search Strativo Python Documentation..."), QKeySequence());
-    connect(m_save, &QAction::triggered, this, &HVPythonTextEdit::saveToFile);
-    connect(m_execute, &QAction::triggered, this, &HVPythonTextEdit::execute);
-    connect(m_search, &QAction::triggered, this, [this] {
+    connect(m_saveAction, &QAction::triggered, this, &HVPythonTextEdit::saveToFile);
+    connect(m_executeAction, &QAction::triggered, this, &HVPythonTextEdit::execute);
+    connect(m_searchAction, &QAction::triggered, this, [this] {
         showSearchBar();
-        m_searchBar->setText(m_search->data().toString());
+        m_search->setTarget(m_searchAction->data().toString());
     });
-    connect(m_documentation, &QAction::triggered, this,
-            [this] { HVPythonDocumentation::openAndSearchForTargetString(m_documentation->data().toString()); });
+    connect(m_documentationAction, &QAction::triggered, this,
+            [this] { HVPythonDocumentation::openAndSearchForTargetString(m_documentationAction->data().toString()); });
 }
 
 void HVPythonTextEdit::connectSignals()
@@ -113,27 +107,12 @@ void HVPythonTextEdit::connectSignals()
     connect(document(), &QTextDocument::modificationChanged, this, &HVPythonTextEdit::keepUnsavedText);
     connect(m_watch.get(), &editor::FileWatch::changed, this, &HVPythonTextEdit::reportFileChange);
     connect(m_watch.get(), &editor::FileWatch::readOnlyChanged, this, &HVPythonTextEdit::showWhetherReadOnly);
-    connect(m_searchBar, &HVPythonTextSearchWidget::startSearch, this, &HVPythonTextEdit::search);
-    connect(m_searchBar, &HVPythonTextSearchWidget::nextRequested, this, [this] { selectSearchResult(+1); });
-    connect(m_searchBar, &HVPythonTextSearchWidget::previousRequested, this, [this] { selectSearchResult(-1); });
-    connect(m_searchBar, &HVPythonTextSearchWidget::replaceRequested, this, &HVPythonTextEdit::showReplaceBar);
-    connect(m_searchBar, &HVPythonTextSearchWidget::closeRequested, this, &HVPythonTextEdit::hideSearchBar);
-}
-
-void HVPythonTextEdit::makeCompleter()
-{
-    m_completer = new HVPythonCodeCompleter(this);
-    m_completer->setWidget(this);
-    m_completer->setCompletionMode(QCompleter::PopupCompletion);
-    m_completer->setCaseSensitivity(Qt::CaseInsensitive);
-    m_completer->setModel(new QStringListModel(m_completer));
-    connect(m_completer, qOverload<const QString&>(&QCompleter::activated), this,
-            &HVPythonTextEdit::insertAutoCompletion);
+    connect(m_search.get(), &editor::Search::marksChanged, this, &HVPythonTextEdit::highlightLines);
 }
 
 std::vector<QAction*> HVPythonTextEdit::editorActions() const
 {
-    return {m_save, m_execute, m_documentation, m_search};
+    return {m_saveAction, m_executeAction, m_documentationAction, m_searchAction};
 }
 
 void HVPythonTextEdit::updateWindowTitle()
@@ -146,12 +125,14 @@ void HVPythonTextEdit::updateWindowTitle()
 
 void HVPythonTextEdit::execute()
 {
+    m_completion->dismiss();
     Q_EMIT sendActionToMdi(this, this, QStringLiteral("EXECUTE_PYTHON_IN_EDITOR"));
 }
 
 void HVPythonTextEdit::onTextChanged()
 {
-    driveCompletion();
+    if (m_completion) // not under construction
+        m_completion->drive();
     if (m_errorLine != -1) {
         m_errorLine = -1;
         highlightLines();
@@ -193,19 +174,49 @@ void HVPythonTextEdit::contextMenuEvent(QContextMenuEvent* event)
     if (under.position() < selection.selectionStart() || under.anchor() > selection.selectionEnd() ||
         !selection.hasSelection())
         setTextCursor(under);
-    m_search->setText(word.isEmpty() ? QStringLiteral("Search...") : QStringLiteral("Search for '%1'").arg(word));
-    m_documentation->setText(word.isEmpty()
-                                 ? QStringLiteral("Search Strativo Python Documentation...")
-                                 : QStringLiteral("Search Strativo Python Documentation for '%1'").arg(word));
-    m_search->setData(word);
-    m_documentation->setData(word);
+    m_searchAction->setText(word.isEmpty() ? QStringLiteral("Search...") : QStringLiteral("Search for '%1'").arg(word));
+    m_documentationAction->setText(word.isEmpty()
+                                       ? QStringLiteral("Search Strativo Python Documentation...")
+                                       : QStringLiteral("Search Strativo Python Documentation for '%1'").arg(word));
+    m_searchAction->setData(word);
+    m_documentationAction->setData(word);
 
     const QPointer<QMenu> menu = createStandardContextMenu(event->pos());
     QAction* first = menu->actions().value(0);
-    menu->insertActions(first, {m_search, m_documentation, m_execute, m_save});
+    menu->insertActions(first, {m_searchAction, m_documentationAction, m_executeAction, m_saveAction});
     menu->insertSeparator(first);
     menu->exec(event->globalPos());
     delete menu; // unless the editor took it along
+}
+
+void HVPythonTextEdit::findNext()
+{
+    m_search->findNext();
+}
+
+void HVPythonTextEdit::findPrevious()
+{
+    m_search->findPrevious();
+}
+
+void HVPythonTextEdit::showSearchBar()
+{
+    m_search->showBar();
+}
+
+void HVPythonTextEdit::showReplaceBar()
+{
+    m_search->showReplaceBar();
+}
+
+/// The search bars in the corner, the notice at the foot.
+void HVPythonTextEdit::placeBars()
+{
+    if (!m_search)
+        return; // under construction
+    m_search->placeBars();
+    const int height = m_notice->sizeHint().height();
+    m_notice->setGeometry(viewport()->x(), viewport()->geometry().bottom() + 1 - height, viewport()->width(), height);
 }
 
 void HVPythonTextEdit::changeEvent(QEvent* event)

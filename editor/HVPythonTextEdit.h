@@ -10,16 +10,15 @@
 #include <set>
 #include <vector>
 
-class HVPythonCodeCompleter;
 class HVPythonLineNumberArea;
-class HVPythonReplaceWidget;
 class HVPythonSyntaxHighlighter;
-class HVPythonTextSearchWidget;
 
 namespace editor {
+class Completion;
 class FileWatch;
 class NoticeBar;
 class RecoveryCopy;
+class Search;
 } // namespace editor
 
 /// editor: the windows in which scripts are written and watched.
@@ -97,6 +96,7 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -110,7 +110,6 @@ private:
     friend class HVPythonLineNumberArea;
 
     void makeActions();
-    void makeCompleter();
     void connectSignals();
 
     // Files
@@ -123,6 +122,7 @@ private:
     void keepUnsavedText();
 
     // Keys
+    void handleKey(QKeyEvent* event);
     void controlKeyPressed(QKeyEvent* event);
     bool editingKeyPressed(QKeyEvent* event);
     bool commandKeyPressed(QKeyEvent* event);
@@ -142,48 +142,25 @@ private:
     void lineNumberMousePressEvent(QMouseEvent* event);
     QTextCursor cursorAtLine(int line) const;
 
-    // Search
-    void search(const QString& text);
-    void collectMatches(const QString& text);
-    int selectSearchResult(int delta);
-    void setCurrentMatch(int index);
-    void forgetMatches();
-    void findFromCursor(bool backward);
-    void hideSearchBar();
     void placeBars();
-    void replaceCurrent(const QString& replacement);
-    void replaceAll(const QString& replacement);
-
-    // Completion
-    QString textUnderCursor() const;
-    QString textFromStartToCursor() const;
-    void insertAutoCompletion(const QString& text);
-    void showCompletorRect();
-    void requestCompletion(bool showWhenReady, bool explicitly = false);
-    void driveCompletion();
 
     HVPythonSyntaxHighlighter* m_highlighter;
-    QList<QTextEdit::ExtraSelection> m_searchResults;
     std::set<qint32> m_breakpoints;
     QString m_filename;
-    HVPythonCodeCompleter* m_completer = nullptr;
-    HVPythonTextSearchWidget* m_searchBar;
-    HVPythonReplaceWidget* m_replaceBar = nullptr; // made when first shown
     HVPythonLineNumberArea* m_lineNumberArea;
     editor::NoticeBar* m_notice = nullptr;
-    QAction* m_save = nullptr;
-    QAction* m_execute = nullptr;
-    QAction* m_search = nullptr;
-    QAction* m_documentation = nullptr;
-    qint32 m_currentSearchResult = 0;
+    QAction* m_saveAction = nullptr;
+    QAction* m_executeAction = nullptr;
+    QAction* m_searchAction = nullptr;
+    QAction* m_documentationAction = nullptr;
     qint32 m_breakpointHitLine = -1;
     qint32 m_errorLine = -1;
 
     editor::TextForm m_form;
     int m_lineCount = 1; // before the edit that is under way
     bool m_replacingText = false;
-    bool m_unavailableTold = false;
-    QMetaObject::Connection m_showWhenReady;
+    std::unique_ptr<editor::Search> m_search;
+    std::unique_ptr<editor::Completion> m_completion;
     std::unique_ptr<editor::FileWatch> m_watch;
     std::unique_ptr<editor::RecoveryCopy> m_recovery;
 };

@@ -1,10 +1,9 @@
 // Keys, wheel and font of the script editor.
-#include "editor/HVPythonCodeCompleter.h"
+#include "editor/Completion.h"
 #include "editor/HVPythonTextEdit.h"
 #include "editor/LineEditing.h"
-#include "editor/WordSeparators.h"
+#include "editor/Search.h"
 
-#include <QAbstractItemView>
 #include <QFontDatabase>
 #include <QFontInfo>
 #include <QInputDialog>
@@ -32,11 +31,6 @@ constexpr int alt(int key)
 bool isReturn(int key)
 {
     return key == Qt::Key_Return || key == Qt::Key_Enter;
-}
-
-bool isArrow(int key)
-{
-    return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
 }
 
 } // namespace
@@ -77,12 +71,24 @@ void HVPythonTextEdit::wheelEvent(QWheelEvent* event)
 
 void HVPythonTextEdit::keyPressEvent(QKeyEvent* event)
 {
-    const int key = event->key();
-    if (m_completer->popup()->isVisible() &&
-        (key == Qt::Key_Escape || key == Qt::Key_Tab || key == Qt::Key_Backtab || isReturn(key))) {
-        event->ignore(); // the popup's
+    if (m_completion->takesKey(*event)) {
+        event->ignore();
         return;
     }
+    m_completion->beginKey(*event);
+    handleKey(event);
+    m_completion->endTyping();
+}
+
+void HVPythonTextEdit::inputMethodEvent(QInputMethodEvent* event)
+{
+    m_completion->beginTyping();
+    QPlainTextEdit::inputMethodEvent(event);
+    m_completion->endTyping();
+}
+
+void HVPythonTextEdit::handleKey(QKeyEvent* event)
+{
     if (editingKeyPressed(event) || commandKeyPressed(event)) {
         event->accept();
         return;
@@ -100,7 +106,7 @@ void HVPythonTextEdit::controlKeyPressed(QKeyEvent* event)
 {
     switch (event->key()) {
     case Qt::Key_Space:
-        requestCompletion(true, true);
+        m_completion->ask();
         break;
     case Qt::Key_Plus:
         changeFontSize(+1);
@@ -127,21 +133,12 @@ void HVPythonTextEdit::plainKeyPressed(QKeyEvent* event)
 {
     const int key = event->key();
     if (key == Qt::Key_Escape) {
-        hideSearchBar();
+        m_search->hideBar();
     } else if (isReturn(key)) {
-        m_completer->setNeedsRefresh();
         insertNewLine(event);
         return;
-    } else if (isArrow(key)) {
-        m_completer->setNeedsRefresh();
-    } else if (key == Qt::Key_Delete) {
-        const int before = textCursor().position() - 1;
-        if (before >= 0 && editor::isWordSeparator(document()->characterAt(before)))
-            m_completer->setNeedsRefresh();
     } else if (key == Qt::Key_F8) {
         execute();
-    } else if (event->text().size() == 1 && editor::isWordSeparator(event->text().at(0))) {
-        m_completer->setNeedsRefresh();
     }
     QPlainTextEdit::keyPressEvent(event);
 }

@@ -4,6 +4,7 @@
 #include "editor/HVPythonLineNumberArea.h"
 #include "editor/HVPythonSyntaxHighlighter.h"
 #include "editor/HVPythonTextEdit.h"
+#include "editor/Search.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -13,9 +14,6 @@
 using editor::EditorColours;
 
 namespace {
-
-/// Marked matches slow painting down; of more than these only the ones around the current match are marked.
-constexpr int g_mostMarkedMatches = 2000;
 
 QTextEdit::ExtraSelection wholeLine(QTextCursor cursor, const QColor& background)
 {
@@ -53,7 +51,7 @@ void HVPythonTextEdit::highlightLines()
         marks.append(wholeLine(cursorAtLine(m_breakpointHitLine), colours.pausedLine));
     if (m_errorLine != -1)
         marks.append(wholeLine(cursorAtLine(m_errorLine), colours.errorLine));
-    marks += m_searchResults.mid(std::max(0, m_currentSearchResult - g_mostMarkedMatches / 2), g_mostMarkedMatches);
+    marks += m_search->marks();
     if (const auto brackets = editor::bracketsAt(textCursor()))
         for (const int position : {brackets->position, brackets->partner}) {
             if (position < 0)

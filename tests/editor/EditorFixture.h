@@ -30,6 +30,18 @@ private:
     void timerEvent(QTimerEvent* event) override;
 };
 
+/// The messages to the user while it lives, one a line.
+class Messages final : private HVEventBus::Sink
+{
+public:
+    Messages() { HVEventBus::instance().addSink(this); }
+    ~Messages() { HVEventBus::instance().removeSink(this); }
+    std::string text;
+
+private:
+    void receive(const HVEventBus::Message& message) override { text += std::string(message.text) + "\n"; }
+};
+
 QByteArray contents(const QString& path);
 void write(const QString& path, const QByteArray& bytes);
 
