@@ -1,5 +1,6 @@
 #include "editor/RecoveryCopy.h"
 
+#include "host/formats/PartFile.h"
 #include "host/formats/WholeFile.h"
 #include "host/services/HVEventBus.h"
 #include "host/services/HVUserData.h"
@@ -97,6 +98,7 @@ void RecoveryCopy::writeNow()
 void RecoveryCopy::restoreLeftBehind(const std::function<void(const UnsavedText&)>& restore)
 {
     const QDir dir(folder());
+    hv::removeAbandonedParts(dir.path());
     for (const QString& name : dir.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Time)) {
         const QString path = dir.filePath(name);
         const std::unique_ptr<QLockFile> lock = makeLock(path);

@@ -3,6 +3,7 @@
 #include "editor/HVPythonTextEdit.h"
 #include "editor/NoticeBar.h"
 #include "editor/RecoveryCopy.h"
+#include "host/formats/PartFile.h"
 #include "host/formats/WholeFile.h"
 #include "host/services/HVIconStore.h"
 #include "host/services/IScriptProject.h"
@@ -70,6 +71,7 @@ bool HVPythonTextEdit::loadFile(const QString& path)
 {
     if (!readText(path))
         return false;
+    hv::removeAbandonedParts(QFileInfo(path).path());
     setFilename(path);
     m_watch->watch(path);
     showWhetherReadOnly();

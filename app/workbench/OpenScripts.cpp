@@ -3,12 +3,14 @@
 #include "app/workbench/MainWindow.h"
 #include "editor/HVPythonTextEdit.h"
 #include "editor/RecoveryCopy.h"
+#include "host/formats/PartFile.h"
 #include "host/formats/WholeFile.h"
 #include "host/services/HVEventBus.h"
 #include "host/services/HVUserData.h"
 
 #include <QDomDocument>
 #include <QFile>
+#include <QFileInfo>
 
 namespace workbench {
 
@@ -70,6 +72,7 @@ void keepOpenScripts(const QByteArray& session)
 
 void restoreOpenScripts(MainWindow& window)
 {
+    hv::removeAbandonedParts(QFileInfo(sessionFile()).path());
     restoreSession(window);
     editor::RecoveryCopy::restoreLeftBehind([&](const editor::UnsavedText& unsaved) {
         HVPythonTextEdit* editor = QFile::exists(unsaved.path) ? window.openScript(unsaved.path) : nullptr;

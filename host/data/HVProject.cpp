@@ -2,6 +2,8 @@
 
 #include "host/data/SettingNames.h"
 #include "host/formats/JsonFile.h"
+#include "host/formats/PartFile.h"
+#include "host/objects/NaturalOrder.h"
 #include "host/objects/ObjectListing.h"
 #include "host/services/HVEventBus.h"
 
@@ -25,9 +27,21 @@ const QString g_horizontalUnitKey = QStringLiteral("horizontalUnit");
 const QString g_verticalUnitKey = QStringLiteral("verticalUnit");
 const QString g_domainKey = QStringLiteral("domain");
 
+const QString g_directoriesFolder = QStringLiteral("directories");
+
 QString absolute(const QString& path)
 {
     return QDir::cleanPath(QDir::current().absoluteFilePath(path));
+}
+
+/// What a program that was killed while it wrote has left in the project.
+void removeRemains(const QString& project)
+{
+    const QString base = project + QLatin1Char('/');
+    hv::removeAbandonedParts(project);
+    hv::removeAbandonedParts(base + g_directoriesFolder);
+    for (const ObjectKindInfo& info : objectKinds())
+        hv::removeAbandonedParts(base + QLatin1String(info.folder));
 }
 
 QString shown(const QString& path)
@@ -86,6 +100,7 @@ std::unique_ptr<HVProject> HVProject::open(const QString& path, QString* error)
         hv::fail(error, problem);
         return nullptr;
     }
+    removeRemains(folder);
     return std::unique_ptr<HVProject>(new HVProject(folder, settings));
 }
 
@@ -210,13 +225,16 @@ QStringList HVProject::objects() const
 
 QStringList HVProject::objectsInDirectory(ObjectKind kind, const QString& directory)
 {
+    const ObjectKindInfo& info = objectKindInfo(kind);
+    QHash<QString, QString> fileNames;
+    for (hv::ObjectFile& object : hv::listObjects(folder(kind), info))
+        fileNames.insert(object.name, object.fileName);
+    QStringList names = directories(kind).objects(directory);
+    std::sort(names.begin(), names.end(), hv::naturalLess);
     const QString base = folder(kind) + QLatin1Char('/');
-    const QHash<QString, QString>& places = directories(kind).places();
-    QStringList paths;
-    for (const hv::ObjectFile& object : hv::listObjects(folder(kind), objectKindInfo(kind)))
-        if (const auto place = places.find(object.name); place != places.end() && *place == directory)
-            paths << base + object.fileName;
-    return paths;
+    for (QString& name : names)
+        name = base + fileNames.value(name, name + info.suffix());
+    return names;
 }
 
 bool HVProject::isObjectName(const QString& name)
@@ -319,8 +337,8 @@ HVVirtualDirectories& HVProject::directories(ObjectKind kind)
 {
     auto& held = m_directories[kind];
     if (!held) {
-        const QString path =
-            QStringLiteral("%1/directories/%2.json").arg(m_path, QLatin1String(objectKindInfo(kind).folder));
+        const QString path = QStringLiteral("%1/%2/%3.json")
+                                 .arg(m_path, g_directoriesFolder, QLatin1String(objectKindInfo(kind).folder));
         held = std::make_unique<HVVirtualDirectories>(path);
         connect(held.get(), &HVVirtualDirectories::changed, this, [this, kind] { Q_EMIT directoriesChanged(kind); });
     }

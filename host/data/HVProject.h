@@ -70,7 +70,8 @@ public:
     /// Absolute paths of the objects' files, in the order of their names; of all kinds in the order of objectKinds().
     QStringList objects(ObjectKind kind) const;
     QStringList objects() const;
-    /// The files of the objects in a virtual directory, not those in directories within it; of no directory: nothing.
+    /// The files of the objects in a virtual directory, not those in directories within it, in the order of their
+    /// names; of no directory: nothing. What was filed and has no file is listed with the one that it would have.
     QStringList objectsInDirectory(ObjectKind kind, const QString& directory);
 
     /// True for what can be the name of an object: not empty, no slash or control character, not too long for a file.

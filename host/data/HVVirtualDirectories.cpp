@@ -3,16 +3,15 @@
 #include "host/formats/JsonFile.h"
 #include "host/services/HVEventBus.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QJsonDocument>
 
 #include <algorithm>
 
 namespace {
 
 constexpr int g_formatMajor = 1;
-constexpr int g_quietMilliseconds = 300;
 const QLatin1String g_directories("directories");
 const QLatin1String g_name("name");
 const QLatin1String g_parent("parent");
@@ -25,43 +24,27 @@ bool isDirectoryName(const QString& name)
     });
 }
 
+/// What a name, with its member, indentation and line end, takes up in the file at most.
+qint64 mostBytes(const QString& name)
+{
+    constexpr qint64 longestEscape = 6; // "\\u001f"
+    constexpr qint64 aroundIt = 128;
+    return longestEscape * name.size() + aroundIt;
+}
+
 } // namespace
 
-HVVirtualDirectories::HVVirtualDirectories(QString path, QObject* parent) : QObject(parent), m_path(std::move(path))
-{
-    m_writeLater.setSingleShot(true);
-    m_writeLater.setInterval(g_quietMilliseconds);
-    connect(&m_writeLater, &QTimer::timeout, this, &HVVirtualDirectories::writeCollected);
-}
-
-HVVirtualDirectories::~HVVirtualDirectories()
-{
-    writeCollected();
-}
-
-void HVVirtualDirectories::writeCollected()
-{
-    QString error;
-    if (!flush(&error))
-        HVEventBus::instance().sendMessage(MessageLevel::Error, error, true);
-}
+HVVirtualDirectories::HVVirtualDirectories(const QString& path, QObject* parent)
+    : QObject(parent), m_file(path, [this] { return QJsonDocument(toJson()).toJson(QJsonDocument::Indented); })
+{}
 
 bool HVVirtualDirectories::load(QString* error)
 {
-    if (m_dirty)
-        return true;
-    const QFileInfo info(m_path);
-    const bool exists = info.exists();
-    const QDateTime stamp = exists ? info.lastModified() : QDateTime();
-    const qint64 size = exists ? info.size() : -1;
-    if (!m_loaded || stamp != m_stamp || size != m_size) {
-        m_loaded = true;
-        m_stamp = stamp;
-        m_size = size;
+    const auto lock = m_file.lock();
+    if (m_file.isForeign(lock)) {
         m_problem.clear();
-        m_state = {};
         QJsonObject object;
-        if (exists && !hv::readJsonFile(m_path, g_formatMajor, object, &m_problem))
+        if (QFileInfo::exists(m_file.path()) && !hv::readJsonFile(m_file.path(), g_formatMajor, object, &m_problem))
             HVEventBus::instance().sendMessage(MessageLevel::Error, m_problem, true);
         m_state = fromJson(object);
     }
@@ -122,45 +105,15 @@ QJsonObject HVVirtualDirectories::toJson() const
     return object;
 }
 
-bool HVVirtualDirectories::store(QString* error)
+bool HVVirtualDirectories::replace(State next, qint64 growth, QString* error)
 {
-    const bool wasDirty = std::exchange(m_dirty, true);
-    if (m_sinceWrite.isValid() && m_sinceWrite.elapsed() < g_quietMilliseconds) {
-        if (!m_writeLater.isActive())
-            m_writeLater.start();
-        return true;
-    }
-    if (flush(error))
-        return true;
-    m_dirty = wasDirty;
-    return false;
-}
-
-bool HVVirtualDirectories::flush(QString* error)
-{
-    if (!m_dirty)
-        return true;
-    m_writeLater.stop();
-    m_sinceWrite.invalidate();
-    const QFileInfo folder(QFileInfo(m_path).path());
-    if (!QDir().mkpath(folder.filePath()))
-        return hv::fail(error, QStringLiteral("Unable to create the folder '%1'.").arg(folder.filePath()));
-    if (!hv::writeJsonFile(m_path, toJson(), error))
-        return false;
-    const QFileInfo written(m_path);
-    m_stamp = written.lastModified();
-    m_size = written.size();
-    m_dirty = false;
-    m_sinceWrite.start();
-    return true;
-}
-
-bool HVVirtualDirectories::replace(State next, QString* error)
-{
-    std::swap(m_state, next);
-    if (!store(error)) {
+    {
+        const auto lock = m_file.lock();
         std::swap(m_state, next);
-        return false;
+        if (!m_file.changed(lock, growth, error)) {
+            std::swap(m_state, next);
+            return false;
+        }
     }
     Q_EMIT changed();
     return true;
@@ -180,14 +133,20 @@ bool HVVirtualDirectories::place(const Places& places, QString* error)
 {
     // Not by way of replace(): a copy of all places for each single object would make filing one by one quadratic.
     Places before;
-    for (auto it = places.begin(); it != places.end(); ++it)
+    qint64 growth = 0;
+    for (auto it = places.begin(); it != places.end(); ++it) {
         before.insert(it.key(), m_state.directoryOf.value(it.key()));
+        growth += mostBytes(it.key());
+    }
     if (before == places)
         return true;
-    put(places);
-    if (!store(error)) {
-        put(before);
-        return false;
+    {
+        const auto lock = m_file.lock();
+        put(places);
+        if (!m_file.changed(lock, growth, error)) {
+            put(before);
+            return false;
+        }
     }
     Q_EMIT changed();
     return true;
@@ -252,7 +211,7 @@ bool HVVirtualDirectories::addDirectory(const QString& name, const QString& pare
         return hv::fail(error, tr("There is no folder '%1'.").arg(parent));
     State next = m_state;
     next.directories.push_back({name, parent, {}});
-    return replace(std::move(next), error);
+    return replace(std::move(next), mostBytes(name) + mostBytes(parent), error);
 }
 
 bool HVVirtualDirectories::removeDirectory(const QString& name, QString* error)
@@ -280,7 +239,8 @@ bool HVVirtualDirectories::removeDirectory(const QString& name, QString* error)
             ++it;
         }
     }
-    return replace(std::move(next), error);
+    const auto growth = static_cast<qint64>(directories.size()) * mostBytes(parent);
+    return replace(std::move(next), growth, error);
 }
 
 bool HVVirtualDirectories::renameDirectory(const QString& name, const QString& newName, QString* error)
@@ -305,7 +265,8 @@ bool HVVirtualDirectories::renameDirectory(const QString& name, const QString& n
     for (QString& directory : next.directoryOf)
         if (directory == name)
             directory = newName;
-    return replace(std::move(next), error);
+    const auto growth = static_cast<qint64>(next.directories.size()) * mostBytes(newName);
+    return replace(std::move(next), growth, error);
 }
 
 bool HVVirtualDirectories::fileObjects(const QStringList& objects, const QString& directory, QString* error)

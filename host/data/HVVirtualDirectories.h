@@ -1,13 +1,12 @@
 #pragma once
 
-#include <QDateTime>
-#include <QElapsedTimer>
+#include "host/data/CollectingWriter.h"
+
 #include <QHash>
 #include <QJsonObject>
 #include <QMap>
 #include <QObject>
 #include <QStringList>
-#include <QTimer>
 
 #include <vector>
 
@@ -20,15 +19,14 @@ constexpr int g_virtualDirectoryCategory = 8;
 /// name, whether its file exists or not, so a file that comes back is where it was.
 ///
 /// Kept in one text file, read at the first use and again when somebody else has changed it. A change is written at
-/// once; changes in quick succession are collected for a moment (a script that files objects one by one), and flush()
-/// or the destructor writes what is left. GUI thread only.
+/// once; changes in quick succession (a script that files objects one by one) are collected, see CollectingWriter.
+/// GUI thread only.
 class HVVirtualDirectories : public QObject
 {
     Q_OBJECT
 
 public:
-    explicit HVVirtualDirectories(QString path, QObject* parent = nullptr);
-    ~HVVirtualDirectories() override;
+    explicit HVVirtualDirectories(const QString& path, QObject* parent = nullptr);
 
     /// Names in the order of creation.
     QStringList directories();
@@ -57,7 +55,7 @@ public:
     bool renameObject(const QString& object, const QString& newName, QString* error = nullptr);
 
     /// Writes what is not yet written.
-    bool flush(QString* error = nullptr);
+    bool flush(QString* error = nullptr) { return m_file.flush(error); }
 
 Q_SIGNALS:
     void changed();
@@ -78,21 +76,13 @@ private:
     using Places = QMap<QString, QString>;
 
     bool load(QString* error = nullptr);
-    bool store(QString* error);
-    void writeCollected();
-    bool replace(State next, QString* error);
+    bool replace(State next, qint64 growth, QString* error);
     bool place(const Places& places, QString* error);
     void put(const Places& places);
     QJsonObject toJson() const;
     static State fromJson(QJsonObject object);
 
-    QString m_path;
-    State m_state;
+    State m_state;     // changed with the writer's lock held, which reads it on its thread
     QString m_problem; // why the file cannot be read; nothing is written then
-    bool m_loaded = false;
-    bool m_dirty = false;
-    QDateTime m_stamp;
-    qint64 m_size = -1;
-    QElapsedTimer m_sinceWrite;
-    QTimer m_writeLater;
+    hv::CollectingWriter m_file;
 };

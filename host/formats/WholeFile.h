@@ -5,11 +5,7 @@
 
 namespace hv {
 
-/// Writes a file as a whole: beside its place and renamed, so that on a failure (`error` says which) the old file
-/// stays as it was. Thread-safe.
-///
-/// What exists and is not an ordinary file is refused. QSaveFile alone reports success when the disk has no room for
-/// its last buffer.
+/// Writes a file as a whole, see PartFile: on a failure (`error` says which) the old file stays as it was. Thread-safe.
 bool writeWholeFile(const QString& path, const QByteArray& bytes, QString& error);
 
 } // namespace hv

@@ -34,8 +34,10 @@ void save(ColorBar& self, const QString& filename)
         renamed.setName(file.completeBaseName());
     }
     QString error;
-    if (!display::writeColorBar(renamed, filename, error))
-        raise(PyExc_IOError, "ColorBar, unable to create file '%s'", shown.constData());
+    if (!display::writeColorBar(renamed, filename, error)) {
+        PyErr_SetString(PyExc_IOError, error.toUtf8().constData());
+        raiseFromPending(PyExc_IOError, "ColorBar, unable to create file '%s'", shown.constData());
+    }
     self.setName(renamed.name());
 }
 
@@ -274,7 +276,8 @@ void bindColorBar()
              "save(filename: str) -> None\n\n"
              "Writes a new file: a GMT colour palette table when the suffix is .cpt, otherwise a ParaView colour map "
              "(JSON). The name becomes the file's base name, with a RuntimeWarning when it was another.\n\n"
-             "Raises FileExistsError when there is a file already, IOError when it can not be written.")
+             "Raises FileExistsError when there is a file already, IOError when it can not be written; its cause says "
+             "why.")
         .def_pickle(Pickling());
     type.add_property(
             "name", +[](const ColorBar& self) { return self.name(); }, &ColorBar::setName,

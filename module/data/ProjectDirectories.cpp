@@ -165,9 +165,9 @@ void defineDirectoryMethods(bp::class_<ProjectHandle>& project)
         .def("setObjectsInVirtualDirectory", setObjectsInVirtualDirectory,
              "setObjectsInVirtualDirectory(objects: Sequence[str], kind: ObjectId, name: str, /) -> None\n\n"
              "Files objects, given by their file names, into a virtual directory. An object is in one directory at "
-             "most. Objects need not exist yet; they are listed as soon as they do.\n\n"
-             "Raises TypeError when an element is not a str, RuntimeError when objects is empty and when there is no "
-             "such directory.")
+             "most. Objects need not exist yet.\n\n"
+             "Raises TypeError when an element is not a str, RuntimeError when objects is empty, when there is no such "
+             "directory and when it can not be stored; the cause says which.")
         .def("setObjectInVirtualDirectory", setObjectInVirtualDirectory,
              "setObjectInVirtualDirectory(object: str, kind: ObjectId, name: str, /) -> None\n\n"
              "Files one object; see setObjectsInVirtualDirectory().")
@@ -181,7 +181,8 @@ void defineDirectoryMethods(bp::class_<ProjectHandle>& project)
         .def("getObjectsInVirtualDirectory", getObjectsInVirtualDirectory,
              "getObjectsInVirtualDirectory(kind: ObjectId, name: str, /) -> list[str]\n\n"
              "The file names of the objects in a virtual directory, in the order of their names; empty when there is "
-             "no such directory.");
+             "no such directory. An object without a file in the project is listed with the file name that it would "
+             "have.");
 }
 
 } // namespace python

@@ -45,6 +45,7 @@ protected:
 
 TEST_F(Files, savesInTheFilesOwnFormAndNothingWhenTheDiskIsFull)
 {
+    write(folder.filePath(QStringLiteral(".strativo-part-0123456789abcdef")), "left by a killed save");
     ASSERT_TRUE(view.loadFile(path));
     EXPECT_EQ(view.windowTitle(), QStringLiteral("a script.py"));
     EXPECT_FALSE(view.loadFile(folder.path()));
@@ -78,7 +79,7 @@ TEST_F(Files, savesInTheFilesOwnFormAndNothingWhenTheDiskIsFull)
         QStringLiteral("Python|Unable to save file %1. The following error occurred: <b>").arg(path)));
     EXPECT_TRUE(view.document()->isModified());
     EXPECT_EQ(contents(path), QByteArray("x = 1\r\ny = '\xc3\xa4'\r\nz\xc2\xa0= 2"));
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1) << "no remains";
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1) << "no remains";
     BoxAnswers box({QMessageBox::Cancel, QMessageBox::No});
     EXPECT_FALSE(view.close());
     EXPECT_TRUE(view.close());

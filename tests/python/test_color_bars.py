@@ -164,6 +164,9 @@ class ColorBars(unittest.TestCase):
         self.assertEqual((bar.name, pathlib.Path(path).read_text(encoding="ascii")), ("A", "other"))
         path = os.path.join(self.folder, "gr\u00fcn", "A.json")
         self.assertRaisesText(IOError, "ColorBar, unable to create file '%s'" % path, bar.save, path)
+        with self.assertRaises(IOError) as failed:
+            bar.save(path)
+        self.assertEqual(str(failed.exception.__cause__), "No such file or directory", "save says why")
         with warnings.catch_warnings():
             warnings.simplefilter("ignore")
             self.assertRaises(IOError, bar.save, os.path.join(self.folder, "none", "B.json"))

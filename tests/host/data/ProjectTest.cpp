@@ -65,6 +65,19 @@ TEST_F(Project, settingsComeBackAndUnknownOnesStay)
     EXPECT_EQ(HVProject::open(file(), &error)->path(), folder) << "the file stands for the folder";
 }
 
+TEST_F(Project, remainsOfAKilledProgramAreClearedAtTheNextOpening)
+{
+    const QString part = QStringLiteral(".strativo-part-0123456789abcdef");
+    const QStringList remains{folder + '/' + part, folder + "/directories/" + part, folder + "/wells/" + part};
+    for (const QString& path : remains)
+        writeFile(path);
+    writeFile(folder + "/wells/.strativo-part-list.las");
+    reopen();
+    for (const QString& path : remains)
+        EXPECT_FALSE(QFileInfo::exists(path)) << path.toStdString();
+    EXPECT_EQ(project->objectNames(ObjectKind::Well), QStringList{".strativo-part-list"});
+}
+
 TEST_F(Project, whatIsNoProjectIsRefusedWithTheReason)
 {
     const QByteArray good = readFile(file());

@@ -1,12 +1,41 @@
 // Virtual directories: a tree of names, kept in a text file that others may edit.
 #include "TestFiles.h"
 #include "host/data/HVProject.h"
+#include "host/services/HVEventBus.h"
 
 #include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
+#include <atomic>
+#include <chrono>
+#include <csignal>
+#include <functional>
+#include <sys/resource.h>
+#include <thread>
+
 namespace {
+
+/// Stands for a disk that has room for files of so many bytes.
+class DiskLimit
+{
+public:
+    explicit DiskLimit(rlim_t bytes) : m_handler(std::signal(SIGXFSZ, SIG_IGN))
+    {
+        getrlimit(RLIMIT_FSIZE, &m_before);
+        const rlimit tight{bytes, m_before.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &tight);
+    }
+    ~DiskLimit()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_before);
+        std::signal(SIGXFSZ, m_handler);
+    }
+
+private:
+    void (*m_handler)(int);
+    rlimit m_before{};
+};
 
 class VirtualDirectories : public ::testing::Test
 {
@@ -22,6 +51,21 @@ protected:
         QStringList names = directories->objects(QString::fromUtf8(directory));
         names.sort();
         return names;
+    }
+
+    QStringList filesBeside() const
+    {
+        return QFileInfo(path).dir().entryList(QDir::Files | QDir::Hidden | QDir::System);
+    }
+    /// Waits without an event loop, as a script does.
+    static bool soon(const std::function<bool()>& condition)
+    {
+        for (int tenths = 0; tenths < 200; ++tenths) {
+            if (condition())
+                return true;
+            std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        }
+        return false;
     }
 
     QTemporaryDir temporary;
@@ -125,6 +169,70 @@ TEST_F(VirtualDirectories, changesInQuickSuccessionAreWrittenTogetherAndNotLost)
     EXPECT_EQ(fresh().objects("A").size(), 10000);
 }
 
+TEST_F(VirtualDirectories, aFullDiskRefusesAlsoChangesInQuickSuccession)
+{
+    auto& d = fresh();
+    const DiskLimit disk(4000);
+    ASSERT_TRUE(d.addDirectory("A", QString(), &error)) << error.toStdString();
+    QStringList filed;
+    const auto next = [&] { return QStringLiteral("\u00f6 %1").arg(filed.size(), 8, 10, QLatin1Char('0')); };
+    while (filed.size() < 1000 && d.fileObjects({next()}, "A", &error))
+        filed << next();
+    EXPECT_GT(filed.size(), 80) << "room is not refused before it is used up";
+    EXPECT_LT(filed.size(), 130);
+    EXPECT_EQ(error.toStdString(), "Unable to write '" + path.toStdString() + "': File too large.");
+    EXPECT_FALSE(d.addDirectory("B", QString(), &error));
+    EXPECT_EQ(d.directories(), QStringList{"A"});
+    EXPECT_EQ(sorted("A"), filed) << "what was refused is taken back, and nothing else";
+    EXPECT_TRUE(d.flush(&error)) << error.toStdString();
+    EXPECT_FALSE(d.fileObjects({next()}, "A"));
+    fresh();
+    EXPECT_EQ(sorted("A"), filed) << "what was not refused is on the disk";
+}
+
+TEST_F(VirtualDirectories, collectedChangesAreWrittenWhileNoEventLoopRuns)
+{
+    auto& d = fresh();
+    ASSERT_TRUE(d.addDirectory("A", QString()));
+    ASSERT_TRUE(d.fileObjects({"quick"}, "A"));
+    EXPECT_TRUE(soon([&] { return readFile(path).contains("quick"); }));
+    ASSERT_TRUE(d.fileObjects({"next"}, "A"));
+    EXPECT_TRUE(soon([&] { return readFile(path).contains("next"); }));
+    EXPECT_TRUE(soon([&] { return filesBeside().size() == 1; })) << "no remains";
+}
+
+TEST_F(VirtualDirectories, whatCannotBeWrittenLaterIsReportedAndTriedAgain)
+{
+    struct Errors final : HVEventBus::Sink
+    {
+        void receive(const HVEventBus::Message& message) override { count += message.level == 1; }
+        std::atomic<int> count = 0;
+    } errors;
+    HVEventBus::instance().addSink(&errors);
+    auto& d = fresh();
+    ASSERT_TRUE(d.addDirectory("A", QString()));
+    const QString elsewhere = temporary.filePath("elsewhere");
+    for (bool isWritten = true; isWritten;) {
+        ASSERT_TRUE(d.unfileObjects({"kept"}) && d.flush());
+        ASSERT_TRUE(d.fileObjects({"kept"}, "A"));
+        // A folder takes the file's place, unless the thread was there first.
+        ASSERT_TRUE(QFile::rename(path, elsewhere));
+        isWritten = !QDir().mkdir(path) || readFile(elsewhere).contains("kept");
+        if (isWritten) {
+            QDir().rmdir(path);
+            QFile::remove(path);
+            ASSERT_TRUE(QFile::rename(elsewhere, path));
+        }
+    }
+    EXPECT_TRUE(soon([&] { return errors.count == 1; }));
+    EXPECT_FALSE(d.fileObjects({"refused"}, "A"));
+    ASSERT_TRUE(QDir().rmdir(path));
+    EXPECT_TRUE(soon([&] { return readFile(path).contains("kept"); }));
+    EXPECT_FALSE(readFile(path).contains("refused"));
+    EXPECT_EQ(errors.count, 1);
+    HVEventBus::instance().removeSink(&errors);
+}
+
 TEST_F(VirtualDirectories, tenThousandObjectsOfOneKind)
 {
     auto project = HVProject::create(temporary.filePath("p"), QString(), &error);
@@ -139,11 +247,13 @@ TEST_F(VirtualDirectories, tenThousandObjectsOfOneKind)
     ASSERT_TRUE(d.addDirectory("All", QString()));
     EXPECT_TRUE(d.fileObjects(names + QStringList{"gone"}, "All"));
     EXPECT_EQ(project->objectNames(ObjectKind::Horizon3d), names);
-    EXPECT_EQ(project->objectsInDirectory(ObjectKind::Horizon3d, "All"), project->objects(ObjectKind::Horizon3d))
-        << "files that are gone are not listed";
+    EXPECT_EQ(project->objectsInDirectory(ObjectKind::Horizon3d, "All"),
+              QStringList(project->folder(ObjectKind::Horizon3d) + "/gone.horizon") +
+                  project->objects(ObjectKind::Horizon3d))
+        << "also what has no file";
     project.reset();
     project = HVProject::open(temporary.filePath("p"), &error);
-    EXPECT_EQ(project->directories(ObjectKind::Horizon3d).directoryOf("gone"), "All") << "but keep their place";
+    EXPECT_EQ(project->directories(ObjectKind::Horizon3d).directoryOf("gone"), "All");
 }
 
 } // namespace
