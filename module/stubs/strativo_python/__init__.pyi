@@ -3364,10 +3364,10 @@ class Project:
         """The names of the virtual directories of all kinds, each name once."""
     def setObjectsInVirtualDirectory(self, objects: Sequence[str], kind: ObjectId, name: str, /) -> None:
         """Files objects, given by their file names, into a virtual directory. An object is in one directory at most.
-        Objects need not exist yet; they are listed as soon as they do.
+        Objects need not exist yet.
 
-        Raises TypeError when an element is not a str, RuntimeError when objects is empty and when there is no such
-        directory.
+        Raises TypeError when an element is not a str, RuntimeError when objects is empty, when there is no such
+        directory and when it can not be stored; the cause says which.
         """
     def setObjectInVirtualDirectory(self, object: str, kind: ObjectId, name: str, /) -> None:
         """Files one object; see setObjectsInVirtualDirectory()."""
@@ -3380,7 +3380,7 @@ class Project:
         """Takes one object out; see removeObjectsFromVirtualDirectory()."""
     def getObjectsInVirtualDirectory(self, kind: ObjectId, name: str, /) -> list[str]:
         """The file names of the objects in a virtual directory, in the order of their names; empty when there is no
-        such directory.
+        such directory. An object without a file in the project is listed with the file name that it would have.
         """
     def __eq__(self, other: object) -> bool:
         """Whether both stand for the same open project."""
@@ -3795,7 +3795,7 @@ class ColorBar:
         """Writes a new file: a GMT colour palette table when the suffix is .cpt, otherwise a ParaView colour map
         (JSON). The name becomes the file's base name, with a RuntimeWarning when it was another.
 
-        Raises FileExistsError when there is a file already, IOError when it can not be written.
+        Raises FileExistsError when there is a file already, IOError when it can not be written; its cause says why.
         """
     @property
     def name(self) -> str:
