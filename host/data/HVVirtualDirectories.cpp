@@ -181,7 +181,8 @@ QStringList HVVirtualDirectories::objects(const QString& directory)
 {
     load();
     QStringList names;
-    for (auto it = m_state.directoryOf.begin(); it != m_state.directoryOf.end(); ++it)
+    // Constant: the writing thread may be reading just now, and nothing may detach.
+    for (auto it = m_state.directoryOf.constBegin(); it != m_state.directoryOf.constEnd(); ++it)
         if (it.value() == directory)
             names << it.key();
     return names;
