@@ -4,6 +4,7 @@
 #include "app/headless/CommandLine.h"
 #include "app/headless/StandardStreams.h"
 #include "app/headless/TerminalApp.h"
+#include "app/headless/TerminalJobs.h"
 #include "app/headless/TerminalProgress.h"
 #include "app/workbench/MainWindow.h"
 #include "host/data/HVProjectService.h"
@@ -146,6 +147,7 @@ int run(int argc, char** argv)
     TerminalProgress progress(STDERR_FILENO);
     const StandardStreams streams(line.verbose, &progress);
     workbench::MainWindow window;
+    const TerminalJobs jobs(*window.jobs(), progress);
     if (!line.project.isEmpty())
         if (const QString error = openProject(*window.projects(), line.project); !error.isEmpty())
             return refuse(error);

@@ -135,6 +135,21 @@ void TerminalProgress::makeWay(std::string_view text)
 void TerminalProgress::progressChanged(const std::vector<HVProgressBarState>& bars)
 {
     const std::lock_guard lock(m_mutex);
+    m_bars = bars;
+    show();
+}
+
+void TerminalProgress::jobsChanged(const std::vector<HVProgressBarState>& jobs)
+{
+    const std::lock_guard lock(m_mutex);
+    m_jobs = jobs;
+    if (m_bars.empty())
+        show();
+}
+
+void TerminalProgress::show()
+{
+    const std::vector<HVProgressBarState>& bars = m_bars.empty() ? m_jobs : m_bars;
     if (bars.empty()) {
         erase();
         return;

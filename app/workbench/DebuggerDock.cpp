@@ -64,8 +64,8 @@ void DebuggerDock::addCommands()
 {
     QAction* shown = toggleViewAction();
     shown->setIcon(HVIconStore::icon(QStringLiteral("pythondebug24")));
-    shown->setShortcut(tr("Alt+2"));
-    shown->setToolTip(tr("Show or hide the debugger (Alt+2)"));
+    shown->setShortcut(tr("Alt+3"));
+    shown->setToolTip(tr("Show or hide the debugger (Alt+3)"));
     if (QMenu* view = findMenu(*m_window.menuBar(), tr("View")))
         view->insertAction(view->actions().value(1), shown);
     QMenu* tools = findMenu(*m_window.menuBar(), tr("Tools"));

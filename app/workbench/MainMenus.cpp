@@ -1,5 +1,6 @@
 #include "app/workbench/MainMenus.h"
 
+#include "app/workbench/JobsDock.h"
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/ProjectMenu.h"
 #include "app/workbench/RecentScripts.h"
@@ -163,9 +164,13 @@ void MainMenus::makeViewMenu()
     project->setIcon(HVIconStore::icon(QStringLiteral("folder_24")));
     project->setShortcut(tr("Alt+2"));
     project->setToolTip(tr("Show or hide the project browser (Alt+2)"));
+    QAction* jobs = m_window.jobsDock()->toggleViewAction();
+    jobs->setIcon(HVIconStore::icon(QStringLiteral("list_24")));
+    jobs->setShortcut(tr("Alt+4"));
+    jobs->setToolTip(tr("Show or hide the jobs (Alt+4)"));
     QAction* toolBar = m_window.toolBar()->toggleViewAction();
     toolBar->setToolTip(tr("Show or hide the main tool bar"));
-    menu->addActions({messages, project, toolBar});
+    menu->addActions({messages, project, jobs, toolBar});
     menu->addSeparator();
 
     QMenu* themes = menu->addMenu(HVIconStore::icon(QStringLiteral("color_bar_24")), tr("Theme"));

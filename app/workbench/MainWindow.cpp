@@ -1,6 +1,7 @@
 #include "app/workbench/MainWindow.h"
 
 #include "app/workbench/EmptyWorkspace.h"
+#include "app/workbench/JobsDock.h"
 #include "app/workbench/MainMenus.h"
 #include "app/workbench/OpenScripts.h"
 #include "app/workbench/RecentScripts.h"
@@ -9,6 +10,7 @@
 #include "app/workbench/TabTips.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
+#include "host/jobs/JobManager.h"
 #include "host/services/HVEventBus.h"
 #include "host/services/HVIconStore.h"
 #include "host/widgets/HVMessageWindow.h"
@@ -26,6 +28,7 @@
 #include <QStatusBar>
 #include <QTabBar>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace workbench {
 
@@ -40,9 +43,10 @@ constexpr int g_messageMilliseconds = 8000;
 } // namespace
 
 MainWindow::MainWindow()
-    : m_projects(new HVProjectService(this)), m_scripts(std::make_unique<ScriptFiles>(*m_projects)),
-      m_workspace(new QMdiArea), m_messages(new HVMessageWindow), m_messageDock(new QDockWidget(tr("Messages"))),
-      m_projectDock(new QDockWidget(tr("Project"))), m_toolBar(new QToolBar(tr("Main Tool Bar")))
+    : m_projects(new HVProjectService(this)), m_jobs(std::make_unique<hv::JobManager>()),
+      m_scripts(std::make_unique<ScriptFiles>(*m_projects)), m_workspace(new QMdiArea), m_messages(new HVMessageWindow),
+      m_messageDock(new QDockWidget(tr("Messages"))), m_projectDock(new QDockWidget(tr("Project"))),
+      m_jobsDock(new JobsDock(*m_jobs, this)), m_toolBar(new QToolBar(tr("Main Tool Bar")))
 {
     setWindowTitle(QStringLiteral("Strativo"));
     setWindowIcon(HVIconStore::icon(QStringLiteral("horizon_24")));
@@ -69,6 +73,14 @@ MainWindow::MainWindow()
     m_projectDock->setObjectName(QStringLiteral("projectDock"));
     addDockWidget(Qt::LeftDockWidgetArea, m_projectDock);
 
+    addDockWidget(Qt::BottomDockWidgetArea, m_jobsDock);
+    tabifyDockWidget(m_messageDock, m_jobsDock);
+    m_jobsDock->hide();
+    connect(m_jobsDock, &JobsDock::buttonMade, this,
+            [this](QToolButton* button) { statusBar()->addPermanentWidget(button); });
+    // Their objects go with the project.
+    connect(m_projects, &HVProjectService::projectAboutToClose, m_jobs.get(), [this] { m_jobs->cancelDependents(); });
+
     m_toolBar->setObjectName(hv::ownPartName("mainToolBar"));
     m_toolBar->setIconSize({20, 20});
     addToolBar(m_toolBar);
@@ -84,6 +96,9 @@ MainWindow::MainWindow()
 
 MainWindow::~MainWindow()
 {
+    // Nothing may work on what is going.
+    delete m_jobsDock;
+    m_jobs.reset();
     // While everything that looks at the project is whole.
     m_projects->close();
     // Signals of dying documents must not reach a half-destroyed window.

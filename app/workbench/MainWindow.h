@@ -14,8 +14,13 @@ class QMdiArea;
 class QMdiSubWindow;
 class QToolBar;
 
+namespace hv {
+class JobManager;
+}
+
 namespace workbench {
 
+class JobsDock;
 class MainMenus;
 class RunIndicator;
 class ScriptFiles;
@@ -34,11 +39,14 @@ public:
     QMdiArea* workspace() const { return m_workspace; }
     /// The open project and its owner.
     HVProjectService* projects() const { return m_projects; }
+    /// The long work of the application.
+    hv::JobManager* jobs() const { return m_jobs.get(); }
     const ScriptFiles& scriptFiles() const { return *m_scripts; }
     HVMessageWindow* messageWindow() const { return m_messages; }
     QDockWidget* messageDock() const { return m_messageDock; }
     HVProjectBrowser* projectBrowser() const { return m_browser; }
     QDockWidget* projectDock() const { return m_projectDock; }
+    JobsDock* jobsDock() const { return m_jobsDock; }
     QToolBar* toolBar() const { return m_toolBar; }
     RunIndicator* runIndicator() const { return m_runIndicator; }
     /// Where documents send their actions; the program adds the handlers.
@@ -82,12 +90,14 @@ private:
     bool saveUnder(HVPythonTextEdit& editor, const QString& path);
 
     HVProjectService* m_projects;
+    std::unique_ptr<hv::JobManager> m_jobs;
     std::unique_ptr<ScriptFiles> m_scripts;
     QMdiArea* m_workspace;
     HVMessageWindow* m_messages;
     QDockWidget* m_messageDock;
     HVProjectBrowser* m_browser = nullptr; // comes with restoreLayout()
     QDockWidget* m_projectDock;
+    JobsDock* m_jobsDock;
     QToolBar* m_toolBar;
     RunIndicator* m_runIndicator;
     MainMenus* m_menus;

@@ -2,6 +2,7 @@
 
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/RunIndicator.h"
+#include "host/jobs/JobManager.h"
 
 namespace workbench {
 
@@ -9,8 +10,9 @@ RunProgress::RunProgress(MainWindow& window, HVProgressBarMgr& bars) : m_present
 {
     RunIndicator* run = window.runIndicator();
     HeldInput* input = run->input();
-    connect(run, &RunIndicator::breathing, this, [this, &bars] {
+    connect(run, &RunIndicator::breathing, this, [this, &bars, jobs = window.jobs()] {
         bars.poll();
+        jobs->poll();
         m_presenter.refresh();
     });
     connect(run, &RunIndicator::runningChanged, &m_presenter, &HVProgressPresenter::setOccupied);
