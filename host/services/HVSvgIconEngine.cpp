@@ -1,8 +1,8 @@
 #include "host/services/HVSvgIconEngine.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPalette>
 #include <QPixmapCache>
@@ -63,7 +63,7 @@ QString HVSvgIconEngine::iconName() const
 
 QColor HVSvgIconEngine::colour(QIcon::Mode mode) const
 {
-    const QPalette palette = QApplication::palette();
+    const QPalette palette = QGuiApplication::palette();
     QColor text = palette.color(QPalette::Active, QPalette::ButtonText);
     switch (mode) {
     case QIcon::Selected:

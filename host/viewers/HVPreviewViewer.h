@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/kinds/ObjectKind.h"
-#include "host/widgets/HVMouseMode.h"
+#include "host/viewers/HVMouseMode.h"
 
 #include <QTransform>
 #include <QWidget>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/widgets/HVMouseMode.h"
+#include "host/viewers/HVMouseMode.h"
 
 #include <QWidget>
 

@@ -1,9 +1,9 @@
 #include "host/services/IAppWrapper.h"
 #include "module/Bindings.h"
 #include "module/app/ApplicationFunctions.h"
-#include "module/app/PluginContext.h"
-#include "module/app/ProjectFactory.h"
+#include "module/data/ProjectHandle.h"
 #include "module/gui/Widgets.h"
+#include "plugins/PluginContext.h"
 #include "runtime/Errors.h"
 
 namespace bp = boost::python;
@@ -24,8 +24,6 @@ bool isOnTerminal()
 }
 
 namespace {
-
-bp::object (*g_projectFactory)() = nullptr; // NOLINT: set once, when the module is made
 
 bp::object pluginDirectory()
 {
@@ -52,7 +50,7 @@ bool hasProject()
 
 bp::object getProject()
 {
-    return hasProject() && g_projectFactory ? g_projectFactory() : bp::object();
+    return hasProject() ? projectObject(applicationInterface()->currentProject()) : bp::object();
 }
 
 void updateProject(const bp::object& objectType)
@@ -145,11 +143,6 @@ void defineChoosers()
 }
 
 } // namespace
-
-void setProjectFactory(bp::object (*make)())
-{
-    g_projectFactory = make;
-}
 
 void bindApplicationInterface()
 {

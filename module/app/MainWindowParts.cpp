@@ -1,9 +1,9 @@
 #include "host/services/IAppWrapper.h"
 #include "host/widgets/HVPluginContributions.h"
 #include "module/app/ApplicationFunctions.h"
-#include "module/app/PluginContext.h"
 #include "module/gui/PartArgument.h"
 #include "module/gui/Widgets.h"
+#include "plugins/PluginContext.h"
 #include "runtime/Errors.h"
 
 #include <QMenuBar>

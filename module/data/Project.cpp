@@ -1,11 +1,6 @@
-#include "host/services/HVIconStore.h"
-#include "host/services/IAppWrapper.h"
 #include "module/Bindings.h"
-#include "module/app/ProjectFactory.h"
 #include "module/data/ProjectDirectories.h"
 #include "module/data/ProjectHandle.h"
-#include "module/gui/IconHandle.h"
-#include "runtime/ApplicationInterface.h"
 #include "runtime/Errors.h"
 
 #include <boost/python.hpp>
@@ -17,6 +12,8 @@ namespace bp = boost::python;
 namespace python {
 
 namespace {
+
+IconMaker g_makeIcon = nullptr; // NOLINT: set once, when the module is made
 
 constexpr const char* g_expectedStr = "Project, expected 'str' but got '%s'";
 constexpr const char* g_expectedKind = "Project, expected 'ObjectId' but got '%s'";
@@ -102,7 +99,9 @@ bp::object icon(const ProjectHandle& self, const bp::object& kind)
 {
     self.get();
     const ObjectKindInfo& info = objectKindInfo(requireObjectKind(kind, g_expectedKind));
-    return bp::object(std::make_shared<IconHandle>(IconHandle{HVIconStore::icon(QLatin1String(info.icon))}));
+    if (!g_makeIcon)
+        raise(PyExc_RuntimeError, "Project.icon(), icons need the application's windows");
+    return g_makeIcon(QLatin1String(info.icon));
 }
 
 bp::object equals(const ProjectHandle& self, const bp::object& other)
@@ -114,6 +113,11 @@ bp::object equals(const ProjectHandle& self, const bp::object& other)
 }
 
 } // namespace
+
+void setIconMaker(IconMaker make)
+{
+    g_makeIcon = make;
+}
 
 HVProject& ProjectHandle::get() const
 {
@@ -161,7 +165,6 @@ void bindProject()
             "Raises ValueError when name is not possible, RuntimeError when the folder can not be made.")
         .def("getNewFilename", getDefaultFilename)
         .def("icon", icon, "icon(kind: ObjectId, /) -> Icon\n\nThe icon of a kind, as the project browser shows it.");
-    setProjectFactory([] { return projectObject(applicationInterface()->currentProject()); });
     defineDirectoryMethods(project);
     // A handle is as good as another of the same project; one that compares equal has no lasting identity to hash.
     project.def("__eq__", equals, "__eq__(other: object) -> bool\n\nWhether both stand for the same open project.");

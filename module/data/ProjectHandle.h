@@ -30,4 +30,9 @@ boost::python::object projectObject(HVProject* project);
 /// The kind that an ObjectId argument names; anything else is a TypeError, whose `format` holds one "%s" for the type.
 ObjectKind requireObjectKind(const boost::python::object& argument, const char* format);
 
+/// Makes the Python object of a built-in icon. The windows' half of the module sets it; without that half there are
+/// none.
+using IconMaker = boost::python::object (*)(const QString& name);
+void setIconMaker(IconMaker make);
+
 } // namespace python

@@ -1,7 +1,8 @@
 #include "host/services/HVIconStore.h"
 #include "module/Bindings.h"
-#include "module/app/PluginContext.h"
+#include "module/data/ProjectHandle.h"
 #include "module/gui/IconHandle.h"
+#include "plugins/PluginContext.h"
 #include "runtime/Errors.h"
 
 #include <boost/python.hpp>
@@ -53,10 +54,16 @@ std::shared_ptr<IconHandle> builtinIcon(const bp::object& name)
     return std::make_shared<IconHandle>(IconHandle{icon});
 }
 
+bp::object kindIcon(const QString& name)
+{
+    return bp::object(std::make_shared<IconHandle>(IconHandle{HVIconStore::icon(name)}));
+}
+
 } // namespace
 
 void bindIcon()
 {
+    setIconMaker(kindIcon);
     bp::class_<IconHandle, std::shared_ptr<IconHandle>>(
         "Icon", "Icon(path: str)\n\nA small picture for commands and windows, from an image file.", bp::no_init)
         .def("__init__", bp::make_constructor(makeIcon, bp::default_call_policies(), bp::arg("path")),

@@ -1,4 +1,4 @@
-#include "host/widgets/HVMouseMode.h"
+#include "host/viewers/HVMouseMode.h"
 #include "module/Bindings.h"
 #include "module/EnumerationTable.h"
 #include "module/gui/ScrollDirection.h"

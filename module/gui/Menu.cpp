@@ -1,9 +1,9 @@
 #include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
-#include "module/app/PluginContext.h"
 #include "module/gui/Construction.h"
 #include "module/gui/Property.h"
 #include "module/gui/Widgets.h"
+#include "plugins/PluginContext.h"
 #include "runtime/Errors.h"
 
 #include <QMenuBar>

@@ -1,8 +1,8 @@
 #include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
-#include "module/app/PluginContext.h"
 #include "module/gui/Property.h"
 #include "module/gui/Widgets.h"
+#include "plugins/PluginContext.h"
 
 namespace bp = boost::python;
 

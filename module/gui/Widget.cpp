@@ -1,11 +1,11 @@
 #include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
-#include "module/app/PluginContext.h"
 #include "module/gui/Construction.h"
 #include "module/gui/LayoutParts.h"
 #include "module/gui/PartArgument.h"
 #include "module/gui/Property.h"
 #include "module/gui/Widgets.h"
+#include "plugins/PluginContext.h"
 #include "runtime/Errors.h"
 
 #include <QFont>

@@ -1,4 +1,4 @@
-#include "module/app/PluginContext.h"
+#include "plugins/PluginContext.h"
 
 #include "plugins/PluginModule.h"
 #include "runtime/Errors.h"

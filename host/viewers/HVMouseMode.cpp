@@ -1,4 +1,4 @@
-#include "host/widgets/HVMouseMode.h"
+#include "host/viewers/HVMouseMode.h"
 
 QString hv::viewerAction(HVMouseMode mode, QString* error)
 {
