@@ -30,15 +30,4 @@ bool bindArguments(const char* function, const char* const* names, Py_ssize_t co
     return true;
 }
 
-bool toDouble(const char* function, PyObject* object, double& value)
-{
-    const PyNumberMethods* number = Py_TYPE(object)->tp_as_number;
-    if (!PyFloat_Check(object) && !(number && (number->nb_float || number->nb_index))) {
-        PyErr_Format(PyExc_TypeError, "%s, expected 'float' but got '%s'", function, typeName(object));
-        return false;
-    }
-    value = PyFloat_AsDouble(object);
-    return value != -1.0 || !PyErr_Occurred();
-}
-
 } // namespace python

@@ -11,8 +11,4 @@ namespace python {
 bool bindArguments(const char* function, const char* const* names, Py_ssize_t count, PyObject* const* arguments,
                    Py_ssize_t positional, PyObject* keywordNames, PyObject** bound);
 
-/// A real number: float, int or anything that converts itself to float (a NumPy scalar). False with TypeError, whose
-/// text is "`function`, expected 'float' but got '...'", or with OverflowError.
-bool toDouble(const char* function, PyObject* object, double& value);
-
 } // namespace python

@@ -5,11 +5,37 @@
 
 #include <boost/python.hpp>
 
+#include <cstring>
+
 namespace bp = boost::python;
 
 namespace python {
 
 namespace {
+
+/// The format of a single real number in the notation of the struct module.
+bool isRealFormat(const char* format)
+{
+    if (!format)
+        return true; // plain bytes
+    if (std::strchr("@=<>!^", *format) && *format)
+        ++format;
+    return format[0] && !format[1] && std::strchr("?bBhHiIlLqQnNefdg", format[0]);
+}
+
+/// What an object that shows its memory (numpy's scalars and arrays) holds: one real number, not several and no complex
+/// one, whose __float__ drops the imaginary part.
+bool isSingleNumber(PyObject* object)
+{
+    Py_buffer view{};
+    if (PyObject_GetBuffer(object, &view, PyBUF_FULL_RO) < 0) {
+        PyErr_Clear(); // dates have no description
+        return false;
+    }
+    const bool isSingle = view.ndim == 0 && isRealFormat(view.format);
+    PyBuffer_Release(&view);
+    return isSingle;
+}
 
 /// Like a float or an int without being one: a conversion slot, and nothing of a container or a text.
 bool isForeignNumber(PyObject* object)
@@ -17,10 +43,12 @@ bool isForeignNumber(PyObject* object)
     const PyTypeObject* type = Py_TYPE(object);
     if (!type->tp_as_number || !(type->tp_as_number->nb_float || type->tp_as_number->nb_index))
         return false;
-    if ((type->tp_as_sequence && type->tp_as_sequence->sq_length) ||
-        (type->tp_as_mapping && type->tp_as_mapping->mp_length))
+    if (PyUnicode_Check(object) || PyBytes_Check(object) || PyComplex_Check(object))
         return false;
-    return !PyUnicode_Check(object) && !PyBytes_Check(object) && !PyComplex_Check(object);
+    if (PyObject_CheckBuffer(object))
+        return isSingleNumber(object);
+    return !(type->tp_as_sequence && type->tp_as_sequence->sq_length) &&
+           !(type->tp_as_mapping && type->tp_as_mapping->mp_length);
 }
 
 template <typename Number>
@@ -33,7 +61,7 @@ template <typename Number>
 void construct(PyObject* object, bp::converter::rvalue_from_python_stage1_data* data)
 {
     double value = 0.0;
-    if (!toDoubleSlowly(object, value))
+    if (!toDoubleSlowly("", object, value))
         raisePending();
     void* memory = reinterpret_cast<bp::converter::rvalue_from_python_storage<Number>*>(data)->storage.bytes;
     data->convertible = new (memory) Number(static_cast<Number>(value));
@@ -46,10 +74,10 @@ bool isNumberSlowly(PyObject* object)
     return PyFloat_Check(object) || PyLong_Check(object) || isForeignNumber(object);
 }
 
-bool toDoubleSlowly(PyObject* object, double& value)
+bool toDoubleSlowly(const char* where, PyObject* object, double& value)
 {
     if (!isNumberSlowly(object)) {
-        PyErr_Format(PyExc_TypeError, "expected 'float' but got '%s'", typeName(object));
+        PyErr_Format(PyExc_TypeError, "%s%sexpected 'float' but got '%s'", where, *where ? ", " : "", typeName(object));
         return false;
     }
     const QtCall::Guard guard; // the object's own code runs, and the caller may hold a Qt object

@@ -7,25 +7,30 @@
 namespace python {
 
 bool isNumberSlowly(PyObject* object);
-bool toDoubleSlowly(PyObject* object, double& value);
+bool toDoubleSlowly(const char* where, PyObject* object, double& value);
 bool toIndexSlowly(PyObject* object, long long& value, const char* format);
 
-/// True for float and int with their subclasses (bool is one) and for the scalars of numpy and the like, which convert
-/// to float or int. False for text, complex numbers and everything that has a length.
+/// What is a float, everywhere in the module: float and int with their subclasses (bool is one), numpy's scalars of
+/// real types and its arrays without a dimension, and other objects that convert to float or int and have no length
+/// (fractions, decimal numbers). Never complex numbers, texts, dates, or arrays of one element.
 inline bool isNumber(PyObject* object)
 {
     return PyFloat_CheckExact(object) || isNumberSlowly(object);
 }
 
-/// The value of a number; false with the error pending otherwise: TypeError, OverflowError for an int beyond the
-/// floating-point range.
-inline bool toDouble(PyObject* object, double& value)
+/// The value of a number; false with the error pending otherwise: TypeError "`where`, expected 'float' but got '...'",
+/// where `where` may be empty, OverflowError for an int beyond the floating-point range.
+inline bool toDouble(const char* where, PyObject* object, double& value)
 {
     if (PyFloat_CheckExact(object)) [[likely]] {
         value = PyFloat_AS_DOUBLE(object);
         return true;
     }
-    return toDoubleSlowly(object, value);
+    return toDoubleSlowly(where, object, value);
+}
+inline bool toDouble(PyObject* object, double& value)
+{
+    return toDouble("", object, value);
 }
 
 /// The value of an int or of what converts to one without loss (numpy's integers); false with the error pending

@@ -1,5 +1,7 @@
 #include "module/core/ArrayElement.h"
 
+#include "runtime/NumberArguments.h"
+
 namespace python::element {
 
 namespace {
@@ -13,31 +15,11 @@ Conversion pendingFailure()
     return Conversion::WrongType;
 }
 
-/// numpy's complex scalars have __float__, which drops the imaginary part; only their memory tells what they are.
-bool isComplex(PyObject* object)
-{
-    Py_buffer view{};
-    if (PyComplex_Check(object) || !PyObject_CheckBuffer(object))
-        return PyComplex_Check(object);
-    if (PyObject_GetBuffer(object, &view, PyBUF_FULL_RO) < 0) {
-        PyErr_Clear();
-        return false;
-    }
-    const bool hasTwoParts = view.format && view.format[0] == 'Z';
-    PyBuffer_Release(&view);
-    return hasTwoParts;
-}
-
 } // namespace
 
 Conversion toDouble(PyObject* object, double& value)
 {
-    const PyNumberMethods* methods = Py_TYPE(object)->tp_as_number;
-    const bool isReal = PyFloat_Check(object) || (methods && (methods->nb_float || methods->nb_index));
-    if (!isReal || isComplex(object))
-        return Conversion::WrongType;
-    value = PyFloat_AsDouble(object);
-    return value == -1.0 && PyErr_Occurred() ? pendingFailure() : Conversion::Done;
+    return python::toDouble(object, value) ? Conversion::Done : pendingFailure();
 }
 
 Conversion toInt32(PyObject* object, std::int32_t& value)

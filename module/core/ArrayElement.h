@@ -18,7 +18,7 @@ enum class Conversion
 
 namespace element {
 
-/// Any real number: float, int, and whatever has __float__ or __index__ (numpy's scalars). May run Python code.
+/// What NumberArguments.h takes for a number. May run Python code.
 Conversion toDouble(PyObject* object, double& value);
 /// int, bool and whatever has __index__, never a float. Values beyond 32 bits raise OverflowError. May run Python code.
 Conversion toInt32(PyObject* object, std::int32_t& value);

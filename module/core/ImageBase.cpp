@@ -3,7 +3,7 @@
 #include "module/core/NumberBuffer.h"
 #include "runtime/ClassSlots.h"
 #include "runtime/Errors.h"
-#include "runtime/FastArguments.h"
+#include "runtime/NumberArguments.h"
 
 #include <cstring>
 #include <new>
@@ -104,12 +104,9 @@ void setName(FloatImage& image, const bp::object& name)
     image.setName(requireStr(name, "Image2d, 'name' argument must be of type 'str', not '%s'"));
 }
 
-void fillWithNumber(FloatImage& image, const bp::object& number)
+void fillWithNumber(FloatImage& image, double number)
 {
-    double value = 0.0;
-    if (!toDouble("Image2d.fill()", number.ptr(), value))
-        raisePending();
-    withoutLock(image, [&] { image.fill(static_cast<float>(value)); });
+    withoutLock(image, [&] { image.fill(static_cast<float>(number)); });
 }
 
 void copyPixels(FloatImage& image, const NumberBuffer& source)
@@ -129,41 +126,58 @@ void copyPixels(FloatImage& image, const NumberBuffer& source)
     });
 }
 
-/// A number or a buffer: a NumPy scalar is both and has no length, so the number of dimensions decides.
-void fill(FloatImage& image, const bp::object& value)
+int dimensionsOf(const bp::object& self)
 {
-    if (PyFloat_Check(value.ptr()) || PyLong_Check(value.ptr()) || !PyObject_CheckBuffer(value.ptr())) {
-        const PyNumberMethods* number = Py_TYPE(value.ptr())->tp_as_number;
-        if (!number || !(number->nb_float || number->nb_index))
-            raise(PyExc_TypeError,
-                  "Image2d.fill(), expected 'float' or an object with the buffer protocol but got '%s'",
-                  typeName(value));
-        fillWithNumber(image, value);
+    return HeldInstance<img::Image2d>::check(self.ptr()) ? 2 : 3;
+}
+
+/// The pixels one after the other, or in the shape that the image has as a buffer. Another shape with as many items
+/// would scramble them.
+bool hasShape(const NumberBuffer& source, const FloatImage& image, int dimensions)
+{
+    const int last = source.dimensions() - 1;
+    if (last == 0 || source.count() != image.size())
+        return source.count() == image.size();
+    return last == dimensions - 1 && source.extent(last) == image.width() && source.extent(last - 1) == image.height();
+}
+
+/// The message tells the length of the object, or, where that is the number of pixels, another number that is not.
+[[noreturn]] void raiseSizeMismatch(const NumberBuffer& source, std::int64_t pixels)
+{
+    const std::int64_t numbers[] = {source.extent(0), source.count(), source.extent(source.dimensions() - 1)};
+    const std::int64_t told =
+        *std::find_if(std::begin(numbers), std::end(numbers) - 1, [pixels](std::int64_t n) { return n != pixels; });
+    // The counts of a cube may need more than 32 bits.
+    const auto format = QByteArray("Image2d, image size mismatch: is %d instead of %d").replace("%d", "%lld");
+    raise(PyExc_RuntimeError, format.constData(), static_cast<long long>(told), static_cast<long long>(pixels));
+}
+
+void fill(const bp::object& self, const bp::object& value)
+{
+    FloatImage* image = imageOf(self.ptr());
+    if (!image)
+        raisePending();
+    if (double number = 0.0; isNumber(value.ptr())) {
+        if (!toDouble(value.ptr(), number))
+            raisePending();
+        fillWithNumber(*image, number);
         return;
     }
+    if (!PyObject_CheckBuffer(value.ptr()))
+        raise(PyExc_TypeError, "Image2d.fill(), expected 'float' or an object with the buffer protocol but got '%s'",
+              typeName(value));
     const NumberBuffer source(value.ptr());
     if (!source.isOpen())
         raiseFromPending(PyExc_RuntimeError, "Copy failed, unable to copy data into image");
-    if (source.dimensions() == 0) {
-        fillWithNumber(image, value);
-        return;
-    }
-    // An array of several dimensions counts its rows when asked for its length.
-    if (source.count() != image.size()) {
-        const Py_ssize_t length = PyObject_Size(value.ptr());
-        if (length < 0)
-            raisePending();
-        // The counts of a cube may need more than 32 bits.
-        const auto format = QByteArray("Image2d, image size mismatch: is %d instead of %d").replace("%d", "%lld");
-        raise(PyExc_RuntimeError, format.constData(),
-              static_cast<long long>(length == image.size() ? source.count() : length),
-              static_cast<long long>(image.size()));
-    }
+    if (source.dimensions() == 0) // a number would have been one above
+        raise(PyExc_TypeError, "Image2d.fill(), expected 'float' but got '%s'", typeName(value));
+    if (!hasShape(source, *image, dimensionsOf(self)))
+        raiseSizeMismatch(source, image->size());
     if (!source.isNumbers()) {
         PyErr_Format(PyExc_TypeError, "items of format '%s' are not real numbers", source.format());
         raiseFromPending(PyExc_RuntimeError, "Copy failed, unable to copy data into image");
     }
-    copyPixels(image, source);
+    copyPixels(*image, source);
 }
 
 } // namespace
@@ -186,14 +200,15 @@ void bindImageBase()
         .def("fill", fill, (bp::arg("self"), bp::arg("value")),
              "fill(value: float) -> None\n\nSets every pixel.\n\n"
              "Raises TypeError when value is neither a number nor a buffer.")
-        .def(
-            "fill", fill, (bp::arg("self"), bp::arg("buffer")),
-            "fill(buffer: Buffer) -> None\n\n"
-            "Copies the pixels, x fastest, from an object with the buffer protocol that has as many items: FloatArray, "
-            "array.array, a NumPy array of shape (size,), (height, width) or (length, height, width). Integers, bool "
-            "and floats of any width, byte order and memory layout are converted; bytes are numbers from 0 to 255.\n\n"
-            "Raises RuntimeError when the count differs or the items are no real numbers; the image then keeps its "
-            "pixels.")
+        .def("fill", fill, (bp::arg("self"), bp::arg("buffer")),
+             "fill(buffer: Buffer) -> None\n\n"
+             "Copies the pixels, x fastest, from an object with the buffer protocol: one row of as many items "
+             "(FloatArray, "
+             "array.array, a NumPy array of shape (size,)), or a NumPy array of shape (height, width), for an Image3d "
+             "(length, height, width). Integers, bool and floats of any width, byte order and memory layout are "
+             "converted; bytes are numbers from 0 to 255.\n\n"
+             "Raises RuntimeError when the count or the shape differs or the items are no real numbers; the image then "
+             "keeps its pixels.")
         .add_property("minValue", minValue,
                       "float: Smallest pixel that holds a value; NO_VALUE when there is none. Reads every pixel at "
                       "each use, so a loop keeps it in a variable. Read-only.")

@@ -4,6 +4,7 @@
 #include "runtime/ClassSlots.h"
 #include "runtime/Errors.h"
 #include "runtime/FastArguments.h"
+#include "runtime/NumberArguments.h"
 
 #include <array>
 #include <string>

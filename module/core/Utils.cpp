@@ -8,6 +8,7 @@
 #include "runtime/FastArguments.h"
 #include "runtime/GilLock.h"
 #include "runtime/HeldInstance.h"
+#include "runtime/NumberArguments.h"
 #include "runtime/ValueInstance.h"
 
 #include <algorithm>

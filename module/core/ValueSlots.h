@@ -199,7 +199,7 @@ PyObject* combineInPlace(PyObject* object, PyObject* right, const char* name)
 }
 
 /// The in-place form with a number, which `read` takes from `right`, reporting what it refuses.
-template <typename T, auto change, auto read = toDouble>
+template <typename T, auto change, bool (*read)(PyObject*, double&) = toDouble>
 PyObject* scaleInPlace(PyObject* object, PyObject* right, const char* name)
 {
     T* value = self<T>(object);

@@ -204,6 +204,24 @@ class Filling(ImageCase):
         cube.fill(block)
         np.testing.assert_array_equal(cube, block)
 
+    def test_arrays_of_another_shape_do_not_scramble_the_pixels(self):
+        image, cube = Image2d(4, 3), Image3d(4, 3, 2)
+        numbers = np.arange(24.0)
+        image.fill(numbers[:12].reshape(3, 4))
+        cube.fill(numbers.reshape(2, 3, 4))
+        before = bytes(image), bytes(cube)
+        mismatch = "Image2d, image size mismatch: is %d instead of %d"
+        for filled, shape, told in (
+                (image, (4, 3), 4), (image, (2, 6), 2), (image, (12, 1), 1), (image, (1, 12), 1), (image, (1, 3, 4), 1),
+                (cube, (4, 3, 2), 4), (cube, (2, 4, 3), 2), (cube, (6, 4), 6), (cube, (24, 1), 1), (cube, (1, 2, 3, 4), 1)):
+            self.assertRaisesText(RuntimeError, mismatch % (told, filled.size), filled.fill,
+                                  numbers[:filled.size].reshape(shape))
+        self.assertRaisesText(RuntimeError, mismatch % (3, 12), Image2d(3, 4).fill, image)
+        self.assertEqual((bytes(image), bytes(cube)), before)
+        for flat in (numbers[:12], bytes(12), array.array("d", range(12))):
+            image.fill(flat)
+        cube.fill(numbers)
+
     def test_views_of_the_image_itself(self):
         image = Image2d(4, 3)
         image.fill(np.arange(12))
