@@ -114,19 +114,33 @@ PyGetSetDef g_properties[] = {
      "Size: Width and height. Setting it moves the right and the bottom edge.", named("Rectangle.size")},
 };
 
-PyObject* contains(PyObject* object, PyObject* argument)
+bool readProper(PyObject* argument, bool& proper)
 {
-    const QRect* rectangle = slots::self<QRect>(object);
-    QPoint point;
-    const Reading reading = rectangle ? read(argument, point) : Reading::Failed;
-    if (reading == Reading::Done)
-        return PyBool_FromLong(rectangle->contains(point));
-    // The type that the messages name is a slip that scripts have come to know.
-    if (reading == Reading::OtherType && argument == Py_None)
-        PyErr_SetString(PyExc_TypeError, "Rectangle.contains(), expected 'bool' but got 'NoneType' instead");
-    else if (reading == Reading::OtherType)
+    if (!PyBool_Check(argument)) {
         PyErr_Format(PyExc_TypeError, "Rectangle.contains(), expected 'bool' but got '%s' instead", typeName(argument));
-    return nullptr;
+        return false;
+    }
+    proper = argument == Py_True;
+    return true;
+}
+
+PyObject* contains(PyObject* object, PyObject* arguments, PyObject* keywords)
+{
+    static const char* names[] = {"point", "proper", nullptr};
+    const QRect* rectangle = slots::self<QRect>(object);
+    PyObject *pointObject = nullptr, *properObject = Py_False;
+    if (!rectangle || !PyArg_ParseTupleAndKeywords(arguments, keywords, "O|O:contains", const_cast<char**>(names),
+                                                   &pointObject, &properObject))
+        return nullptr;
+    QPoint point;
+    bool proper = false;
+    const Reading reading = read(pointObject, point);
+    if (reading == Reading::OtherType)
+        PyErr_Format(PyExc_TypeError, "Rectangle.contains(), expected 'Point' but got '%s' instead",
+                     typeName(pointObject));
+    if (reading != Reading::Done || !readProper(properObject, proper))
+        return nullptr;
+    return PyBool_FromLong(rectangle->contains(point, proper));
 }
 
 int initialize(PyObject* object, PyObject* arguments, PyObject* keywords)
@@ -200,9 +214,9 @@ PyObject* setState(PyObject* object, PyObject* state)
 }
 
 PyMethodDef g_methods[] = {
-    {"contains", contains, METH_O,
-     "contains(point: Point | tuple[int, int]) -> bool\n\nTrue when the pixel is one of the rectangle's. Raises "
-     "TypeError."},
+    {"contains", reinterpret_cast<PyCFunction>(reinterpret_cast<void*>(contains)), METH_VARARGS | METH_KEYWORDS,
+     "contains(point: Point | tuple[int, int], proper: bool = False) -> bool\n\nTrue when the pixel is one of the "
+     "rectangle's; with `proper` those on its edges do not count. Raises TypeError."},
     {"__reduce__", reduce, METH_NOARGS, "__reduce__() -> tuple\n\nFor copying and pickling."},
     {"__setstate__", setState, METH_O, "__setstate__(state: tuple) -> None\n\nFor copying and pickling."}};
 

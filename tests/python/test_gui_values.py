@@ -72,6 +72,9 @@ class Rectangles(unittest.TestCase):
         self.assertEqual(r, Rectangle(size=(30, 40), topLeft=Point(10, 20)))
         self.assertEqual([r.contains(p) for p in (r.topRight, (40, 20), Point(10, 59), (10, 60), (9, 20))],
                          [True, False, True, False, False])
+        self.assertEqual([r.contains(p, proper=True) for p in ((10, 20), (39, 59), (11, 58), (38, 21), (38, 59))],
+                         [False, False, True, True, False])
+        self.assertTrue(r.contains(point=(10, 20), proper=False))
         r.topLeft = (0, 0)
         self.assertEqual((r.width, r.height), (40, 60))
         r.bottomLeft, r.topRight = (5, 9), Point(14, 5)
@@ -81,11 +84,13 @@ class Rectangles(unittest.TestCase):
 
     def test_errors(self):
         r = Rectangle(5, 5, 9, 8)
-        for wrong, name in ((None, "NoneType"), (3, "int"), ((1, 2, 3), "tuple")):
+        for expected, arguments, name in (
+                ("Point", (None,), "NoneType"), ("Point", (3,), "int"), ("Point", ((1, 2, 3), None), "tuple"),
+                ("bool", ((6, 6), None), "NoneType"), ("bool", ((6, 6), 1), "int"), ("bool", ((6, 6), "x"), "str")):
             with self.assertRaises(TypeError) as caught:
-                r.contains(wrong)
+                r.contains(*arguments)
             self.assertEqual(str(caught.exception),
-                             "Rectangle.contains(), expected 'bool' but got '%s' instead" % name)
+                             "Rectangle.contains(), expected '%s' but got '%s' instead" % (expected, name))
         for bad in (lambda: Rectangle(MAX, 0, 2, 1), lambda: setattr(r, "width", MAX), lambda: r.contains((2**31, 0)),
                     lambda: setattr(r, "topLeft", (-MAX, 0)), lambda: setattr(r, "height", 2**31)):
             self.assertRaises(OverflowError, bad)
