@@ -93,11 +93,6 @@ void Remains::destroyNow(QObject& object)
         Py_DECREF(reference);
 }
 
-bool Remains::isDestroying()
-{
-    return g_released != nullptr;
-}
-
 void Remains::destroyLater(QObject& object)
 {
     // Qt waits for the end of the event loop that it is in. Outside of any, and for other threads, it does not wait at

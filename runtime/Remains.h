@@ -15,9 +15,6 @@ public:
     /// Destroys an object that Qt does not use, and releases what it held before returning. On the object's thread.
     static void destroyNow(QObject& object);
 
-    /// Whether destroyNow() is at work.
-    static bool isDestroying();
-
     /// Destroys an object once Qt no longer is inside of it. From any thread.
     static void destroyLater(QObject& object);
 

@@ -18,24 +18,7 @@ namespace {
 
 struct VariantToPython
 {
-    static PyObject* convert(const QVariant& variant)
-    {
-        switch (static_cast<QMetaType::Type>(variant.type())) {
-        case QMetaType::Bool:
-            return PyBool_FromLong(variant.toBool() ? 1 : 0);
-        case QMetaType::Int:
-        case QMetaType::LongLong:
-            return PyLong_FromLongLong(variant.toLongLong());
-        case QMetaType::Double:
-            return PyFloat_FromDouble(variant.toDouble());
-        case QMetaType::QString:
-            return textToPython(variant.toString());
-        default:
-            PyErr_SetString(PyExc_TypeError,
-                            "conversion to variant only supported for types 'int', 'bool', 'float', and 'str'");
-            return nullptr;
-        }
-    }
+    static PyObject* convert(const QVariant& variant) { return variantToPython(variant); }
 };
 
 /// Integers as the host stores them: the plain integer variant where the value fits it.
@@ -53,7 +36,7 @@ struct VariantFromPython
 {
     static void* convertible(PyObject* object)
     {
-        if (PyLong_Check(object) || PyUnicode_Check(object) || PyBool_Check(object) || PyFloat_Check(object))
+        if (isVariantType(object))
             return object;
         PyErr_Format(PyExc_TypeError,
                      "conversion to variant only supported for types 'int', 'bool', 'float', and 'str' but got '%s'",
@@ -61,32 +44,56 @@ struct VariantFromPython
         return nullptr;
     }
 
-    static QVariant read(PyObject* object)
-    {
-        if (PyUnicode_Check(object)) {
-            QString text;
-            if (!textFromPython(object, text))
-                handleRunTimeError(nullptr);
-            return QVariant(text);
-        }
-        if (PyLong_Check(object))
-            return integerVariant(object);
-        if (PyFloat_Check(object))
-            return QVariant(PyFloat_AsDouble(object));
-        raise(PyExc_TypeError,
-              "construction of variant only supported for types 'int', 'bool', 'float', and 'str' but got '%s'",
-              typeName(object));
-    }
-
     static void construct(PyObject* object, bp::converter::rvalue_from_python_stage1_data* data)
     {
         void* storage = reinterpret_cast<bp::converter::rvalue_from_python_storage<QVariant>*>(data)->storage.bytes;
-        new (storage) QVariant(read(object));
+        new (storage) QVariant(variantFromPython(object));
         data->convertible = storage;
     }
 };
 
 } // namespace
+
+bool isVariantType(PyObject* object)
+{
+    return PyLong_Check(object) || PyUnicode_Check(object) || PyFloat_Check(object);
+}
+
+QVariant variantFromPython(PyObject* object)
+{
+    if (PyUnicode_Check(object)) {
+        QString text;
+        if (!textFromPython(object, text))
+            handleRunTimeError(nullptr);
+        return QVariant(text);
+    }
+    if (PyLong_Check(object)) // a bool is one
+        return integerVariant(object);
+    if (PyFloat_Check(object))
+        return QVariant(PyFloat_AsDouble(object));
+    raise(PyExc_TypeError,
+          "construction of variant only supported for types 'int', 'bool', 'float', and 'str' but got '%s'",
+          typeName(object));
+}
+
+PyObject* variantToPython(const QVariant& variant)
+{
+    switch (static_cast<QMetaType::Type>(variant.type())) {
+    case QMetaType::Bool:
+        return PyBool_FromLong(variant.toBool() ? 1 : 0);
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+        return PyLong_FromLongLong(variant.toLongLong());
+    case QMetaType::Double:
+        return PyFloat_FromDouble(variant.toDouble());
+    case QMetaType::QString:
+        return textToPython(variant.toString());
+    default:
+        PyErr_SetString(PyExc_TypeError,
+                        "conversion to variant only supported for types 'int', 'bool', 'float', and 'str'");
+        return nullptr;
+    }
+}
 
 void registerVariantConversion()
 {

@@ -21,12 +21,8 @@ void seeReferences(const QObject& root, const See& see)
         // Only a plain QObject may hold references; asking takes its time.
         const bool isPlain = child->metaObject() == &QObject::staticMetaObject;
         const auto* held = isPlain ? dynamic_cast<HeldReference*>(child) : nullptr;
-        const auto* many = isPlain && !held ? dynamic_cast<HeldReferences*>(child) : nullptr;
         if (held) {
             see(held->reference());
-        } else if (many) {
-            for (const SharedReference& reference : many->all())
-                see(reference);
         } else {
             const auto* peer = dynamic_cast<ObjectPeer*>(child);
             if (peer && peer->self())

@@ -4,8 +4,6 @@
 
 #include <QObject>
 
-#include <list>
-
 namespace python {
 
 /// A Python object that lives as long as a Qt object does: what a connection calls, a widget in a layout that is in no
@@ -18,21 +16,6 @@ public:
 
 private:
     SharedReference m_reference;
-};
-
-/// The same for many objects that come and go in any order, each in constant time.
-class HeldReferences final : public QObject
-{
-public:
-    using Place = std::list<SharedReference>::iterator;
-
-    explicit HeldReferences(QObject* owner) : QObject(owner) {}
-    const std::list<SharedReference>& all() const { return m_references; }
-    Place add(const SharedReference& reference) { return m_references.insert(m_references.end(), reference); }
-    void remove(Place place) { m_references.erase(place); }
-
-private:
-    std::list<SharedReference> m_references;
 };
 
 /// Ends the references below a Qt object, down to the widgets and layouts that have Python objects of their own. On the

@@ -1,8 +1,8 @@
 #include "module/Bindings.h"
 #include "module/gui/Connector.h"
 #include "module/gui/Construction.h"
-#include "module/gui/ItemData.h"
 #include "module/gui/Property.h"
+#include "runtime/VariantConversion.h"
 
 #include <QComboBox>
 #include <QStandardItemModel>
@@ -58,9 +58,15 @@ void setCurrentText(QComboBox& box, const QString& text)
     box.setCurrentText(text);
 }
 
+/// None for an item without data, or for no item.
+bp::object dataObject(const QVariant& data)
+{
+    return data.isValid() ? owned(variantToPython(data)) : bp::object();
+}
+
 bp::object currentData(QComboBox& box)
 {
-    return itemObject(box.currentData());
+    return dataObject(box.currentData());
 }
 
 PyGetSetDef g_properties[] = {
@@ -70,7 +76,8 @@ PyGetSetDef g_properties[] = {
                        "editable."),
     property<&QComboBox::currentIndex, setCurrentIndex>(
         "currentIndex", "int: The number of the chosen item, counted from 0; -1 for none."),
-    readOnly<currentData>("currentData", "object: What the chosen item has as its userData; None for nothing."),
+    readOnly<currentData>("currentData", "int | float | str | None: What the chosen item has as its userData; None for "
+                                         "nothing."),
     readOnly<&QComboBox::count>("count", "int: The number of items."),
     property<&QComboBox::isEditable, &QComboBox::setEditable>(
         "editable", "bool: Whether the user can also type. Return adds what was typed as an item."),
@@ -95,27 +102,39 @@ constexpr ItemMessages g_insertItem = {"ComboBox.insertItem(), expected 'str' bu
                                        "ComboBox.insertItem()",
                                        "ComboBox.insertItem(), conversion to 'userData' not supported for type '%'"};
 
-void insert(QComboBox& box, int index, const bp::object& text, const bp::object& icon, const bp::object& userData,
-            const ItemMessages& messages)
+struct Item
 {
-    const QString label = requireStr(text, messages.text);
-    const QIcon picture = Argument<QIcon>::from(icon.ptr(), messages.icon);
-    box.insertItem(index, picture, label, itemData(*box.model(), userData, messages.userData));
+    QString text;
+    QIcon icon;
+    QVariant data;
+};
+
+/// Reads all arguments before the box is looked at: reporting a str that can not be read closes windows.
+Item readItem(const bp::object& text, const bp::object& icon, const bp::object& userData, const ItemMessages& messages)
+{
+    Item item{requireStr(text, messages.text), Argument<QIcon>::from(icon.ptr(), messages.icon), {}};
+    if (userData.is_none())
+        return item;
+    if (!isVariantType(userData.ptr()))
+        raise(PyExc_TypeError, "%s", messages.userData);
+    item.data = variantFromPython(userData.ptr());
+    return item;
 }
 
 void addItem(const Handle<QComboBox>& handle, const bp::object& text, const bp::object& icon,
              const bp::object& userData)
 {
-    QComboBox& box = withOwnItems(handle, "ComboBox.addItem()");
-    insert(box, box.count(), text, icon, userData, g_addItem);
+    const Item item = readItem(text, icon, userData, g_addItem);
+    withOwnItems(handle, "ComboBox.addItem()").addItem(item.icon, item.text, item.data);
 }
 
 void insertItem(const Handle<QComboBox>& handle, const bp::object& index, const bp::object& text,
                 const bp::object& icon, const bp::object& userData)
 {
+    const Item item = readItem(text, icon, userData, g_insertItem);
     withOwnItems(handle, "ComboBox.insertItem()");
     const int number = requireIndex(handle, index, "ComboBox.insertItem()", 1);
-    insert(handle.get(), number, text, icon, userData, g_insertItem);
+    handle.get().insertItem(number, item.icon, item.text, item.data);
 }
 
 void addItems(const Handle<QComboBox>& handle, const bp::object& texts)
@@ -124,8 +143,13 @@ void addItems(const Handle<QComboBox>& handle, const bp::object& texts)
     if (isStr(texts.ptr())) // its letters would be the items
         raiseWrongType("ComboBox.addItems()", "list", texts.ptr());
     QStringList labels;
-    for (bp::stl_input_iterator<bp::object> text(texts), end; text != end; ++text)
-        labels.append(requireStr(*text, "ComboBox.addItems(), expected 'str' but got '%s' instead"));
+    for (bp::stl_input_iterator<bp::object> each(texts), end; each != end; ++each) {
+        const bp::object text = *each;
+        if (!isStr(text.ptr()))
+            raise(PyExc_TypeError, "ComboBox, expected 'str' but got '%s' for element %d of list", typeName(text),
+                  labels.size());
+        labels.append(requireStr(text, "%s"));
+    }
     handle.get().addItems(labels);
 }
 
@@ -150,7 +174,7 @@ bp::object itemTextAt(const Handle<QComboBox>& handle, const bp::object& index)
 bp::object itemDataAt(const Handle<QComboBox>& handle, const bp::object& index)
 {
     const int number = requireIndex(handle, index, "ComboBox.itemData()");
-    return itemObject(handle.get().itemData(number));
+    return dataObject(handle.get().itemData(number));
 }
 
 void clear(const Handle<QComboBox>& handle)
@@ -169,17 +193,19 @@ void selectionChanged(const Handle<QComboBox>& handle, const bp::object& callabl
 void bindComboBox()
 {
     bindBase<QComboBox>("_QComboBox", "What boxes with a list of choices have. Items are counted from 0.")
-        .def("addItem", addItem,
-             (bp::arg("self"), bp::arg("text"), bp::arg("icon") = bp::object(), bp::arg("userData") = bp::object()),
-             "addItem(text: str, icon: Icon = None, userData: bool | int | float | str | ObjectId = None) -> None\n\n"
-             "A new item at the end. `userData` comes back from currentData as it was given. The first item of an "
-             "empty box becomes the chosen one.\n\nRaises TypeError.")
+        .def(
+            "addItem", addItem,
+            (bp::arg("self"), bp::arg("text"), bp::arg("icon") = bp::object(), bp::arg("userData") = bp::object()),
+            "addItem(text: str, icon: Icon = None, userData: int | float | str = None) -> None\n\n"
+            "A new item at the end. `userData` comes back from currentData as a plain int, float or str: True as 1, an "
+            "enumeration's value as its number. The first item of an empty box becomes the chosen one.\n\nRaises "
+            "TypeError, and OverflowError for an int beyond 64 bits.")
         .def("insertItem", insertItem,
              (bp::arg("self"), bp::arg("index"), bp::arg("text"), bp::arg("icon") = bp::object(),
               bp::arg("userData") = bp::object()),
-             "insertItem(index: int, text: str, icon: Icon = None, userData: bool | int | float | str | ObjectId = "
-             "None) -> None\n\nThe same before the item `index`, or at the end when that is the number of items. The "
-             "chosen item stays chosen.\n\nRaises TypeError, and IndexError beyond the end.")
+             "insertItem(index: int, text: str, icon: Icon = None, userData: int | float | str = None) -> "
+             "None\n\nThe same before the item `index`, or at the end when that is the number of items. The "
+             "chosen item stays chosen.\n\nRaises TypeError, OverflowError, and IndexError beyond the end.")
         .def(
             "addItems", addItems, bp::args("self", "texts"),
             "addItems(texts: Iterable[str]) -> None\n\nNew items at the end, in half the time of one by one.\n\nRaises "
@@ -193,7 +219,8 @@ void bindComboBox()
         .def("itemText", itemTextAt, bp::args("self", "index"),
              "itemText(index: int) -> str\n\nThe text of an item.\n\nRaises TypeError, IndexError.")
         .def("itemData", itemDataAt, bp::args("self", "index"),
-             "itemData(index: int) -> object\n\nThe userData of an item.\n\nRaises TypeError, IndexError.")
+             "itemData(index: int) -> int | float | str | None\n\nThe userData of an item; None for nothing.\n\nRaises "
+             "TypeError, IndexError.")
         .def("clear", clear, bp::args("self"), "clear() -> None\n\nTakes all items away.")
         .def("selectionChanged", selectionChanged, bp::args("self", "callable"),
              "selectionChanged(callable: Callable[[int], object]) -> None\n\nCalls `callable` with the number of the "
