@@ -8,7 +8,6 @@
 #include "runtime/GilLock.h"
 
 #include <QApplication>
-#include <QCloseEvent>
 #include <QSettings>
 
 namespace python {
@@ -113,10 +112,9 @@ void closeWhatTheScriptLeftOpen()
         progress->closeAll();
     if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
         return;
-    if (QWidget* modal = QApplication::activeModalWidget()) {
-        QCloseEvent close;
-        QApplication::sendEvent(modal, &close);
-    }
+    // Not the event alone, which only a dialog answers by going away.
+    if (QWidget* modal = QApplication::activeModalWidget())
+        modal->close();
 }
 
 /// A SystemExit whose code stands for success.

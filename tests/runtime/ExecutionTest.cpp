@@ -2,6 +2,7 @@
 #include "tests/runtime/RuntimeFixture.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDialog>
 #include <QInputDialog>
 #include <QLabel>
@@ -133,6 +134,28 @@ TEST_F(ExecutionTest, FailedRunClosesProgressBarsAndTheModalDialog)
     EXPECT_FALSE(run("1/0"));
     EXPECT_FALSE(app().progress->isAnyRunning());
     EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(ExecutionTest, FailedRunClosesAModalWidgetThatIsNoDialog)
+{
+    class Refusing final : public QWidget
+    {
+    public:
+        bool refuses = true;
+
+    private:
+        void closeEvent(QCloseEvent* event) override { event->setAccepted(!refuses); }
+    };
+    Refusing panel;
+    panel.setWindowModality(Qt::ApplicationModal);
+    panel.show();
+    ASSERT_EQ(QApplication::activeModalWidget(), &panel);
+    EXPECT_FALSE(run("1/0"));
+    EXPECT_TRUE(panel.isVisible()) << "it may refuse, as a dialog may";
+    panel.refuses = false;
+    EXPECT_FALSE(run("1/0"));
+    EXPECT_FALSE(panel.isVisible());
+    EXPECT_FALSE(QApplication::activeModalWidget());
 }
 
 TEST_F(ExecutionTest, InterpreterIsMadeSafeAtStart)
