@@ -162,7 +162,7 @@ void addFunctions(bp::object module, std::index_sequence<Index...>)
 void bindUtils()
 {
     bp::object utils = addSubmodule("utils");
-    utils.attr("__doc__") = "FrameConversion of points between block, survey and world coordinates.";
+    utils.attr("__doc__") = "Conversion of points between block, survey and world coordinates.";
     addFunctions(utils, std::make_index_sequence<Conversions.size()>());
 }
 

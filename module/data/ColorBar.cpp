@@ -4,6 +4,7 @@
 #include "host/formats/ColorBarFile.h"
 #include "module/Bindings.h"
 #include "module/data/ColorTuple.h"
+#include "module/gui/CheckedSetter.h"
 #include "runtime/Errors.h"
 #include "runtime/NumberArguments.h"
 
@@ -280,7 +281,8 @@ void bindColorBar()
              "why.")
         .def_pickle(Pickling());
     type.add_property(
-            "name", +[](const ColorBar& self) { return self.name(); }, &ColorBar::setName,
+            "name", +[](const ColorBar& self) { return self.name(); },
+            checkedSetter("ColorBar.name", &ColorBar::setName),
             "str: The name; the base name of the file that the bar was read from or saved to.")
         .add_property(
             "colors", colors, setColors,

@@ -1,6 +1,7 @@
 #include "host/display/Contouring.h"
 
 #include "module/Bindings.h"
+#include "module/gui/CheckedSetter.h"
 #include "runtime/Errors.h"
 
 #include <boost/python.hpp>
@@ -30,17 +31,22 @@ void bindContouring()
         "are "
         "in the unit of the contoured values.",
         bp::init<>(bp::args("self"), "Contouring() -> None\n\nSettings that no view shows yet: hidden, step 1."))
-        .add_property("visible", &Contouring::isVisible, &Contouring::setVisible, "bool: Whether contours are shown.")
-        .add_property("withLimits", &Contouring::isLimited, &Contouring::setLimited,
+        .add_property("visible", &Contouring::isVisible, checkedSetter("Contouring.visible", &Contouring::setVisible),
+                      "bool: Whether contours are shown.")
+        .add_property("withLimits", &Contouring::isLimited,
+                      checkedSetter("Contouring.withLimits", &Contouring::setLimited),
                       "bool: Whether contours are restricted to [min, max].")
-        .add_property("min", &Contouring::minimum, &Contouring::setMinimum, "float: Lower contour limit.")
-        .add_property("max", &Contouring::maximum, &Contouring::setMaximum, "float: Upper contour limit.")
-        .add_property("contouringMode", &Contouring::mode, &Contouring::setMode,
+        .add_property("min", &Contouring::minimum, checkedSetter("Contouring.min", &Contouring::setMinimum),
+                      "float: Lower contour limit.")
+        .add_property("max", &Contouring::maximum, checkedSetter("Contouring.max", &Contouring::setMaximum),
+                      "float: Upper contour limit.")
+        .add_property("contouringMode", &Contouring::mode,
+                      checkedSetter("Contouring.contouringMode", &Contouring::setMode),
                       "ContouringMode: What is contoured, the data values or the Z values.")
-        .add_property("step", &Contouring::step, setStep,
+        .add_property("step", &Contouring::step, checkedSetter("Contouring.step", setStep),
                       "float: The contour interval. Raises ValueError unless it is greater than 0.")
         .add_property("pen", bp::make_function(&Contouring::pen, bp::return_value_policy<bp::copy_const_reference>()),
-                      &Contouring::setPen,
+                      checkedSetter("Contouring.pen", &Contouring::setPen),
                       "Pen: The line style of the contours. Reading gives a copy; assign it to change the contours.")
         .add_property("minValue", &Contouring::valueMinimum, "float: The smallest of the contoured values. Read-only.")
         .add_property("maxValue", &Contouring::valueMaximum, "float: The largest of the contoured values. Read-only.");

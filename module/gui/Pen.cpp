@@ -1,4 +1,5 @@
 #include "module/Bindings.h"
+#include "module/gui/CheckedSetter.h"
 #include "runtime/Errors.h"
 
 #include <boost/python.hpp>
@@ -67,10 +68,10 @@ void bindPen()
                  (bp::arg("color") = QColor(Qt::black), bp::arg("width") = 1.0, bp::arg("style") = Qt::SolidLine)),
              "Pen(color: Color = Color(0, 0, 0), width: float = 1, style: PenStyle = PenStyle.SolidLine) -> None\n\n"
              "Raises ValueError for a width outside 0 to 1000.")
-        .add_property("style", &QPen::style, setStyle, "PenStyle: How the line is drawn.")
-        .add_property("color", &QPen::color, &QPen::setColor,
+        .add_property("style", &QPen::style, checkedSetter("Pen.style", setStyle), "PenStyle: How the line is drawn.")
+        .add_property("color", &QPen::color, checkedSetter("Pen.color", &QPen::setColor),
                       "Color: The line's colour. Reading gives a copy; assign it to change the pen.")
-        .add_property("width", &QPen::widthF, setWidth,
+        .add_property("width", &QPen::widthF, checkedSetter("Pen.width", setWidth),
                       "float: Width in pixels; 0 is the thinnest line that the display has.")
         .def("__repr__", written, "__repr__() -> str")
         .def(bp::self == bp::self)

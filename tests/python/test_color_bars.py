@@ -9,7 +9,7 @@ import warnings
 
 import numpy as np
 from strativo_python import (NO_VALUE, Color, ColorBar, ColorBarType, ColorSpace, Contouring, ContouringMode,
-                             InterpolationMethod, Pen, PenStyle, ScanOrientation, SmoothingMethod)
+                             Font, InterpolationMethod, Pen, PenStyle, ScanOrientation, SmoothingMethod)
 
 NAMES = ("GreyScale RedWhiteBlack RedWhiteBlack_2 RedWhiteBlue Seismic Seismic_2 Seismic_3 - Rainbow GeoModel Red Green "
          "Blue Horizon Thinning AI Curvature Envelope Energy Gradient Velocity Density Azimuth Porosity Sand Shale Dip "
@@ -188,6 +188,20 @@ class ColorBars(unittest.TestCase):
 
 
 class ContourSettings(unittest.TestCase):
+    def test_wrong_types_name_class_and_member(self):
+        for made, members in (
+                (Contouring(), "visible:bool withLimits:bool min:float max:float contouringMode:ContouringMode step:float "
+                               "pen:Pen"),
+                (ColorBar(), "name:str"), (Pen(), "style:PenStyle width:float"), (Font(), "family:str bold:bool weight:int"),
+                (Color(), "red:int alphaF:float")):
+            for member, expected in (each.split(":") for each in members.split()):
+                before = getattr(made, member)
+                with self.assertRaises(TypeError) as caught:
+                    setattr(made, member, [])
+                self.assertEqual(str(caught.exception), "%s.%s, expected '%s' but got 'list' instead" % (
+                    type(made).__name__, member, expected))
+                self.assertEqual(getattr(made, member), before)
+
     def test_step(self):
         contouring = Contouring()
         for bad in (0.0, 0, -1, float("nan"), float("-inf")):

@@ -1,4 +1,4 @@
-"""FrameConversion of points between block, survey and world coordinates."""
+"""Conversion of points between block, survey and world coordinates."""
 # Written by module/stubs/generate.py; do not edit.
 from typing import overload
 from strativo_python import BlockSpace, Vec3Array, vec3
