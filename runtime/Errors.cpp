@@ -78,10 +78,4 @@ void printPendingError()
     PyErr_PrintEx(0);
 }
 
-bp::object unicodeText(const QString& text)
-{
-    const QByteArray utf8 = text.toUtf8();
-    return owned(PyUnicode_DecodeUTF8(utf8.constData(), utf8.size(), "replace"));
-}
-
 } // namespace python

@@ -69,7 +69,4 @@ boost::python::object owned(PyObject* newReference);
 /// ends the process.
 void printPendingError();
 
-/// A str with the whole Unicode text, unlike the text conversion of return values (see TextConversion.h).
-boost::python::object unicodeText(const QString& text);
-
 } // namespace python

@@ -13,6 +13,7 @@
 #include "runtime/RunTimeErrorHandler.h"
 #include "runtime/ScriptCompiler.h"
 #include "runtime/StreamCaptureBinding.h"
+#include "runtime/TextSetting.h"
 
 /// The scripting module's frame implements it; the runtime only hands it to the interpreter.
 extern "C" PyObject* PyInit_strativo_python();
@@ -26,6 +27,7 @@ HVPythonExecutionContext::HVPythonExecutionContext(IAppWrapper* app)
     const std::wstring path = python::utils::ConstructPythonPath();
     HVEventBus::instance().sendMessage(MessageLevel::Success,
                                        QStringLiteral("Python Path: %1").arg(QString::fromStdWString(path)));
+    python::readTextSetting();
     PyImport_AppendInittab("strativo_python", PyInit_strativo_python);
     python::startInterpreter(path);
     removeDangerousFunctions();

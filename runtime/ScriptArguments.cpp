@@ -1,7 +1,7 @@
 #include "runtime/ScriptArguments.h"
 
-#include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/TextConversion.h"
 
 #include <boost/python.hpp>
 

@@ -1,6 +1,8 @@
 #include "runtime/TextConversion.h"
 
+#include "runtime/Errors.h"
 #include "runtime/RunTimeErrorHandler.h"
+#include "runtime/TextSetting.h"
 
 #include <boost/python.hpp>
 
@@ -9,6 +11,20 @@ namespace bp = boost::python;
 namespace python {
 
 namespace {
+
+/// Tells the pending exception how the text can be had.
+void addNote()
+{
+    PyObject *type, *value, *traceback;
+    PyErr_Fetch(&type, &value, &traceback);
+    PyErr_NormalizeException(&type, &value, &traceback);
+    PyObject* none = PyObject_CallMethod(value, "add_note", "s",
+                                         "Texts of the application reach scripts in ASCII only. To have them whole, "
+                                         "turn on Settings > Python > Whole Unicode texts, or use strativo run "
+                                         "--unicode-text.");
+    Py_XDECREF(none);
+    PyErr_Restore(type, value, traceback); // in place of what may have gone wrong above
+}
 
 struct TextToPython
 {
@@ -51,7 +67,36 @@ bool textFromPython(PyObject* str, QString& text)
 
 PyObject* textToPython(const QString& text)
 {
-    return PyUnicode_FromString(text.toLatin1().constData());
+    if (areTextsWhole())
+        return bp::incref(unicodeText(text).ptr());
+    PyObject* str = PyUnicode_FromString(text.toLatin1().constData());
+    if (!str && PyErr_ExceptionMatches(PyExc_UnicodeDecodeError))
+        addNote();
+    return str;
+}
+
+bp::object textObject(const QString& text)
+{
+    return owned(textToPython(text));
+}
+
+bp::object unicodeText(const QString& text)
+{
+    const QByteArray utf8 = text.toUtf8();
+    return owned(PyUnicode_DecodeUTF8(utf8.constData(), utf8.size(), "replace"));
+}
+
+bp::object textState(const QString& text)
+{
+    const QByteArray utf8 = text.toUtf8();
+    return owned(PyBytes_FromStringAndSize(utf8.constData(), utf8.size()));
+}
+
+QString textFromState(const bp::object& state)
+{
+    if (!PyBytes_Check(state.ptr()))
+        raise(PyExc_TypeError, "__setstate__(), expected 'bytes' but got '%s'", typeName(state));
+    return QString::fromUtf8(PyBytes_AS_STRING(state.ptr()), static_cast<int>(PyBytes_GET_SIZE(state.ptr())));
 }
 
 void registerTextConversion()

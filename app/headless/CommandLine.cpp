@@ -21,6 +21,8 @@ CommandLine parseCommandLine(const QStringList& words)
             line.verbose = true;
         } else if (word == QLatin1String("--no-autoload")) {
             line.autoLoad = false;
+        } else if (word == QLatin1String("--unicode-text")) {
+            line.unicodeText = true;
         } else if (word == QLatin1String("--project") || word == QLatin1String("--plugin")) {
             if (!hasValue)
                 return fail(QStringLiteral("%1 needs a folder").arg(word));
@@ -62,6 +64,7 @@ QString usage()
                           "  --project DIR  open the project in DIR first; made when the folder is missing or empty\n"
                           "  --plugin DIR   load the plug-in in DIR first; may be given several times\n"
                           "  --no-autoload  opening the project loads no plug-ins\n"
+                          "  --unicode-text texts of the application reach the script whole, not in ASCII only\n"
                           "  --verbose      show notices that are not errors, on standard error\n"
                           "\n"
                           "Exit status: 0 the script ran to its end, 1 it failed, 2 it was not started.\n");

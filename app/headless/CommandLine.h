@@ -24,6 +24,8 @@ struct CommandLine
     QStringList plugins;
     /// Whether opening the project loads the plug-ins that are set to autoload.
     bool autoLoad = true;
+    /// Whether texts of the application reach the script whole, see TextSetting.h.
+    bool unicodeText = false;
     bool verbose = false;
     bool help = false;
     /// One sentence when the command line cannot be understood, else empty.

@@ -14,6 +14,7 @@
 #include "runtime/RunMonitor.h"
 #include "runtime/ScriptArguments.h"
 #include "runtime/ScriptCoding.h"
+#include "runtime/TextSetting.h"
 
 #include <QApplication>
 #include <QDir>
@@ -154,6 +155,8 @@ int run(int argc, char** argv)
     TerminalApp app(window);
     progress.watch(app.progress());
     const HVPythonExecutionContext context(&app);
+    if (line.unicodeText)
+        python::setTextsWhole(true);
     {
         const python::GilLock lock;
         python::enableKeyboardInterrupt();

@@ -6,10 +6,12 @@
 #include "app/workbench/RecentScripts.h"
 #include "app/workbench/RunIndicator.h"
 #include "app/workbench/ScriptFiles.h"
+#include "app/workbench/SettingsMenu.h"
 #include "app/workbench/Theme.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
 #include "host/services/HVIconStore.h"
+#include "host/widgets/HVPluginContributions.h"
 #include "runtime/HVPythonDocumentation.h"
 
 #include <QActionGroup>
@@ -59,6 +61,7 @@ MainMenus::MainMenus(MainWindow& window) : QObject(&window), m_window(window)
     makeViewMenu();
     explainWhenEmpty(addMenu(tr("Modules")), tr("No interpretation modules are installed"));
     makeToolsMenu();
+    makeSettingsMenu();
     makeWindowMenu();
     makeHelpMenu();
     explainWhenEmpty(addMenu(tr("Extensions")), tr("Loaded plug-ins put their commands here"));
@@ -195,6 +198,14 @@ void MainMenus::makeToolsMenu()
                               editor->execute();
                       });
     menu->addAction(m_window.runIndicator()->stopAction());
+}
+
+void MainMenus::makeSettingsMenu()
+{
+    QMenu* menu = addMenu(tr("Settings"));
+    // Its title is not among those that plug-ins may not use.
+    menu->setObjectName(hv::ownPartName("settings"));
+    fillSettingsMenu(*menu);
 }
 
 void MainMenus::makeWindowMenu()

@@ -26,6 +26,7 @@ private:
     void makeEditMenu();
     void makeViewMenu();
     void makeToolsMenu();
+    void makeSettingsMenu();
     void makeWindowMenu();
     void makeHelpMenu();
 

@@ -2,6 +2,7 @@
 #include "module/app/ApplicationFunctions.h"
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/TextConversion.h"
 
 #include <boost/python.hpp>
 
@@ -46,7 +47,7 @@ QStringList askForPaths(const char* function, const QString& text, Choose choose
 
 bp::object firstOf(const QStringList& paths)
 {
-    return unicodeText(paths.value(0));
+    return textObject(paths.value(0));
 }
 
 } // namespace
@@ -102,7 +103,7 @@ bp::object getFiles(const bp::object& text)
     bp::list paths;
     for (const QString& path : askForPaths(
              "getFiles()", title, [&](QWidget* parent) { return QFileDialog::getOpenFileNames(parent, title); }))
-        paths.append(unicodeText(path));
+        paths.append(textObject(path));
     return paths;
 }
 

@@ -27,7 +27,8 @@ QMenuBar* menuBar()
     return window ? qobject_cast<QMenuBar*>(window->menuWidget()) : nullptr;
 }
 
-/// The first top-level menu of that title, or null; a reserved title raises RuntimeError.
+/// The first top-level menu of that title which is not the application's own, or null; a reserved title raises
+/// RuntimeError.
 QMenu* findMenu(const QString& title, const char* refusal)
 {
     for (const char* reserved : g_reservedMenus)
@@ -35,7 +36,7 @@ QMenu* findMenu(const QString& title, const char* refusal)
             raise(PyExc_RuntimeError, refusal, reserved);
     if (QMenuBar* bar = menuBar())
         for (QAction* action : bar->actions())
-            if (action->menu() && action->menu()->title() == title)
+            if (action->menu() && action->menu()->title() == title && !hv::isOwnPartName(action->menu()->objectName()))
                 return action->menu();
     return nullptr;
 }

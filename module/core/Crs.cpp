@@ -2,6 +2,7 @@
 
 #include "module/Bindings.h"
 #include "runtime/Errors.h"
+#include "runtime/TextConversion.h"
 
 #include <boost/python.hpp>
 
@@ -23,11 +24,16 @@ Crs fromWtk(const bp::object& text)
     return crs;
 }
 
+Crs fromState(const bp::object& description)
+{
+    return fromWtk(unicodeText(textFromState(description)));
+}
+
 /// The description is the whole state. A static method has no name of its own to be pickled under.
 bp::object reduce(const bp::object& self)
 {
     const Crs& crs = bp::extract<const Crs&>(self);
-    return bp::make_tuple(bp::import("operator").attr("methodcaller")("fromWtk", unicodeText(crs.toWkt())),
+    return bp::make_tuple(bp::import("operator").attr("methodcaller")("_fromState", textState(crs.toWkt())),
                           bp::make_tuple(self.attr("__class__")));
 }
 
@@ -43,6 +49,9 @@ void bindCrs()
              "Raises TypeError when text is not a str, ValueError with the reason when it can not be read or describes "
              "something else.")
         .staticmethod("fromWtk")
+        .def("_fromState", fromState, bp::args("description"),
+             "_fromState(description: bytes) -> Crs\n\nFor pickle and copy.")
+        .staticmethod("_fromState")
         .add_property(
             "area", &Crs::area,
             "Rect2D: Area of use in degrees: left = west, top = south, right = east, bottom = north; all zero "

@@ -2,6 +2,7 @@
 #include "module/core/ImageMemory.h"
 #include "module/core/PixelAccess.h"
 #include "module/core/Reconstruction.h"
+#include "runtime/TextConversion.h"
 
 #include <cstdio>
 #include <new>
@@ -37,8 +38,8 @@ ImagePointer makeImage(int width, int height, const bp::object& name)
 
 bp::object toStr(const Image2d& image)
 {
-    return unicodeText(QStringLiteral("strativo_python.Image2d: name = '%1', width = %2, height = %3")
-                           .arg(image.name(), QString::number(image.width()), QString::number(image.height())));
+    return textObject(QStringLiteral("strativo_python.Image2d: name = '%1', width = %2, height = %3")
+                          .arg(image.name(), QString::number(image.width()), QString::number(image.height())));
 }
 
 void clear(Image2d& image)
@@ -86,15 +87,18 @@ bp::object reduce(const bp::object& self)
     const Image2d& image = bp::extract<const Image2d&>(self);
     const bp::object pixels =
         owned(PyBytes_FromStringAndSize(reinterpret_cast<const char*>(image.data()), image.byteSize()));
-    return reduction(self, bp::make_tuple(image.width(), image.height(), unicodeText(image.name()), pixels));
+    return reduction(self, bp::make_tuple(image.width(), image.height(), textState(image.name()), pixels));
 }
 
 void setState(const bp::object& self, const bp::object& state)
 {
     const bp::tuple values = restoredValues(self, state, 4);
     const bp::object imageClass{bp::handle<>(bp::borrowed(reinterpret_cast<PyObject*>(HeldInstance<Image2d>::type())))};
-    imageClass.attr("__init__")(self, bp::object(values[0]), bp::object(values[1]), bp::object(values[2]));
-    restorePixels(bp::extract<Image2d&>(self)(), values[3]);
+    const QString name = textFromState(values[2]);
+    imageClass.attr("__init__")(self, bp::object(values[0]), bp::object(values[1]));
+    Image2d& image = bp::extract<Image2d&>(self);
+    image.setName(name);
+    restorePixels(image, values[3]);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "module/core/ImageMemory.h"
 #include "module/core/PixelAccess.h"
 #include "module/core/Reconstruction.h"
+#include "runtime/TextConversion.h"
 
 #include <cstdio>
 #include <new>
@@ -41,10 +42,10 @@ ImagePointer makeImage(int width, int height, int length)
 
 bp::object toStr(const Image3d& image)
 {
-    return unicodeText(QStringLiteral("strativo_python.Image3d, width = %1, height = %2, length = %3")
-                           .arg(image.width())
-                           .arg(image.height())
-                           .arg(image.length()));
+    return textObject(QStringLiteral("strativo_python.Image3d, width = %1, height = %2, length = %3")
+                          .arg(image.width())
+                          .arg(image.height())
+                          .arg(image.length()));
 }
 
 void clear(Image3d& image)
@@ -159,7 +160,7 @@ bp::object reduce(const bp::object& self)
     const Image3d& image = bp::extract<const Image3d&>(self);
     const bp::object pixels =
         owned(PyBytes_FromStringAndSize(reinterpret_cast<const char*>(image.data()), image.byteSize()));
-    return reduction(self, bp::make_tuple(image.width(), image.height(), image.length(), unicodeText(image.name()),
+    return reduction(self, bp::make_tuple(image.width(), image.height(), image.length(), textState(image.name()),
                                           image.blocSpace(), pixels));
 }
 
@@ -169,7 +170,7 @@ void setState(const bp::object& self, const bp::object& state)
     const bp::object imageClass{bp::handle<>(bp::borrowed(reinterpret_cast<PyObject*>(HeldInstance<Image3d>::type())))};
     imageClass.attr("__init__")(self, bp::object(values[0]), bp::object(values[1]), bp::object(values[2]));
     Image3d& image = bp::extract<Image3d&>(self);
-    image.setName(bp::extract<QString>(values[3]));
+    image.setName(textFromState(values[3]));
     setBlockSpace(image, bp::extract<const BlocSpace&>(values[4]));
     restorePixels(image, values[5]);
 }

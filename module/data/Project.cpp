@@ -2,6 +2,7 @@
 #include "module/data/ProjectDirectories.h"
 #include "module/data/ProjectHandle.h"
 #include "runtime/Errors.h"
+#include "runtime/TextConversion.h"
 
 #include <boost/python.hpp>
 
@@ -20,7 +21,7 @@ constexpr const char* g_expectedKind = "Project, expected 'ObjectId' but got '%s
 
 bp::object path(const ProjectHandle& self)
 {
-    return unicodeText(self.get().path());
+    return textObject(self.get().path());
 }
 
 bp::object crs(const ProjectHandle& self)
@@ -67,7 +68,7 @@ bp::object getFilename(const ProjectHandle& self, const bp::object& kind, const 
     const QString filename = project.filename(id, text);
     if (filename.isEmpty())
         raise(PyExc_ValueError, "Project, '%s' cannot be the name of an object", text.toUtf8().constData());
-    return unicodeText(filename);
+    return textObject(filename);
 }
 
 QString newFilename(HVProject& project, ObjectKind kind, const QString& name)
@@ -85,14 +86,14 @@ bp::object getNewFilename(const ProjectHandle& self, const bp::object& kind, con
 {
     HVProject& project = self.get();
     const ObjectKind id = requireObjectKind(kind, g_expectedKind);
-    return unicodeText(newFilename(project, id, requireStr(name, g_expectedStr)));
+    return textObject(newFilename(project, id, requireStr(name, g_expectedStr)));
 }
 
 bp::object getDefaultFilename(const ProjectHandle& self, const bp::object& kind)
 {
     HVProject& project = self.get();
     const ObjectKind id = requireObjectKind(kind, g_expectedKind);
-    return unicodeText(newFilename(project, id, QString::fromLatin1(objectKindInfo(id).singular)));
+    return textObject(newFilename(project, id, QString::fromLatin1(objectKindInfo(id).singular)));
 }
 
 bp::object icon(const ProjectHandle& self, const bp::object& kind)

@@ -1,6 +1,7 @@
 #include "module/data/ProjectDirectories.h"
 
 #include "runtime/Errors.h"
+#include "runtime/TextConversion.h"
 
 #include <boost/python.hpp>
 
@@ -137,7 +138,7 @@ bp::object textList(const QStringList& texts)
 {
     const bp::object list = owned(PyList_New(texts.size()));
     for (int i = 0; i < texts.size(); ++i)
-        PyList_SET_ITEM(list.ptr(), i, bp::incref(unicodeText(texts[i]).ptr()));
+        PyList_SET_ITEM(list.ptr(), i, bp::incref(textObject(texts[i]).ptr()));
     return list;
 }
 

@@ -1,6 +1,8 @@
 #include "module/Bindings.h"
+#include "module/gui/CheckedSetter.h"
 #include "module/gui/ColorArgument.h"
 #include "runtime/Errors.h"
+#include "runtime/TextConversion.h"
 
 #include <boost/python.hpp>
 
@@ -43,12 +45,12 @@ bp::object written(const bp::object& self)
 {
     const QColor& color = bp::extract<const QColor&>(self);
     const QString alpha = color.alpha() == 255 ? QString() : QStringLiteral(", %1").arg(color.alpha());
-    return unicodeText(QStringLiteral("%1(%2, %3, %4%5)")
-                           .arg(typeName(self))
-                           .arg(color.red())
-                           .arg(color.green())
-                           .arg(color.blue())
-                           .arg(alpha));
+    return textObject(QStringLiteral("%1(%2, %3, %4%5)")
+                          .arg(typeName(self))
+                          .arg(color.red())
+                          .arg(color.green())
+                          .arg(color.blue())
+                          .arg(alpha));
 }
 
 /// The components as they are stored, in 16 bits each.
@@ -121,14 +123,16 @@ void bindColor()
         .def("__init__", bp::make_constructor(copyColor, bp::default_call_policies(), bp::arg("color")),
              "Color(color: Color | Colors | str | tuple[int, ...]) -> None\n\nThe same colour. A name is \"#rgb\", "
              "\"#rrggbb\", \"#aarrggbb\" or one of SVG's. Raises ValueError for a name that is no colour.")
-        .add_property("red", &QColor::red, setRed, "int: Red, 0 to 255.")
-        .add_property("redF", &QColor::redF, setRedF, "float: Red, 0 to 1.")
-        .add_property("blue", &QColor::blue, setBlue, "int: Blue, 0 to 255.")
-        .add_property("blueF", &QColor::blueF, setBlueF, "float: Blue, 0 to 1.")
-        .add_property("green", &QColor::green, setGreen, "int: Green, 0 to 255.")
-        .add_property("greenF", &QColor::greenF, setGreenF, "float: Green, 0 to 1.")
-        .add_property("alpha", &QColor::alpha, setAlpha, "int: Opacity, 0 (clear) to 255 (opaque).")
-        .add_property("alphaF", &QColor::alphaF, setAlphaF, "float: Opacity, 0 (clear) to 1 (opaque).")
+        .add_property("red", &QColor::red, checkedSetter("Color.red", setRed), "int: Red, 0 to 255.")
+        .add_property("redF", &QColor::redF, checkedSetter("Color.redF", setRedF), "float: Red, 0 to 1.")
+        .add_property("blue", &QColor::blue, checkedSetter("Color.blue", setBlue), "int: Blue, 0 to 255.")
+        .add_property("blueF", &QColor::blueF, checkedSetter("Color.blueF", setBlueF), "float: Blue, 0 to 1.")
+        .add_property("green", &QColor::green, checkedSetter("Color.green", setGreen), "int: Green, 0 to 255.")
+        .add_property("greenF", &QColor::greenF, checkedSetter("Color.greenF", setGreenF), "float: Green, 0 to 1.")
+        .add_property("alpha", &QColor::alpha, checkedSetter("Color.alpha", setAlpha),
+                      "int: Opacity, 0 (clear) to 255 (opaque).")
+        .add_property("alphaF", &QColor::alphaF, checkedSetter("Color.alphaF", setAlphaF),
+                      "float: Opacity, 0 (clear) to 1 (opaque).")
         .add_property(
             "name",
             +[](const QColor& self) { return self.name(self.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb); },

@@ -168,7 +168,7 @@ void removeItem(const Handle<QComboBox>& handle, const bp::object& index)
 bp::object itemTextAt(const Handle<QComboBox>& handle, const bp::object& index)
 {
     const int number = requireIndex(handle, index, "ComboBox.itemText()");
-    return unicodeText(handle.get().itemText(number));
+    return textObject(handle.get().itemText(number));
 }
 
 bp::object itemDataAt(const Handle<QComboBox>& handle, const bp::object& index)

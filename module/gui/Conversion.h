@@ -4,6 +4,7 @@
 #include "module/gui/IconHandle.h"
 #include "runtime/Errors.h"
 #include "runtime/NumberArguments.h"
+#include "runtime/TextConversion.h"
 #include "runtime/ValueInstance.h"
 
 #include <boost/python.hpp>
@@ -37,7 +38,7 @@ inline PyObject* toPython(double value)
 }
 inline PyObject* toPython(const QString& text)
 {
-    return boost::python::incref(unicodeText(text).ptr());
+    return textToPython(text);
 }
 inline PyObject* toPython(const QIcon& icon)
 {

@@ -1,5 +1,7 @@
 #include "module/Bindings.h"
+#include "module/gui/CheckedSetter.h"
 #include "runtime/Errors.h"
+#include "runtime/TextConversion.h"
 
 #include <boost/python.hpp>
 
@@ -43,7 +45,7 @@ void setWeight(QFont& self, int weight)
 
 bp::object family(const QFont& self)
 {
-    return unicodeText(self.family());
+    return textObject(self.family());
 }
 
 QFont* makeFont(const QString& family, const bp::object& pointSize, bool bold, bool italic, bool underline)
@@ -77,12 +79,12 @@ struct FontState : bp::pickle_suite
 {
     static bp::tuple getstate(const bp::object& self)
     {
-        return bp::make_tuple(unicodeText(bp::extract<const QFont&>(self)().toString()), self.attr("__dict__"));
+        return bp::make_tuple(textState(bp::extract<const QFont&>(self)().toString()), self.attr("__dict__"));
     }
     static void setstate(const bp::object& self, const bp::tuple& state)
     {
         QFont font;
-        if (!font.fromString(bp::extract<QString>(state[0])()))
+        if (!font.fromString(textFromState(state[0])))
             raise(PyExc_ValueError, "Font.__setstate__(), expected a description of a font");
         QFont& restored = bp::extract<QFont&>(self);
         restored = font;
@@ -104,20 +106,22 @@ void bindFont()
              "Font(family: str = '', pointSize: float | None = None, bold: bool = False, italic: bool = False, "
              "underline: bool = False) -> None\n\nWithout a family or a size, that of the application's font. Raises "
              "ValueError for a size of 0 or less.")
-        .add_property(
-            "family", family, +[](QFont& self, const QString& name) { self.setFamily(name); },
-            "str: The name of the family, as asked for.")
-        .add_property("pointSize", &QFont::pointSize, setPointSize,
+        .add_property("family", family, checkedSetter("Font.family", &QFont::setFamily),
+                      "str: The name of the family, as asked for.")
+        .add_property("pointSize", &QFont::pointSize, checkedSetter("Font.pointSize", setPointSize),
                       "int: The size in points, rounded; -1 when it is given in pixels.")
-        .add_property("pointSizeF", &QFont::pointSizeF, setPointSizeF,
+        .add_property("pointSizeF", &QFont::pointSizeF, checkedSetter("Font.pointSizeF", setPointSizeF),
                       "float: The size in points; -1 when it is given in pixels.")
-        .add_property("pixelSize", &QFont::pixelSize, setPixelSize,
+        .add_property("pixelSize", &QFont::pixelSize, checkedSetter("Font.pixelSize", setPixelSize),
                       "int: The size in pixels; -1 when it is given in points.")
-        .add_property("bold", &QFont::bold, &QFont::setBold, "bool: Heavier than normal. Setting it sets weight.")
-        .add_property("italic", &QFont::italic, &QFont::setItalic, "bool: Slanted.")
-        .add_property("underline", &QFont::underline, &QFont::setUnderline, "bool: Underlined.")
-        .add_property("strikeOut", &QFont::strikeOut, &QFont::setStrikeOut, "bool: Struck through.")
-        .add_property("weight", &QFont::weight, setWeight,
+        .add_property("bold", &QFont::bold, checkedSetter("Font.bold", &QFont::setBold),
+                      "bool: Heavier than normal. Setting it sets weight.")
+        .add_property("italic", &QFont::italic, checkedSetter("Font.italic", &QFont::setItalic), "bool: Slanted.")
+        .add_property("underline", &QFont::underline, checkedSetter("Font.underline", &QFont::setUnderline),
+                      "bool: Underlined.")
+        .add_property("strikeOut", &QFont::strikeOut, checkedSetter("Font.strikeOut", &QFont::setStrikeOut),
+                      "bool: Struck through.")
+        .add_property("weight", &QFont::weight, checkedSetter("Font.weight", setWeight),
                       "int: How heavy, 0 to 99: 25 light, 50 normal, 63 demi-bold, 75 bold, 87 black.")
         .def("__repr__", written, "__repr__() -> str")
         .def(bp::self == bp::self)

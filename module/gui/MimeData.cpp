@@ -1,6 +1,7 @@
 #include "module/Bindings.h"
 #include "module/gui/MimeContent.h"
 #include "runtime/Errors.h"
+#include "runtime/TextConversion.h"
 
 #include <boost/python.hpp>
 
@@ -13,7 +14,7 @@ namespace {
 template <std::optional<QString> MimeContent::*member>
 bp::object textOf(const MimeContent& self)
 {
-    return unicodeText((self.*member).value_or(QString()));
+    return textObject((self.*member).value_or(QString()));
 }
 
 template <std::optional<QString> MimeContent::*member>
@@ -39,7 +40,7 @@ bp::list objectFilenames(const MimeContent& self)
 {
     bp::list names;
     for (const MimeContent::Object& object : self.objects)
-        names.append(unicodeText(object.filename));
+        names.append(textObject(object.filename));
     return names;
 }
 bp::list objectIds(const MimeContent& self)

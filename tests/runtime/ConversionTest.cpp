@@ -1,9 +1,11 @@
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/TextSetting.h"
 #include "tests/runtime/RuntimeFixture.h"
 
 #include <boost/python.hpp>
 
+#include <QSettings>
 #include <QVariant>
 
 namespace bp = boost::python;
@@ -57,7 +59,8 @@ TEST_F(ConversionTest, TextGoesInWholeAndComesOutThroughLatin1)
 {
     EXPECT_TRUE(run("class S(str): pass\nsetText(S('gr\\u00fc\\u00df \\u6c34 \\U0001f30b'))"));
     EXPECT_EQ(g_text, QString::fromUtf8("gr\xC3\xBC\xC3\x9F \xE6\xB0\xB4 \xF0\x9F\x8C\x8B"));
-    EXPECT_EQ(errorOf("g = getText()").rfind("UnicodeDecodeError: 'utf-8' codec can't decode byte 0xfc", 0), 0U);
+    EXPECT_FALSE(run("g = getText()"));
+    EXPECT_NE(recorder.textOf(6).find("UnicodeDecodeError: 'utf-8' codec can't decode byte 0xfc"), std::string::npos);
     g_text = QString::fromUtf8("plain \xE6\xB0\xB4");
     EXPECT_TRUE(run("print(getText())"));
     EXPECT_EQ(recorder.textOf(5), "plain ?\n");
@@ -67,6 +70,27 @@ TEST_F(ConversionTest, TextGoesInWholeAndComesOutThroughLatin1)
     EXPECT_NE(recorder.textOf(6).find("UnicodeEncodeError"), std::string::npos);
     EXPECT_NE(recorder.textOf(6).find("ArgumentError"), std::string::npos);
     EXPECT_FALSE(run("setText(b'bytes')"));
+}
+
+TEST_F(ConversionTest, TheSwitchForWholeTextsIsKeptAndNamedByTheError)
+{
+    g_text = QString::fromUtf8("gr\xC3\xBC\xC3\x9F \xE6\xB0\xB4");
+    g_variant = g_text;
+    EXPECT_FALSE(run("getText()"));
+    EXPECT_NE(recorder.textOf(6).find("Settings > Python > Whole Unicode texts"), std::string::npos);
+    EXPECT_NE(recorder.textOf(6).find("strativo run --unicode-text"), std::string::npos);
+
+    python::storeTextSetting(true);
+    EXPECT_TRUE(QSettings().value("Python/unicode-text").toBool());
+    recorder.posts.clear();
+    EXPECT_TRUE(run("print(getText() == getVariant() == 'gr\u00fc\u00df \u6c34')"));
+    EXPECT_EQ(recorder.textOf(5), "True\n");
+
+    python::setTextsWhole(false);
+    python::readTextSetting();
+    EXPECT_TRUE(python::areTextsWhole());
+    python::storeTextSetting(false);
+    EXPECT_FALSE(run("getVariant()"));
 }
 
 TEST_F(ConversionTest, VariantsTakeFourTypesAndBoolArrivesAsInt)

@@ -5,6 +5,7 @@
 #include "host/services/IAppWrapper.h"
 #include "runtime/CodeEditor.h"
 #include "runtime/HVPythonExecutionContext.h"
+#include "runtime/TextSetting.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -105,6 +106,8 @@ public:
 class RuntimeTest : public testing::Test
 {
 protected:
+    RuntimeTest() { python::setTextsWhole(false); }
+
     bool run(const char* code, python::CodeEditor* forEditor = nullptr)
     {
         return context().executePythonCode(QString::fromUtf8(code), forEditor, QStringLiteral("script.py"));

@@ -1214,8 +1214,10 @@ class Rectangle:
     def __eq__(self, other: object) -> bool: ...
     def __ne__(self, other: object) -> bool: ...
     def __repr__(self) -> str: ...
-    def contains(self, point: Point | tuple[int, int]) -> bool:
-        """True when the pixel is one of the rectangle's. Raises TypeError."""
+    def contains(self, point: Point | tuple[int, int], proper: bool = False) -> bool:
+        """True when the pixel is one of the rectangle's; with `proper` those on its edges do not count. Raises
+        TypeError.
+        """
     @property
     def topLeft(self) -> Point:
         """The first pixel. Setting it moves the left and the top edge."""
@@ -2042,17 +2044,17 @@ class RadioButton(_QRadioButton):
 
 class _QComboBox(_QWidget):
     """What boxes with a list of choices have. Items are counted from 0."""
-    def addItem(self, text: str, icon: Icon = None, userData: bool | int | float | str | ObjectId = None) -> None:
-        """A new item at the end. `userData` comes back from currentData as it was given. The first item of an empty box
-        becomes the chosen one.
+    def addItem(self, text: str, icon: Icon = None, userData: int | float | str = None) -> None:
+        """A new item at the end. `userData` comes back from currentData as a plain int, float or str: True as 1, an
+        enumeration's value as its number. The first item of an empty box becomes the chosen one.
 
-        Raises TypeError.
+        Raises TypeError, and OverflowError for an int beyond 64 bits.
         """
-    def insertItem(self, index: int, text: str, icon: Icon = None, userData: bool | int | float | str | ObjectId = None) -> None:
+    def insertItem(self, index: int, text: str, icon: Icon = None, userData: int | float | str = None) -> None:
         """The same before the item `index`, or at the end when that is the number of items. The chosen item stays
         chosen.
 
-        Raises TypeError, and IndexError beyond the end.
+        Raises TypeError, OverflowError, and IndexError beyond the end.
         """
     def addItems(self, texts: Iterable[str]) -> None:
         """New items at the end, in half the time of one by one.
@@ -2074,8 +2076,8 @@ class _QComboBox(_QWidget):
 
         Raises TypeError, IndexError.
         """
-    def itemData(self, index: int) -> object:
-        """The userData of an item.
+    def itemData(self, index: int) -> int | float | str | None:
+        """The userData of an item; None for nothing.
 
         Raises TypeError, IndexError.
         """
@@ -2100,7 +2102,7 @@ class _QComboBox(_QWidget):
     @currentIndex.setter
     def currentIndex(self, value: int) -> None: ...
     @property
-    def currentData(self) -> object:
+    def currentData(self) -> int | float | str | None:
         """What the chosen item has as its userData; None for nothing."""
     @property
     def count(self) -> int:
@@ -3297,6 +3299,9 @@ class Crs:
         Raises TypeError when text is not a str, ValueError with the reason when it can not be read or describes
         something else.
         """
+    @staticmethod
+    def _fromState(description: bytes) -> Crs:
+        """For pickle and copy."""
     @property
     def area(self) -> Rect2D:
         """Area of use in degrees: left = west, top = south, right = east, bottom = north; all zero when unknown.
@@ -3404,11 +3409,13 @@ class _HVImageBaseFloat:
         """
     @overload
     def fill(self, buffer: Buffer) -> None:
-        """Copies the pixels, x fastest, from an object with the buffer protocol that has as many items: FloatArray,
-        array.array, a NumPy array of shape (size,), (height, width) or (length, height, width). Integers, bool and
-        floats of any width, byte order and memory layout are converted; bytes are numbers from 0 to 255.
+        """Copies the pixels, x fastest, from an object with the buffer protocol: one row of as many items (FloatArray,
+        array.array, a NumPy array of shape (size,)), or a NumPy array of shape (height, width), for an Image3d
+        (length, height, width). Integers, bool and floats of any width, byte order and memory layout are converted;
+        bytes are numbers from 0 to 255.
 
-        Raises RuntimeError when the count differs or the items are no real numbers; the image then keeps its pixels.
+        Raises RuntimeError when the count or the shape differs or the items are no real numbers; the image then
+        keeps its pixels.
         """
     @property
     def minValue(self) -> float:

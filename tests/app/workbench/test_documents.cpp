@@ -141,7 +141,7 @@ TEST_F(Documents, menusHaveTheirTitlesAndEveryCommandItsTip)
     QStringList titles;
     for (QAction* top : window.menuBar()->actions())
         titles << top->text();
-    EXPECT_EQ(titles.join(' '), QStringLiteral("File Edit View Modules Tools Window Help Extensions"));
+    EXPECT_EQ(titles.join(' '), QStringLiteral("File Edit View Modules Tools Settings Window Help Extensions"));
     for (QAction* action : window.findChildren<QAction*>()) {
         const QString keys = action->shortcut().toString(QKeySequence::NativeText);
         EXPECT_TRUE(action->toolTip().contains(keys)) << action->text().toStdString();

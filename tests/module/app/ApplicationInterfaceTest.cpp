@@ -92,6 +92,7 @@ TEST_F(Application, queries)
 
 TEST_F(Application, menus)
 {
+    python::setTextsWhole(true);
     EXPECT_EQ(errorOf("addMainWindowMenu('M')"),
               "RuntimeError: addMainWindowMenu() can only be executed from the context of a plugin");
     EXPECT_EQ(errorOf("removeMainWindowMenu('Help')"),
@@ -103,6 +104,10 @@ TEST_F(Application, menus)
     EXPECT_EQ(errorOf("removeMainWindowMenu('Help')", true),
               "RuntimeError: 'Help' is a reserved menu name and can not be removed");
     EXPECT_EQ(evaluate("getMainWindowMenu('help')"), "None");
+    window.menuBar()->addMenu("Own")->setObjectName(hv::ownPartName("own"));
+    EXPECT_EQ(evaluate("getMainWindowMenu('Own')"), "None");
+    ASSERT_TRUE(inPlugin("own = removeMainWindowMenu('Own')"));
+    EXPECT_EQ(evaluate("plugin.own"), "False");
 
     ASSERT_TRUE(inPlugin("m = addMainWindowMenu('Velocit\u00e4t')\n"
                          "same = addMainWindowMenu('Velocit\u00e4t') is m\n"
@@ -242,12 +247,24 @@ TEST_F(Application, boxesAndChoosers)
     }
     const QString file = folder.filePath("\u00e4.txt");
     writeFile(file, "");
-    whenModal<QFileDialog>([&](QFileDialog& dialog) {
-        seen = dialog.windowTitle();
-        dialog.setDirectory(folder.path());
-        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(file);
-        static_cast<QDialog&>(dialog).accept();
-    });
+    const auto choose = [&] {
+        whenModal<QFileDialog>([&](QFileDialog& dialog) {
+            seen = dialog.windowTitle();
+            dialog.setDirectory(folder.path());
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(file);
+            static_cast<QDialog&>(dialog).accept();
+        });
+    };
+    choose();
+    EXPECT_FALSE(run("getFile('Pick')"));
+    EXPECT_NE(recorder.textOf(6).find("UnicodeDecodeError"), std::string::npos);
+    recorder.posts.clear();
+    choose();
+    EXPECT_FALSE(run("getFiles('Pick')"));
+    EXPECT_NE(recorder.textOf(6).find("UnicodeDecodeError"), std::string::npos);
+    recorder.posts.clear();
+    python::setTextsWhole(true);
+    choose();
     EXPECT_EQ(evaluate("getFile('Pick')"), file.toStdString());
     EXPECT_EQ(seen, "Pick");
     whenModal<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });

@@ -18,6 +18,7 @@ class ProjectBinding : public fixture::RuntimeTest
 protected:
     void SetUp() override
     {
+        python::setTextsWhole(true);
         QString error;
         project = HVProject::create(temporary.filePath(QStringLiteral("Pr\u00f6ject")), QString(), &error);
         ASSERT_TRUE(project) << error.toStdString();

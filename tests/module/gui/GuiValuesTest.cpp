@@ -6,6 +6,7 @@
 #include "module/gui/MimeContent.h"
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/TextConversion.h"
 #include "tests/runtime/RuntimeFixture.h"
 
 #include <boost/python.hpp>
@@ -30,6 +31,7 @@ bp::object pythonValue(const char* expression)
 
 TEST_F(GuiValues, DraggedObjectsOutliveTheDrag)
 {
+    python::setTextsWhole(true);
     const QTemporaryDir folder;
     const auto project = HVProject::create(folder.filePath("p"), QString(), nullptr);
     ASSERT_TRUE(project);

@@ -99,6 +99,7 @@ else:
 
 TEST_F(ToolkitTest, choicesFollowTheProjectAndTellNoneWhenItGoes)
 {
+    python::setTextsWhole(true);
     const QTemporaryDir folder;
     HVProjectService projects;
     check(g_setUp);
