@@ -52,12 +52,13 @@ class Projects(RunnerCase):
         folder = self.folder / "a \u00e9 \"project\""
         code = "import strativo_python as s; print(s.hasProject(), s.getProject().path)"
         for _ in range(2):
-            self.expect(strativo("--project", str(folder), "-c", code), 0, "True %s\n" % folder, "")
+            self.expect(strativo("--unicode-text", "--project", str(folder), "-c", code), 0, "True %s\n" % folder, "")
+        self.expect(strativo("--project", str(folder), "-c", code), 1, "", "strativo run --unicode-text")
         self.expect(strativo("-c", "import strativo_python as s; print(s.hasProject(), s.getProject())"), 0, "False None\n")
         (folder / "project.strativo").write_text('{"version": "9.0"}')
         self.expect(strativo("--project", str(folder), "-c", code), 2, "", "later version of Strativo")
         (folder / "project.strativo").unlink()
-        self.expect(strativo("--project", str(folder), "-c", code), 0, None, "")
+        self.expect(strativo("--project", str(folder), "-c", "pass"), 0, None, "")
         self.script("x = 1")
         self.expect(strativo("--project", str(self.folder), "-c", code), 2, "", "is not a project")
         self.expect(strativo("--project", str(self.folder / "script.py" / "x"), "-c", code), 2, "", "Unable to create")
