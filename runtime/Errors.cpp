@@ -1,5 +1,6 @@
 #include "runtime/Errors.h"
 
+#include "runtime/AskedStop.h"
 #include "runtime/NumberArguments.h"
 #include "runtime/StreamCaptureBinding.h"
 
@@ -69,7 +70,7 @@ bp::object owned(PyObject* newReference)
 
 void printPendingError()
 {
-    if (!PyErr_Occurred())
+    if (!PyErr_Occurred() || reportAskedStop())
         return;
     // A script may have set sys.stderr to None or deleted it; its error report must reach the user all the same.
     PyObject* stderrObject = PySys_GetObject("stderr");

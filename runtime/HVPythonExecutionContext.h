@@ -18,6 +18,7 @@ enum class RunEnd
     NotRun,       ///< there was no code
     CompileError, ///< nothing of the script was executed
     Raised,
+    Stopped,       ///< the user asked for it
     ExitedZero,    ///< SystemExit whose code means success (None, 0)
     ExitedNonZero, ///< SystemExit with any other code
 };

@@ -3,6 +3,7 @@
 #include "host/services/HVEventBus.h"
 #include "host/services/IAppWrapper.h"
 #include "runtime/ApplicationInterface.h"
+#include "runtime/AskedStop.h"
 #include "runtime/CodeEditor.h"
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
@@ -228,6 +229,11 @@ RunEnd handleRunTimeError(CodeEditor* editor)
         reportSyntaxError(editor);
         PyGC_Collect();
         return RunEnd::Raised;
+    }
+
+    if (reportAskedStop()) {
+        PyGC_Collect();
+        return RunEnd::Stopped;
     }
 
     FetchedException exception;

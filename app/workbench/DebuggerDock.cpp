@@ -57,6 +57,7 @@ DebuggerDock::DebuggerDock(MainWindow& window)
     for (HVPythonTextEdit* editor : window.editors())
         addEditor(editor);
     connect(window.runIndicator(), &RunIndicator::stopAskedWhilePaused, m_debugger, &HVPythonDebugger::stop);
+    connect(m_debugger->commands().last(), &QAction::triggered, window.runIndicator(), &RunIndicator::noteStop);
     addCommands();
 }
 

@@ -77,6 +77,8 @@ MainMenus::MainMenus(MainWindow& window) : QObject(&window), m_window(window)
         for (QAction* action : qAsConst(m_editorActions))
             action->setEnabled(editor);
         m_run->setEnabled(editor && !m_window.runIndicator()->isRunning());
+        for (QAction* action : qAsConst(m_windowActions))
+            action->setEnabled(!m_window.workspace()->subWindowList().isEmpty());
     };
     connect(window.workspace(), &QMdiArea::subWindowActivated, this, update);
     connect(window.runIndicator(), &RunIndicator::runningChanged, this, update);
@@ -192,11 +194,12 @@ void MainMenus::makeViewMenu()
 void MainMenus::makeToolsMenu()
 {
     QMenu* menu = addMenu(tr("Tools"));
-    m_run = addAction(menu, "pythonrun24", tr("Run Script"), tr("F5"), tr("Run the script; F8 does so in its editor"),
-                      this, [this] {
-                          if (HVPythonTextEdit* editor = m_window.activeEditor())
-                              editor->execute();
-                      });
+    m_run = addAction(menu, "pythonrun24", tr("Run Script"), tr("F5"), tr("Run the script"), this, [this] {
+        if (HVPythonTextEdit* editor = m_window.activeEditor())
+            editor->execute();
+    });
+    m_run->setShortcuts({tr("F5"), tr("F8")});
+    m_run->setToolTip(tr("Run the script (F5, F8)"));
     menu->addAction(m_window.runIndicator()->stopAction());
 }
 
@@ -221,10 +224,10 @@ void MainMenus::makeWindowMenu()
     addAction(menu, "previous_24", tr("Previous"), tr("Ctrl+Shift+Tab"), tr("Go to the previous document"), area,
               &QMdiArea::activatePreviousSubWindow);
     menu->addSeparator();
-    addAction(menu, "close_16", tr("Close"), tr("Ctrl+W"), tr("Close the document"), area,
-              &QMdiArea::closeActiveSubWindow);
-    addAction(menu, "", tr("Close All"), tr("Ctrl+Shift+W"), tr("Close all documents"), area,
-              &QMdiArea::closeAllSubWindows);
+    addAction(menu, "close_16", tr("Close"), tr("Ctrl+W"), tr("Close the document"), &m_window,
+              &MainWindow::closeDocument);
+    addAction(menu, "", tr("Close All"), tr("Ctrl+Shift+W"), tr("Close all documents"), &m_window,
+              &MainWindow::closeAllDocuments);
     menu->addSeparator();
     m_windowActions = menu->actions();
     connect(menu, &QMenu::aboutToShow, this, [this, menu] { fillWindowList(menu); });
@@ -286,8 +289,6 @@ void MainMenus::fillWindowList(QMenu* menu)
     for (QAction* action : menu->actions())
         if (action->data().toBool())
             delete action;
-    for (QAction* action : qAsConst(m_windowActions))
-        action->setEnabled(!documents.isEmpty());
     for (QMdiSubWindow* document : documents) {
         QAction* action =
             menu->addAction(document->windowIcon(), document->windowTitle(), m_window.workspace(),

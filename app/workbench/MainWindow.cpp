@@ -3,11 +3,12 @@
 #include "app/workbench/EmptyWorkspace.h"
 #include "app/workbench/JobsDock.h"
 #include "app/workbench/MainMenus.h"
-#include "app/workbench/OpenScripts.h"
 #include "app/workbench/RecentScripts.h"
 #include "app/workbench/RunIndicator.h"
 #include "app/workbench/ScriptFiles.h"
+#include "app/workbench/ScriptName.h"
 #include "app/workbench/TabTips.h"
+#include "app/workbench/WindowTitle.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
 #include "host/jobs/JobManager.h"
@@ -17,13 +18,13 @@
 #include "host/widgets/HVPluginContributions.h"
 #include "host/widgets/HVProjectBrowser.h"
 
-#include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QScreen>
 #include <QStatusBar>
 #include <QTabBar>
@@ -38,7 +39,6 @@ const QString g_geometryKey = QStringLiteral("workbench/geometry");
 const QString g_stateKey = QStringLiteral("workbench/state");
 constexpr int g_stateVersion = 1;
 constexpr QSize g_preferredSize(1280, 860);
-constexpr int g_messageMilliseconds = 8000;
 
 } // namespace
 
@@ -48,7 +48,7 @@ MainWindow::MainWindow()
       m_messageDock(new QDockWidget(tr("Messages"))), m_projectDock(new QDockWidget(tr("Project"))),
       m_jobsDock(new JobsDock(*m_jobs, this)), m_toolBar(new QToolBar(tr("Main Tool Bar")))
 {
-    setWindowTitle(QStringLiteral("Strativo"));
+    m_title = std::make_unique<WindowTitle>(*this);
     setWindowIcon(HVIconStore::icon(QStringLiteral("horizon_24")));
     setObjectName(QStringLiteral("mainWindow"));
 
@@ -85,7 +85,7 @@ MainWindow::MainWindow()
     m_toolBar->setIconSize({20, 20});
     addToolBar(m_toolBar);
 
-    m_runIndicator = new RunIndicator(this, m_messages);
+    m_runIndicator = new RunIndicator(this, *m_title, m_messages);
     m_menus = new MainMenus(*this);
     m_runIndicator->setStopButton(m_toolBar->widgetForAction(m_runIndicator->stopAction()));
     connect(m_runIndicator, &RunIndicator::runningChanged, this, [this](bool running) {
@@ -134,6 +134,9 @@ QMdiSubWindow* MainWindow::addDocument(QWidget* widget)
 {
     QMdiSubWindow* document = m_workspace->addSubWindow(widget);
     document->setAttribute(Qt::WA_DeleteOnClose);
+    // The keys in the document's own menu are the Window menu's: a key with two owners is dead.
+    for (QAction* action : document->systemMenu()->actions())
+        action->setShortcutContext(Qt::WidgetShortcut);
     document->setWindowIcon(widget->windowIcon());
     connect(widget, &QWidget::windowIconChanged, document, &QWidget::setWindowIcon);
     document->installEventFilter(this);
@@ -172,14 +175,19 @@ void MainWindow::showEditor(HVPythonTextEdit& editor)
             m_workspace->setActiveSubWindow(document);
 }
 
-HVPythonTextEdit* MainWindow::addEditor()
+HVPythonTextEdit* MainWindow::addEditor(const QString& path)
 {
     auto* editor = new HVPythonTextEdit;
+    if (!path.isEmpty())
+        editor->loadFile(path);
     connect(editor, &HVPythonTextEdit::sendActionToMdi, this,
             [this](QObject* sender, QObject* target, const QString& action) {
                 m_dispatcher.dispatch(sender, target, action);
             });
-    addDocument(editor);
+    QMdiSubWindow* document = addDocument(editor);
+    const auto showTitle = [editor, document] { document->setWindowTitle(tabTitle(*editor)); };
+    connect(editor, &QWidget::windowTitleChanged, document, showTitle);
+    showTitle();
     editor->setFocus();
     Q_EMIT editorAdded(editor);
     return editor;
@@ -187,16 +195,15 @@ HVPythonTextEdit* MainWindow::addEditor()
 
 HVPythonTextEdit* MainWindow::newScript()
 {
-    return addEditor();
+    return addEditor(QString());
 }
 
 HVPythonTextEdit* MainWindow::openScript(const QString& path)
 {
     const QFileInfo info(path);
-    for (QMdiSubWindow* document : m_workspace->subWindowList()) {
-        auto* editor = qobject_cast<HVPythonTextEdit*>(document->widget());
-        if (editor && !editor->filename().isEmpty() && QFileInfo(editor->filename()) == info) {
-            m_workspace->setActiveSubWindow(document);
+    for (HVPythonTextEdit* editor : editors()) {
+        if (!editor->filename().isEmpty() && QFileInfo(editor->filename()) == info) {
+            showEditor(*editor);
             return editor;
         }
     }
@@ -209,8 +216,7 @@ HVPythonTextEdit* MainWindow::openScript(const QString& path)
         return nullptr;
     }
     file.close();
-    HVPythonTextEdit* editor = addEditor();
-    editor->loadFile(info.absoluteFilePath());
+    HVPythonTextEdit* editor = addEditor(info.absoluteFilePath());
     addRecentScript(path);
     return editor;
 }
@@ -248,7 +254,7 @@ bool MainWindow::saveUnder(HVPythonTextEdit& editor, const QString& path)
         editor.setFilename(before);
         return false;
     }
-    statusBar()->showMessage(tr("Saved %1").arg(path), g_messageMilliseconds);
+    tell(tr("Saved %1").arg(path));
     return true;
 }
 
@@ -267,41 +273,17 @@ void MainWindow::restoreLayout()
     restoreState(settings.value(g_stateKey).toByteArray(), g_stateVersion);
 }
 
-void MainWindow::closeEvent(QCloseEvent* event)
+void MainWindow::keepLayout() const
 {
-    // In an event loop of the script's own, which must end before its windows may go.
-    if (m_runIndicator->isRunning()) {
-        m_closeAfterRun = true;
-        // A paused script would wait for a command that no longer comes.
-        if (m_runIndicator->isPaused())
-            m_runIndicator->askToStop();
-        event->ignore();
-        return;
-    }
-    const QByteArray session = openScripts(*this);
-    m_workspace->closeAllSubWindows();
-    if (!m_workspace->subWindowList().isEmpty()) {
-        event->ignore();
-        return;
-    }
-    keepOpenScripts(session);
     QSettings settings;
     settings.setValue(g_geometryKey, saveGeometry());
     settings.setValue(g_stateKey, saveState(g_stateVersion));
-    event->accept();
 }
 
-bool MainWindow::eventFilter(QObject* receiver, QEvent* event)
+void MainWindow::tell(const QString& sentence) const
 {
-    // The script's own editor is in use during a run.
-    const auto* document = qobject_cast<QMdiSubWindow*>(receiver);
-    if (event->type() == QEvent::Close && m_runIndicator->isRunning() && document &&
-        qobject_cast<HVPythonTextEdit*>(document->widget())) {
-        statusBar()->showMessage(tr("A script is running; stop it first."), g_messageMilliseconds);
-        event->ignore();
-        return true;
-    }
-    return QMainWindow::eventFilter(receiver, event);
+    constexpr int milliseconds = 8000;
+    statusBar()->showMessage(sentence, milliseconds);
 }
 
 } // namespace workbench

@@ -24,6 +24,7 @@ class JobsDock;
 class MainMenus;
 class RunIndicator;
 class ScriptFiles;
+class WindowTitle;
 
 /// The application's main window: a tabbed document area, the message window in a dock, menus, tool bar and status
 /// bar. Cheap to make, since programs without a screen make one as well; what only a person sees comes with
@@ -48,12 +49,18 @@ public:
     QDockWidget* projectDock() const { return m_projectDock; }
     JobsDock* jobsDock() const { return m_jobsDock; }
     QToolBar* toolBar() const { return m_toolBar; }
+    WindowTitle& title() const { return *m_title; }
     RunIndicator* runIndicator() const { return m_runIndicator; }
     /// Where documents send their actions; the program adds the handlers.
     HVActionDispatcher& actionDispatcher() { return m_dispatcher; }
 
     /// Adds `widget` to the document area, which owns it from then on. The sub-window deletes itself when closed.
     QMdiSubWindow* addDocument(QWidget* widget);
+    /// The one in front, whichever window has the focus.
+    void closeDocument();
+    /// Asks once about all unsaved scripts. False when the user cancels, a script cannot be saved or a document of a
+    /// script or plug-in refuses: every script is there as before then.
+    bool closeAllDocuments();
     /// Closes and destroys all documents without asking.
     void destroyDocuments();
 
@@ -73,12 +80,16 @@ public:
 
     /// Geometry, docks and tool bars as they were left, and a sensible size the first time.
     void restoreLayout();
+    /// In the status bar, for some seconds.
+    void tell(const QString& sentence) const;
 
 Q_SIGNALS:
     /// Asked for in the project browser.
     void newProjectRequested();
     void openProjectRequested();
     void editorAdded(HVPythonTextEdit* editor);
+    /// The user has left; nothing of the application is on the screen any more.
+    void closed();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -86,7 +97,13 @@ protected:
 
 private:
     void fillProjectDock();
-    HVPythonTextEdit* addEditor();
+    bool saveScripts(const QList<HVPythonTextEdit*>& scripts);
+    bool settleUnsavedScripts();
+    bool closeSettledDocuments();
+    void closeOtherWindows();
+    void keepLayout() const;
+    /// Of a readable file, or of a new script when the path is empty.
+    HVPythonTextEdit* addEditor(const QString& path);
     bool saveUnder(HVPythonTextEdit& editor, const QString& path);
 
     HVProjectService* m_projects;
@@ -99,6 +116,7 @@ private:
     QDockWidget* m_projectDock;
     JobsDock* m_jobsDock;
     QToolBar* m_toolBar;
+    std::unique_ptr<WindowTitle> m_title;
     RunIndicator* m_runIndicator;
     MainMenus* m_menus;
     HVActionDispatcher m_dispatcher;

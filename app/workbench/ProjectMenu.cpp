@@ -2,6 +2,7 @@
 
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/NewProjectDialog.h"
+#include "app/workbench/WindowTitle.h"
 #include "host/data/HVProjectService.h"
 #include "host/services/HVEventBus.h"
 #include "host/services/HVIconStore.h"
@@ -104,7 +105,7 @@ void ProjectMenu::showTitle()
 {
     const HVProject* project = m_window.projects()->project();
     m_close->setEnabled(project);
-    m_window.setWindowTitle(project ? tr("%1 - Strativo").arg(project->name()) : QStringLiteral("Strativo"));
+    m_window.title().setProject(project ? project->name() : QString());
 }
 
 } // namespace workbench

@@ -1,5 +1,6 @@
 #include "app/workbench/RunIndicator.h"
 
+#include "app/workbench/WindowTitle.h"
 #include "host/services/HVIconStore.h"
 #include "host/widgets/HVMessageWindow.h"
 
@@ -19,10 +20,10 @@ constexpr qint64 g_longestSilence = 300; // milliseconds
 
 } // namespace
 
-RunIndicator::RunIndicator(QMainWindow* window, HVMessageWindow* messages)
-    : QObject(window), m_window(window), m_messages(messages),
+RunIndicator::RunIndicator(QMainWindow* window, WindowTitle& title, HVMessageWindow* messages)
+    : QObject(window), m_window(window), m_title(title), m_messages(messages),
       m_stop(new QAction(HVIconStore::icon(QStringLiteral("pythonstop24")), tr("Stop Script"), this)),
-      m_label(new QLabel), m_title(window->windowTitle())
+      m_label(new QLabel)
 {
     m_stop->setShortcut(tr("Shift+F5"));
     m_stop->setToolTip(tr("Stop the running script (Shift+F5, or Esc twice)"));
@@ -44,6 +45,7 @@ void RunIndicator::askToStop()
 {
     if (!m_running)
         return;
+    noteStop();
     if (m_paused) {
         Q_EMIT stopAskedWhilePaused();
         return;
@@ -61,7 +63,7 @@ void RunIndicator::setPaused(const QString& place)
         return;
     m_shown = true;
     m_window->statusBar()->clearMessage();
-    m_window->setWindowTitle(tr("%1 (paused)").arg(m_title));
+    m_title.setState(tr("paused"));
     m_label->setText(tr("Paused at %1. F5 goes on, F10 steps, Shift+F5 stops.").arg(place));
     m_label->show();
     m_messages->flush();
@@ -73,6 +75,7 @@ void RunIndicator::runStarted(const QString& fileName)
     m_clock.start();
     m_running = true;
     m_stopAsked = false;
+    m_stopped = false;
     m_input.forgetEscape();
     m_nextMessages = 0;
     m_stop->setEnabled(true);
@@ -98,7 +101,7 @@ void RunIndicator::showState()
     if (!m_shown) {
         m_shown = true;
         m_window->statusBar()->clearMessage();
-        m_window->setWindowTitle(tr("%1 (running)").arg(m_title));
+        m_title.setState(tr("running"));
         m_window->setCursor(Qt::BusyCursor);
         m_label->show();
     }
@@ -111,6 +114,7 @@ void RunIndicator::showState()
 void RunIndicator::runFinished()
 {
     m_running = false;
+    m_stopped = false;
     m_stop->setEnabled(false);
     hideState();
     Q_EMIT runningChanged(false);
@@ -122,7 +126,7 @@ void RunIndicator::hideState()
         return;
     m_label->hide();
     m_window->unsetCursor();
-    m_window->setWindowTitle(m_title);
+    m_title.setState(QString());
 }
 
 } // namespace workbench

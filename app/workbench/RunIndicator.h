@@ -13,6 +13,8 @@ class QMainWindow;
 
 namespace workbench {
 
+class WindowTitle;
+
 /// Shows that a script is running and lets the user stop it. GUI thread only.
 ///
 /// What takes less than a breath leaves no trace on the screen.
@@ -21,8 +23,8 @@ class RunIndicator final : public QObject, public IRunObserver
     Q_OBJECT
 
 public:
-    /// `window` owns the indicator; `messages` lives as long as the window.
-    RunIndicator(QMainWindow* window, HVMessageWindow* messages);
+    /// `window` owns the indicator; the others live as long as the window.
+    RunIndicator(QMainWindow* window, WindowTitle& title, HVMessageWindow* messages);
 
     /// Enabled during a run; asks for the script to be interrupted.
     QAction* stopAction() const { return m_stop; }
@@ -37,9 +39,12 @@ public:
     /// stop, see stopAskedWhilePaused().
     void setPaused(const QString& place);
     void askToStop();
+    /// The run under way ends because the user wants it to, whichever way that was said.
+    void noteStop() { m_stopped = true; }
 
     void runStarted(const QString& fileName) override;
     bool breathe() override;
+    bool stopWasAsked() const override { return m_stopped; }
     void runFinished() override;
 
 Q_SIGNALS:
@@ -54,6 +59,7 @@ private:
     void hideState();
 
     QMainWindow* m_window;
+    WindowTitle& m_title;
     HVMessageWindow* m_messages;
     QAction* m_stop;
     QLabel* m_label;
@@ -61,10 +67,10 @@ private:
     QElapsedTimer m_clock;
     qint64 m_nextMessages = 0; // on the clock, in milliseconds
     QString m_script;
-    const QString m_title; // of the window without a document's name, which the document area adds
     bool m_running = false;
     bool m_shown = false;
-    bool m_stopAsked = false;
+    bool m_stopAsked = false; // and not yet passed on
+    bool m_stopped = false;
     bool m_paused = false;
 };
 

@@ -9,21 +9,38 @@
 namespace workbench {
 
 namespace {
-constexpr const char* g_numberProperty = "strativoUnsavedNumber";
-}
 
-QString scriptName(const HVPythonTextEdit& editor)
+constexpr const char* g_numberProperty = "strativoUnsavedNumber";
+const QString g_titleWithoutFile = QStringLiteral("Python Editor");
+
+/// From 1; given to a script without a file when it is first asked for.
+int unsavedNumber(const HVPythonTextEdit& editor)
 {
-    if (!editor.filename().isEmpty())
-        return editor.filename();
     static int lastNumber = 0;
     // Kept with the editor: the name must stay the same as long as there is no file.
     auto& keeper = const_cast<HVPythonTextEdit&>(editor);
     if (!keeper.property(g_numberProperty).isValid())
         keeper.setProperty(g_numberProperty, ++lastNumber);
-    const int number = editor.property(g_numberProperty).toInt();
+    return editor.property(g_numberProperty).toInt();
+}
+
+} // namespace
+
+QString scriptName(const HVPythonTextEdit& editor)
+{
+    if (!editor.filename().isEmpty())
+        return editor.filename();
     const QString name = QCoreApplication::translate("workbench", "unsaved script");
+    const int number = unsavedNumber(editor);
     return number == 1 ? QStringLiteral("<%1>").arg(name) : QStringLiteral("<%1 %2>").arg(name).arg(number);
+}
+
+QString tabTitle(const HVPythonTextEdit& editor)
+{
+    QString title = editor.windowTitle();
+    if (editor.filename().isEmpty() && title.startsWith(g_titleWithoutFile) && unsavedNumber(editor) > 1)
+        title.insert(g_titleWithoutFile.size(), QStringLiteral(" %1").arg(unsavedNumber(editor)));
+    return title;
 }
 
 bool showsScript(const HVPythonTextEdit& editor, const QString& name)

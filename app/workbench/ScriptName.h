@@ -10,6 +10,9 @@ namespace workbench {
 /// no other editor has. Breakpoints and errors are found by it.
 QString scriptName(const HVPythonTextEdit& editor);
 
+/// The editor's title, with the number of that name where the title has only fixed words.
+QString tabTitle(const HVPythonTextEdit& editor);
+
 /// Whether code that runs under this name is the editor's.
 bool showsScript(const HVPythonTextEdit& editor, const QString& name);
 

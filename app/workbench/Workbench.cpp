@@ -6,9 +6,8 @@
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/OpenScripts.h"
 #include "app/workbench/PluginMenu.h"
-#include "app/workbench/RunIndicator.h"
 #include "app/workbench/RunProgress.h"
-#include "app/workbench/ScriptName.h"
+#include "app/workbench/ScriptRunner.h"
 #include "app/workbench/Theme.h"
 #include "editor/CompletionEngine.h"
 #include "editor/HVPythonTextEdit.h"
@@ -20,7 +19,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QMessageBox>
-#include <QStatusBar>
 #include <QTimer>
 
 #include <cstdio>
@@ -75,17 +73,6 @@ int refuseToStart(const QString& sentence)
     return g_statusNotStarted;
 }
 
-void execute(MainWindow& window, const HVPythonExecutionContext& context, HVPythonTextEdit& editor)
-{
-    if (window.runIndicator()->isRunning()) {
-        window.statusBar()->showMessage(MainWindow::tr("A script is running already."));
-        return;
-    }
-    const bool finished = context.executePythonCode(editor.plainText(), &editor, scriptName(editor));
-    window.statusBar()->showMessage(finished ? MainWindow::tr("The script has finished.")
-                                             : MainWindow::tr("The script has ended with an error; see the messages."));
-}
-
 int saveScreenshot(MainWindow& window, const QString& path)
 {
     window.messageWindow()->flush();
@@ -117,15 +104,12 @@ int run(int& argc, char** argv)
     int status = g_statusLeft;
     {
         const HVPythonExecutionContext context(&app);
-        window.actionDispatcher().setHandler(QStringLiteral("EXECUTE_PYTHON_IN_EDITOR"),
-                                             [&](QObject* /*sender*/, QObject* target) {
-                                                 if (auto* editor = qobject_cast<HVPythonTextEdit*>(target))
-                                                     execute(window, context, *editor);
-                                             });
+        const ScriptRunner runner(window, context);
         HVPythonPluginCollection plugins;
         PluginMenu pluginMenu(window, plugins);
         const auto debugger = std::make_unique<DebuggerDock>(window);
         plugins.followProjects(*window.projects());
+        QObject::connect(&window, &MainWindow::closed, &application, &QCoreApplication::quit);
         window.restoreLayout();
         window.show();
         if (!options.project.isEmpty())
@@ -155,7 +139,6 @@ int run(int& argc, char** argv)
         window.hide();
         window.destroyDocuments();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        window.actionDispatcher().setHandler(QStringLiteral("EXECUTE_PYTHON_IN_EDITOR"), {});
     }
     return status;
 }

@@ -23,6 +23,8 @@ public:
     virtual void runStarted(const QString& fileName) = 0;
     /// True asks for the script to be interrupted.
     virtual bool breathe() = 0;
+    /// Whether the run under way was told to end: its KeyboardInterrupt is then no error.
+    virtual bool stopWasAsked() const { return false; }
     virtual void runFinished() = 0;
 };
 

@@ -1,0 +1,301 @@
+// The workbench as the program puts it together: keys, menus, title and what is said about runs.
+#include "app/workbench/AppWrapper.h"
+#include "app/workbench/DebuggerDock.h"
+#include "app/workbench/MainWindow.h"
+#include "app/workbench/PluginMenu.h"
+#include "app/workbench/RunIndicator.h"
+#include "app/workbench/ScriptRunner.h"
+#include "editor/HVPythonDebugger.h"
+#include "editor/HVPythonTextEdit.h"
+#include "host/data/HVProjectService.h"
+#include "host/widgets/HVProjectBrowser.h"
+#include "plugins/HVPythonPluginCollection.h"
+#include "runtime/ApplicationInterface.h"
+#include "tests/runtime/RuntimeFixture.h"
+
+#include <QAction>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTemporaryDir>
+#include <QWindow>
+#include <QtTest>
+
+namespace {
+
+using namespace workbench;
+
+class WholeWorkbench : public fixture::RuntimeTest
+{
+protected:
+    WholeWorkbench()
+    {
+        python::setApplicationInterface(&application);
+        window.restoreLayout();
+        window.show();
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    ~WholeWorkbench() override
+    {
+        window.destroyDocuments();
+        python::setApplicationInterface(&app());
+    }
+
+    void openProject()
+    {
+        ASSERT_TRUE(HVProject::create(folder.filePath(QStringLiteral("Field")), QString(), nullptr));
+        ASSERT_TRUE(window.openProject(folder.filePath(QStringLiteral("Field"))));
+    }
+    /// The status bar's text after the run.
+    QString runText(const char* code)
+    {
+        HVPythonTextEdit* script = window.newScript();
+        script->setPlainText(QString::fromUtf8(code));
+        script->execute();
+        return window.statusBar()->currentMessage();
+    }
+    bool isAnyLineMarkedRed() const
+    {
+        const auto marks = window.activeEditor()->extraSelections();
+        return std::any_of(marks.begin(), marks.end(), [](const QTextEdit::ExtraSelection& mark) {
+            const QColor colour = mark.format.background().color();
+            return colour.red() > colour.green() && colour.red() > colour.blue() && colour.green() == colour.blue();
+        });
+    }
+
+    /// Every command of a menu and its sub-menus, filled as if the user looked.
+    static void collectCommands(QMenu* menu, QList<QAction*>& commands)
+    {
+        Q_EMIT menu->aboutToShow();
+        for (QAction* action : menu->actions()) {
+            if (action->menu())
+                collectCommands(action->menu(), commands);
+            else if (!action->isSeparator())
+                commands.append(action);
+        }
+        Q_EMIT menu->aboutToHide();
+    }
+    QList<QAction*> commands() const
+    {
+        QList<QAction*> all;
+        for (QAction* top : window.menuBar()->actions())
+            collectCommands(top->menu(), all);
+        return all;
+    }
+
+    /// Keys that two enabled commands of the window claim.
+    std::string contestedKeys() const
+    {
+        QMap<QString, QStringList> owners;
+        for (const QAction* action : window.findChildren<QAction*>())
+            if (action->isEnabled() && action->shortcutContext() != Qt::WidgetShortcut &&
+                action->shortcutContext() != Qt::WidgetWithChildrenShortcut)
+                for (const QKeySequence& keys : action->shortcuts())
+                    owners[keys.toString()] << action->text();
+        QStringList contested;
+        for (auto it = owners.cbegin(); it != owners.cend(); ++it)
+            if (it.value().size() > 1)
+                contested << it.key() + QStringLiteral(": ") + it.value().join(QStringLiteral(", "));
+        return contested.join(QStringLiteral("; ")).toStdString();
+    }
+
+    QTemporaryDir folder;
+    MainWindow window;
+    AppWrapper application{window};
+    ScriptRunner runner{window, context()};
+    HVPythonPluginCollection plugins;
+    PluginMenu pluginMenu{window, plugins};
+    DebuggerDock* dock = new DebuggerDock(window);
+};
+
+TEST_F(WholeWorkbench, everyKeyBelongsToOneCommandInEveryState)
+{
+    EXPECT_EQ(contestedKeys(), "") << "nothing open";
+    openProject();
+    window.newScript();
+    window.newScript();
+    EXPECT_EQ(contestedKeys(), "") << "documents open";
+    window.runIndicator()->runStarted(QStringLiteral("script.py"));
+    EXPECT_EQ(contestedKeys(), "") << "running";
+    window.runIndicator()->setPaused(QStringLiteral("line 1"));
+    dock->debugger()->setIsWaiting(true);
+    EXPECT_EQ(contestedKeys(), "") << "paused";
+    dock->debugger()->setIsWaiting(false);
+    window.runIndicator()->setPaused(QString());
+    window.runIndicator()->runFinished();
+}
+
+TEST_F(WholeWorkbench, everyKeyReachesItsCommandWhereverTheFocusIs)
+{
+    openProject();
+    window.newScript();
+    HVPythonTextEdit* script = window.newScript();
+    window.projectDock()->show();
+    // What the commands do is tested elsewhere; here it is counted.
+    QMap<QAction*, int> counts;
+    QMap<QAction*, QList<QKeySequence>> keys;
+    for (QAction* action : commands()) {
+        if (!action->isEnabled() || action->shortcut().isEmpty())
+            continue;
+        keys[action] = action->shortcuts();
+        action->setCheckable(false);
+        QObject::disconnect(action, &QAction::triggered, nullptr, nullptr);
+        QObject::connect(action, &QAction::triggered, action, [&counts, action] { ++counts[action]; });
+    }
+    EXPECT_GT(keys.size(), 25);
+    const auto press = [&](const QKeySequence& sequence) {
+        QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(sequence[0] & ~Qt::KeyboardModifierMask),
+                        Qt::KeyboardModifiers(sequence[0] & static_cast<int>(Qt::KeyboardModifierMask)));
+        QCoreApplication::processEvents();
+    };
+    // Fields of text have the keys of editing for themselves, and the editor those of its commands.
+    const QStringList editing{"Undo", "Redo", "Cut", "Copy", "Paste", "Select All"};
+    auto* filter = window.projectBrowser()->findChild<QLineEdit*>();
+    window.setFocusPolicy(Qt::StrongFocus);
+    for (QWidget* focus : std::initializer_list<QWidget*>{script, filter, &window}) {
+        for (auto it = keys.cbegin(); it != keys.cend(); ++it) {
+            QAction* action = it.key();
+            if (action->shortcutContext() == Qt::WidgetShortcut ||
+                (focus != &window && editing.contains(action->text())))
+                continue;
+            for (const QKeySequence& sequence : it.value()) {
+                focus->setFocus();
+                counts.clear();
+                press(sequence);
+                EXPECT_EQ(counts.value(action), 1)
+                    << action->text().toStdString() << ' ' << sequence.toString().toStdString() << " in "
+                    << focus->metaObject()->className();
+                EXPECT_LE(counts.size(), 1) << sequence.toString().toStdString();
+            }
+        }
+    }
+}
+
+TEST_F(WholeWorkbench, everyMenuCommandCanBeReached)
+{
+    QSet<QAction*> unreached;
+    const auto look = [&] {
+        for (QAction* action : commands())
+            if (action->isEnabled())
+                unreached.remove(action);
+    };
+    const QList<QAction*> all = commands();
+    unreached = {all.begin(), all.end()};
+    look();
+    openProject();
+    window.newScript();
+    look();
+    window.runIndicator()->runStarted(QStringLiteral("script.py"));
+    window.runIndicator()->setPaused(QStringLiteral("line 1"));
+    dock->debugger()->setIsWaiting(true);
+    look();
+    dock->debugger()->setIsWaiting(false);
+    window.runIndicator()->setPaused(QString());
+    window.runIndicator()->runFinished();
+    const QList<QAction*> now = commands(); // lists that were filled anew have other entries
+    QStringList left;
+    for (QAction* action : now)
+        if (unreached.contains(action) && !action->text().startsWith(QStringLiteral("No plug-ins in ")))
+            left << action->text();
+    EXPECT_EQ(left.join(QStringLiteral(", ")).toStdString(),
+              "No scripts were opened yet, The project has no scripts yet, No interpretation modules are installed, "
+              "Loaded plug-ins put their commands here")
+        << "what is no sentence is a command";
+}
+
+TEST_F(WholeWorkbench, keysOfTheWindowMenuWorkThoughItWasOpenedWhileNothingWas)
+{
+    commands();
+    window.newScript();
+    HVPythonTextEdit* second = window.newScript();
+    QTest::keyClick(window.windowHandle(), Qt::Key_W, Qt::ControlModifier);
+    EXPECT_EQ(window.editors().size(), 1);
+    EXPECT_FALSE(window.editors().contains(second));
+}
+
+TEST_F(WholeWorkbench, theTitleIsRightBeforeDuringAndAfterARun)
+{
+    QStringList titles;
+    QObject::connect(window.runIndicator(), &RunIndicator::breathing, &window, [&] { titles << window.windowTitle(); });
+    const char* sleeping = "import time\ntime.sleep(0.2)";
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Strativo"));
+    runText(sleeping);
+    ASSERT_FALSE(titles.isEmpty());
+    EXPECT_EQ(titles.last(), QStringLiteral("Strativo (running)"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Strativo"));
+    openProject();
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Field - Strativo"));
+    runText(sleeping);
+    EXPECT_EQ(titles.last(), QStringLiteral("Field - Strativo (running)"));
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Field - Strativo"));
+
+    QObject::connect(window.runIndicator(), &RunIndicator::breathing, &window, [&] { window.projects()->close(); });
+    runText(sleeping);
+    EXPECT_EQ(titles.last(), QStringLiteral("Strativo (running)")) << "a project closed during the run";
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Strativo"));
+}
+
+TEST_F(WholeWorkbench, onlyErrorsAreCalledErrors)
+{
+    EXPECT_EQ(runText("x = 1"), QStringLiteral("The script has finished."));
+    EXPECT_EQ(runText(""), QStringLiteral("The script is empty."));
+    for (const char* leaving : {"import sys; sys.exit()", "import sys; sys.exit(3)", "raise SystemExit('why')"})
+        EXPECT_EQ(runText(leaving), QStringLiteral("The script has ended with sys.exit().")) << leaving;
+    for (const char* wrong : {"1/0", "x ==", "raise KeyboardInterrupt"}) {
+        EXPECT_EQ(runText(wrong), QStringLiteral("The script has ended with an error; see the messages.")) << wrong;
+        EXPECT_TRUE(isAnyLineMarkedRed()) << wrong;
+    }
+}
+
+TEST_F(WholeWorkbench, aStopThatWasAskedForIsNoError)
+{
+    // A breath may come before the script's first line.
+    int breaths = 0;
+    QObject::connect(window.runIndicator(), &RunIndicator::breathing, window.runIndicator(), [&] {
+        if (++breaths == 3)
+            window.runIndicator()->askToStop();
+    });
+    EXPECT_EQ(runText("x = 1\nwhile True: pass"), QStringLiteral("The script was stopped."));
+    EXPECT_EQ(recorder.textOf(6), "");
+    EXPECT_NE(recorder.textOf(3).find("Stopped at line 2 of <unsaved script"), std::string::npos) << recorder.textOf(3);
+    EXPECT_FALSE(isAnyLineMarkedRed());
+    // What the script does about it is its own.
+    breaths = 0;
+    EXPECT_EQ(runText("import time\ntry:\n  time.sleep(60)\nexcept KeyboardInterrupt:\n  1/0"),
+              QStringLiteral("The script has ended with an error; see the messages."));
+    EXPECT_EQ(runText("raise KeyboardInterrupt"),
+              QStringLiteral("The script has ended with an error; see the messages."));
+}
+
+TEST_F(WholeWorkbench, theDebuggersStopIsNoErrorEither)
+{
+    QObject::connect(dock->debugger(), &HVPythonDebugger::signalBreakpointHit, &window, [&](int line) {
+        if (line != -1)
+            QTimer::singleShot(0, &window, [&] { dock->debugger()->commands().last()->trigger(); });
+    });
+    dock->debugger()->setDebuggingEnabled(true);
+    EXPECT_EQ(runText("x = 1\nbreakpoint()\ny = 2"), QStringLiteral("The script was stopped."));
+    EXPECT_EQ(recorder.textOf(6), "");
+}
+
+TEST_F(WholeWorkbench, windowsOfScriptsCloseWithTheMainWindow)
+{
+    EXPECT_EQ(runText("import strativo_python as sp\n"
+                      "class Refusing(sp.Widget):\n"
+                      "  def closeEvent(self, event):\n"
+                      "    print('asked')\n"
+                      "    event.ignore()\n"
+                      "sp.Widget().show()\n"
+                      "Refusing().show()\n"),
+              QStringLiteral("The script has finished."))
+        << recorder.textOf(6);
+    window.activeEditor()->document()->setModified(false);
+    QTimer::singleShot(0, &window, &QWidget::close);
+    QTimer::singleShot(20000, &window, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0) << "the application would not end";
+    EXPECT_EQ(recorder.textOf(5), "asked\n");
+    EXPECT_FALSE(window.isVisible());
+}
+
+} // namespace
