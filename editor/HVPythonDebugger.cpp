@@ -72,6 +72,7 @@ HVPythonDebugger::HVPythonDebugger(QWidget* parent)
     connect(m_continue, &QPushButton::clicked, this, [this] { resume(Resume::Continue); });
     connect(m_calls, &debugger::CallStackList::callChosen, this, &HVPythonDebugger::showCall);
     connect(m_breakpoints, &debugger::BreakpointList::placeChosen, this, &HVPythonDebugger::placeChosen);
+    connect(m_breakpoints, &debugger::BreakpointList::edited, this, &HVPythonDebugger::breakpointEdited);
     setIsWaiting(false);
     colourBanner();
     g_instance = this;
@@ -130,6 +131,22 @@ void HVPythonDebugger::addBreakpoint(const QString& file, int line)
 void HVPythonDebugger::removeBreakpoint(const QString& file, int line)
 {
     m_engine.breakpoints().remove(file, line);
+    m_breakpoints->refresh();
+}
+
+debugger::BreakpointSettings HVPythonDebugger::breakpointSettings(const QString& file, int line) const
+{
+    const auto found = m_engine.breakpoints().all().find({file, line});
+    return found == m_engine.breakpoints().all().end() ? debugger::BreakpointSettings() : found->second;
+}
+
+void HVPythonDebugger::setBreakpointSettings(const QString& file, int line,
+                                             const debugger::BreakpointSettings& settings)
+{
+    if (breakpointSettings(file, line) == settings)
+        return; // perhaps it came from the list, which must not be filled anew while it is edited
+    m_engine.breakpoints().setEnabled({file, line}, settings.enabled);
+    m_engine.breakpoints().setCondition({file, line}, settings.condition);
     m_breakpoints->refresh();
 }
 

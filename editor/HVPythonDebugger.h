@@ -41,6 +41,9 @@ public:
     void removeBreakpoint(const QString& file, int line);
     /// Whether there is a breakpoint of exactly this name and line.
     bool isBreakpointHit(const QString& file, int line) const;
+    /// Whether and when a breakpoint of exactly this name and line stops; nothing is set where there is none.
+    debugger::BreakpointSettings breakpointSettings(const QString& file, int line) const;
+    void setBreakpointSettings(const QString& file, int line, const debugger::BreakpointSettings& settings);
     /// The program pauses the next time it reaches the line, in this run; only while waiting.
     void runTo(const QString& file, int line);
 
@@ -74,6 +77,8 @@ Q_SIGNALS:
     void signalBreakpointHit(int lineNum);
     void sendActionToMdi(QObject* sender, QObject* target, const QString& action);
 
+    /// The user has changed the settings of a breakpoint in the panel.
+    void breakpointEdited(const QString& file, int line);
     void waitingChanged(bool waiting);
     /// The user wants to see this line: a call of the stack, or a breakpoint.
     void placeChosen(const QString& file, int line);

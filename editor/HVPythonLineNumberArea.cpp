@@ -8,7 +8,8 @@ HVPythonLineNumberArea::HVPythonLineNumberArea(HVPythonTextEdit* editor) : QWidg
     colours.setColor(QPalette::WindowText, Qt::black);
     setPalette(colours);
     setCursor(Qt::ArrowCursor);
-    setToolTip(tr("Click to set or remove a breakpoint (F9)"));
+    setContextMenuPolicy(Qt::PreventContextMenu); // the menu comes with the click
+    setToolTip(tr("Click to set or remove a breakpoint (F9); the right button shows what else there is"));
 }
 
 QSize HVPythonLineNumberArea::sizeHint() const

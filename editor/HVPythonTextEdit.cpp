@@ -43,6 +43,8 @@ HVPythonTextEdit::HVPythonTextEdit(QWidget* parent)
 {
     setLineWrapMode(NoWrap);
     setPlainText(g_defaultText);
+    moveCursor(QTextCursor::End);
+    m_breakpoints = new editor::BreakpointLines(*document(), this);
     document()->setModified(false);
     installEventFilter(new ShiftEnterFilter(this));
     m_lineNumberArea = new HVPythonLineNumberArea(this);
@@ -65,7 +67,6 @@ HVPythonTextEdit::HVPythonTextEdit(QWidget* parent)
     });
     makeActions();
     connectSignals();
-    m_lineCount = blockCount();
     updateLineNumberAreaWidth();
     highlightLines();
     m_completion = std::make_unique<editor::Completion>(*this);
@@ -98,7 +99,7 @@ void HVPythonTextEdit::makeActions()
 void HVPythonTextEdit::connectSignals()
 {
     connect(document(), &QTextDocument::modificationChanged, this, &HVPythonTextEdit::updateWindowTitle);
-    connect(document(), &QTextDocument::contentsChange, this, &HVPythonTextEdit::moveMarks);
+    connect(m_breakpoints, &editor::BreakpointLines::moved, this, &HVPythonTextEdit::moveMarks);
     connect(this, &QPlainTextEdit::blockCountChanged, this, &HVPythonTextEdit::updateLineNumberAreaWidth);
     connect(this, &QPlainTextEdit::updateRequest, this, &HVPythonTextEdit::updateLineNumberArea);
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &HVPythonTextEdit::highlightLines);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/BreakpointLines.h"
 #include "editor/ScriptText.h"
 #include "host/services/HVObjectSerialization.h"
 #include "runtime/CodeEditor.h"
@@ -64,9 +65,12 @@ public:
     /// Execution is paused at `line`, or goes on (-1).
     void breakpointHit(int line);
     void clearBreakpoints();
-    const std::set<qint32>& breakpoints() const { return m_breakpoints; }
+    std::set<qint32> breakpoints() const;
     /// As a click in the gutter does.
     void toggleBreakpoint(int line);
+    /// They move with the breakpoint. The usual ones, and nothing is set, where there is none.
+    editor::BreakpointSettings breakpointSettings(int line) const;
+    void setBreakpointSettings(int line, const editor::BreakpointSettings& settings);
 
     int lineNumberAreaWidth() const;
     void updateLineNumberAreaWidth(int blockCount = 0);
@@ -92,6 +96,8 @@ public:
 Q_SIGNALS:
     void breakpointAdded(const QString& filename, int line);
     void breakpointRemoved(const QString& filename, int line);
+    /// The settings of a breakpoint are others, or are not the usual ones of a breakpoint that was just added.
+    void breakpointChanged(const QString& filename, int line);
     void sendActionToMdi(QObject* sender, QObject* target, const QString& action);
 
 protected:
@@ -113,9 +119,14 @@ private:
     void connectSignals();
 
     // Files
-    bool readText(const QString& path);
+    bool load(const QString& path, bool undoable);
+    /// The text only; the editor stays that of its own file.
+    bool importFile(const QString& path);
+    void takeText(const editor::ScriptText& script, bool undoable);
     bool writeText(const QString& path, QString& error) const;
     bool mayOverwrite();
+    bool mayReplaceText(const QString& path);
+    void replaceText(const QString& text);
     void readAgain();
     void reportFileChange();
     void showWhetherReadOnly();
@@ -137,7 +148,10 @@ private:
     void highlightLines();
     void addBreakpoint(int line);
     void removeBreakpoint(int line);
-    void moveMarks(int position);
+    void announceBreakpoint(int line);
+    void moveMarks(const editor::BreakpointLines::Map& before);
+    void editCondition(int line);
+    void showBreakpointMenu(int line, const QPoint& globalPosition);
     void lineNumberAreaPaintEvent(QPaintEvent* event);
     void lineNumberMousePressEvent(QMouseEvent* event);
     QTextCursor cursorAtLine(int line) const;
@@ -145,7 +159,7 @@ private:
     void placeBars();
 
     HVPythonSyntaxHighlighter* m_highlighter;
-    std::set<qint32> m_breakpoints;
+    editor::BreakpointLines* m_breakpoints;
     QString m_filename;
     HVPythonLineNumberArea* m_lineNumberArea;
     editor::NoticeBar* m_notice = nullptr;
@@ -157,8 +171,6 @@ private:
     qint32 m_errorLine = -1;
 
     editor::TextForm m_form;
-    int m_lineCount = 1; // before the edit that is under way
-    bool m_replacingText = false;
     std::unique_ptr<editor::Search> m_search;
     std::unique_ptr<editor::Completion> m_completion;
     std::unique_ptr<editor::FileWatch> m_watch;

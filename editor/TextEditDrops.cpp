@@ -49,12 +49,9 @@ void HVPythonTextEdit::dropEvent(QDropEvent* event)
     // Project items may carry their files' addresses as well.
     if (items.isEmpty() && dragged->hasUrls()) {
         const QString path = dragged->urls().value(0).toLocalFile();
-        const QString own = m_filename;
-        if (loadFile(path)) {
-            // The dropped text is taken into this editor's own file.
-            setFilename(own);
-            document()->setModified(true);
-            updateWindowTitle();
+        if (!mayReplaceText(path)) {
+            event->ignore();
+        } else if (importFile(path)) {
             // Ends the drop without inserting the file's name.
             QMimeData nothing;
             nothing.setText(QString());
@@ -69,7 +66,7 @@ void HVPythonTextEdit::dropEvent(QDropEvent* event)
     }
     if (items.isEmpty())
         QPlainTextEdit::dropEvent(event);
-    else if (isOneScript(items) && loadFile(items.first().path))
+    else if (isOneScript(items) && mayReplaceText(items.first().path) && load(items.first().path, true))
         event->acceptProposedAction();
     else
         event->ignore();

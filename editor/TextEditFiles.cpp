@@ -50,37 +50,61 @@ bool readBytes(const QString& path, QByteArray& bytes)
 
 } // namespace
 
-bool HVPythonTextEdit::readText(const QString& path)
+void HVPythonTextEdit::takeText(const editor::ScriptText& script, bool undoable)
+{
+    clearBreakpoints();
+    if (undoable) {
+        replaceText(script.text);
+        moveCursor(QTextCursor::Start);
+    } else {
+        setPlainText(script.text);
+    }
+    if (script.remark.isEmpty())
+        m_notice->hide();
+    else
+        m_notice->show(script.remark);
+    clearErrors();
+}
+
+bool HVPythonTextEdit::load(const QString& path, bool undoable)
 {
     QByteArray bytes;
     if (!readBytes(path, bytes))
         return false;
     const editor::ScriptText script = editor::decodeScript(bytes);
     m_form = script.form;
-    m_replacingText = true;
-    setPlainText(script.text);
-    m_replacingText = false;
-    if (script.remark.isEmpty())
-        m_notice->hide();
-    else
-        m_notice->show(script.remark);
-    return true;
-}
-
-bool HVPythonTextEdit::loadFile(const QString& path)
-{
-    if (!readText(path))
-        return false;
+    takeText(script, undoable);
+    document()->setModified(false);
     hv::removeAbandonedParts(QFileInfo(path).path());
     setFilename(path);
     m_watch->watch(path);
     showWhetherReadOnly();
     updateWindowTitle();
-    clearBreakpoints();
-    m_errorLine = -1;
-    highlightLines();
-    viewport()->update();
     return true;
+}
+
+bool HVPythonTextEdit::loadFile(const QString& path)
+{
+    return load(path, false);
+}
+
+bool HVPythonTextEdit::importFile(const QString& path)
+{
+    QByteArray bytes;
+    if (!readBytes(path, bytes))
+        return false;
+    takeText(editor::decodeScript(bytes), true);
+    document()->setModified(true);
+    updateWindowTitle();
+    return true;
+}
+
+/// As one step for Undo.
+void HVPythonTextEdit::replaceText(const QString& text)
+{
+    QTextCursor cursor(document());
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(text);
 }
 
 void HVPythonTextEdit::setFilename(const QString& path)
@@ -88,12 +112,12 @@ void HVPythonTextEdit::setFilename(const QString& path)
     if (path == m_filename)
         return;
     // Announced while the old name is still the editor's.
-    for (const qint32 line : m_breakpoints)
+    for (const qint32 line : breakpoints())
         Q_EMIT breakpointRemoved(m_filename, line);
     m_filename = path;
     m_watch->watch(path);
-    for (const qint32 line : m_breakpoints)
-        Q_EMIT breakpointAdded(m_filename, line);
+    for (const qint32 line : breakpoints())
+        announceBreakpoint(line);
 }
 
 bool HVPythonTextEdit::writeText(const QString& path, QString& error) const
@@ -109,6 +133,17 @@ bool HVPythonTextEdit::mayOverwrite()
     const QString question = tr("%1 has been changed by another program since it was read. Overwrite those changes?");
     return ask(this, question.arg(QFileInfo(m_filename).fileName()), QMessageBox::Yes | QMessageBox::No,
                QMessageBox::No) == QMessageBox::Yes;
+}
+
+/// Before the text gives way to that of another file.
+bool HVPythonTextEdit::mayReplaceText(const QString& path)
+{
+    if (!document()->isModified() || !QFileInfo(path).isFile())
+        return true; // nothing is lost
+    const QString question =
+        tr("This editor contains unsaved changes. Replace its text by that of %1? Undo brings it back.");
+    return ask(this, question.arg(QFileInfo(path).fileName()), QMessageBox::Yes | QMessageBox::No, QMessageBox::No) ==
+           QMessageBox::Yes;
 }
 
 bool HVPythonTextEdit::saveToFile()
@@ -127,9 +162,11 @@ bool HVPythonTextEdit::saveToFile()
     }
     QString error;
     if (!writeText(m_filename, error)) {
+        const QString path = m_filename;
+        setFilename(before); // the next save asks again
         QMessageBox::information(
             this, g_boxTitle,
-            QStringLiteral("Unable to save file %1. The following error occurred: <b>%2</b>").arg(m_filename, error),
+            QStringLiteral("Unable to save file %1. The following error occurred: <b>%2</b>").arg(path, error),
             QMessageBox::Ok);
         return false;
     }
@@ -228,11 +265,7 @@ void HVPythonTextEdit::restoreUnsaved(const QString& path, const QString& text)
     // The file gives its encoding and line ends when it is still there.
     if (!path.isEmpty() && !loadFile(path))
         setFilename(path);
-    m_replacingText = true;
-    QTextCursor cursor(document());
-    cursor.select(QTextCursor::Document);
-    cursor.insertText(text);
-    m_replacingText = false;
+    replaceText(text);
     document()->setModified(true);
     updateWindowTitle();
     m_recovery->writeNow();

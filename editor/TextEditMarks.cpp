@@ -7,6 +7,8 @@
 #include "editor/Search.h"
 
 #include <QApplication>
+#include <QInputDialog>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTextBlock>
@@ -103,23 +105,47 @@ void HVPythonTextEdit::breakpointHit(int line)
     m_lineNumberArea->update();
 }
 
+std::set<qint32> HVPythonTextEdit::breakpoints() const
+{
+    std::set<qint32> lines;
+    for (const auto& [line, settings] : m_breakpoints->all())
+        lines.insert(line);
+    return lines;
+}
+
+editor::BreakpointSettings HVPythonTextEdit::breakpointSettings(int line) const
+{
+    const auto found = m_breakpoints->all().find(line);
+    return found == m_breakpoints->all().end() ? editor::BreakpointSettings() : found->second;
+}
+
+void HVPythonTextEdit::setBreakpointSettings(int line, const editor::BreakpointSettings& settings)
+{
+    if (!m_breakpoints->contains(line) || breakpointSettings(line) == settings)
+        return;
+    m_breakpoints->set(line, settings);
+    Q_EMIT breakpointChanged(m_filename, line);
+    m_lineNumberArea->update();
+}
+
 void HVPythonTextEdit::addBreakpoint(int line)
 {
-    m_breakpoints.insert(line);
+    if (!m_breakpoints->contains(line))
+        m_breakpoints->set(line, {});
     Q_EMIT breakpointAdded(m_filename, line);
     m_lineNumberArea->update();
 }
 
 void HVPythonTextEdit::removeBreakpoint(int line)
 {
-    m_breakpoints.erase(line);
+    m_breakpoints->erase(line);
     Q_EMIT breakpointRemoved(m_filename, line);
     m_lineNumberArea->update();
 }
 
 void HVPythonTextEdit::toggleBreakpoint(int line)
 {
-    if (m_breakpoints.count(line) > 0)
+    if (m_breakpoints->contains(line))
         removeBreakpoint(line);
     else
         addBreakpoint(line);
@@ -127,33 +153,33 @@ void HVPythonTextEdit::toggleBreakpoint(int line)
 
 void HVPythonTextEdit::clearBreakpoints()
 {
-    while (!m_breakpoints.empty())
-        removeBreakpoint(*m_breakpoints.begin());
+    for (const qint32 line : breakpoints())
+        removeBreakpoint(line);
+    m_breakpoints->clear();
     m_breakpointHitLine = -1;
 }
 
-/// Breakpoints stay with their lines: an edit that began at `position` has changed the number of lines.
-void HVPythonTextEdit::moveMarks(int position)
+/// To who does not know of it, with its settings.
+void HVPythonTextEdit::announceBreakpoint(int line)
 {
-    const int moved = blockCount() - std::exchange(m_lineCount, blockCount());
-    if (moved == 0 || m_replacingText)
-        return;
-    const QTextBlock block = document()->findBlock(position);
-    // An edit at a line's start moves that line too: its text is pushed down, or what follows takes its place.
-    const int first = block.blockNumber() + (position == block.position() ? 1 : 2);
-    const auto newLine = [&](qint32 line) { return line < first ? line : line < first - moved ? -1 : line + moved; };
+    Q_EMIT breakpointAdded(m_filename, line);
+    if (breakpointSettings(line) != editor::BreakpointSettings())
+        Q_EMIT breakpointChanged(m_filename, line);
+}
+
+void HVPythonTextEdit::moveMarks(const editor::BreakpointLines::Map& before)
+{
     if (m_breakpointHitLine != -1)
-        m_breakpointHitLine = newLine(m_breakpointHitLine);
-    const std::set<qint32> before = std::exchange(m_breakpoints, {});
-    for (const qint32 line : before)
-        if (const qint32 now = newLine(line); now != -1)
-            m_breakpoints.insert(now);
-    for (const qint32 line : before)
-        if (m_breakpoints.count(line) == 0)
+        m_breakpointHitLine = m_breakpoints->newLine(m_breakpointHitLine);
+    const editor::BreakpointLines::Map now = m_breakpoints->all();
+    for (const auto& [line, settings] : before)
+        if (now.count(line) == 0)
             Q_EMIT breakpointRemoved(m_filename, line);
-    for (const qint32 line : m_breakpoints)
-        if (before.count(line) == 0)
-            Q_EMIT breakpointAdded(m_filename, line);
+    for (const auto& [line, settings] : now)
+        if (const auto old = before.find(line); old == before.end())
+            announceBreakpoint(line);
+        else if (old->second != settings)
+            Q_EMIT breakpointChanged(m_filename, line);
 }
 
 int HVPythonTextEdit::lineNumberAreaWidth() const
@@ -193,8 +219,10 @@ void HVPythonTextEdit::lineNumberAreaPaintEvent(QPaintEvent* event)
             const QRect strip(0, static_cast<int>(top), m_lineNumberArea->width() - 1, fontMetrics().height());
             if (line == m_breakpointHitLine)
                 painter.fillRect(strip, colours.paused);
-            else if (m_breakpoints.count(line) > 0)
+            else if (m_breakpoints->contains(line) && breakpointSettings(line).enabled)
                 painter.fillRect(strip, colours.breakpoint);
+            else if (m_breakpoints->contains(line))
+                painter.fillRect(strip, QBrush(colours.breakpoint, Qt::Dense6Pattern));
             painter.drawText(strip, Qt::AlignRight, QString::number(line));
         }
         block = block.next();
@@ -204,5 +232,42 @@ void HVPythonTextEdit::lineNumberAreaPaintEvent(QPaintEvent* event)
 
 void HVPythonTextEdit::lineNumberMousePressEvent(QMouseEvent* event)
 {
-    toggleBreakpoint(cursorForPosition(QPoint(0, event->pos().y())).blockNumber() + 1);
+    const int line = cursorForPosition(QPoint(0, event->pos().y())).blockNumber() + 1;
+    if (event->button() == Qt::LeftButton)
+        toggleBreakpoint(line);
+    else if (event->button() == Qt::RightButton)
+        showBreakpointMenu(line, event->globalPos());
+}
+
+void HVPythonTextEdit::showBreakpointMenu(int line, const QPoint& globalPosition)
+{
+    const bool isSet = m_breakpoints->contains(line);
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(tr("Toggle Breakpoint"), this, [=, this] { toggleBreakpoint(line); })
+        ->setShortcut(QStringLiteral("F9"));
+    menu->addAction(tr("Condition..."), this, [=, this] { editCondition(line); });
+    QAction* enabled = menu->addAction(tr("Enabled"));
+    enabled->setCheckable(true);
+    enabled->setChecked(isSet && breakpointSettings(line).enabled);
+    enabled->setEnabled(isSet);
+    connect(enabled, &QAction::triggered, this, [=, this](bool on) {
+        setBreakpointSettings(line, {on, breakpointSettings(line).condition});
+    });
+    menu->addAction(tr("Remove Breakpoint"), this, [=, this] { removeBreakpoint(line); })->setEnabled(isSet);
+    menu->popup(globalPosition);
+}
+
+/// Sets a breakpoint where there is none yet.
+void HVPythonTextEdit::editCondition(int line)
+{
+    bool ok = false;
+    const QString condition = QInputDialog::getText(
+        this, tr("Breakpoint"), tr("Stop at line %1 where this Python expression is true (empty: always):").arg(line),
+        QLineEdit::Normal, breakpointSettings(line).condition, &ok);
+    if (!ok)
+        return;
+    if (!m_breakpoints->contains(line))
+        addBreakpoint(line);
+    setBreakpointSettings(line, {breakpointSettings(line).enabled, condition.trimmed()});
 }

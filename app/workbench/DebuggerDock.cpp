@@ -30,6 +30,14 @@ void connectBreakpoints(HVPythonTextEdit* editor, HVPythonDebugger* debugger)
     });
     QObject::connect(editor, &HVPythonTextEdit::breakpointRemoved, debugger,
                      [=](const QString& file, int line) { debugger->removeBreakpoint(nameOf(file), line); });
+    // The editor keeps the settings, since it knows where the line goes.
+    QObject::connect(editor, &HVPythonTextEdit::breakpointChanged, debugger, [=](const QString& file, int line) {
+        debugger->setBreakpointSettings(nameOf(file), line, editor->breakpointSettings(line));
+    });
+    QObject::connect(debugger, &HVPythonDebugger::breakpointEdited, editor, [=](const QString& file, int line) {
+        if (file == scriptName(*editor))
+            editor->setBreakpointSettings(line, debugger->breakpointSettings(file, line));
+    });
 }
 
 QMenu* findMenu(const QMenuBar& bar, const QString& title)

@@ -60,6 +60,7 @@ void BreakpointList::applyEdit(QTreeWidgetItem* item)
     const Place place = placeOf(item);
     m_breakpoints.setEnabled(place, item->checkState(g_placeColumn) == Qt::Checked);
     m_breakpoints.setCondition(place, item->text(g_conditionColumn));
+    Q_EMIT edited(place.first, place.second);
 }
 
 } // namespace debugger

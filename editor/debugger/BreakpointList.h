@@ -19,6 +19,8 @@ public:
 
 Q_SIGNALS:
     void placeChosen(const QString& file, int line);
+    /// The user has changed the settings of a breakpoint.
+    void edited(const QString& file, int line);
 
 private:
     void applyEdit(QTreeWidgetItem* item);

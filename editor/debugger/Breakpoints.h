@@ -1,5 +1,7 @@
 #pragma once
 
+#include "editor/BreakpointSettings.h"
+
 #include <QHash>
 #include <QString>
 
@@ -14,12 +16,7 @@ namespace debugger {
 /// Where a breakpoint stands: the file's name as the editor gave it, and the line, 1-based.
 using Place = std::pair<QString, int>;
 
-struct BreakpointSettings
-{
-    bool enabled = true;
-    /// Python expression, evaluated in the frame that reaches the line; empty stops always.
-    QString condition;
-};
+using editor::BreakpointSettings;
 
 /// The breakpoints, ordered by file name, then line, and the one line that the user wants to run to.
 ///

@@ -137,9 +137,18 @@ TEST_F(Files, aNewScriptGoesWhereTheProjectSays)
         QStringList log;
     } project;
     IScriptProject::setCurrent(&project);
+    view.moveCursor(QTextCursor::Start);
     type("1");
     EXPECT_TRUE(view.saveToFile()) << "cancelling is no failure";
     EXPECT_TRUE(view.document()->isModified());
+    project.chosen = folder.filePath(QStringLiteral("missing/new.py"));
+    {
+        BoxAnswers box({QMessageBox::Ok});
+        EXPECT_FALSE(view.saveToFile());
+    }
+    EXPECT_EQ(view.filename(), QString()) << "nothing was saved there, so the next save asks again";
+    EXPECT_EQ(view.windowTitle(), QStringLiteral("Python Editor [EDITED] "));
+    project.log.clear();
     project.chosen = folder.filePath(QStringLiteral("new.py"));
     EXPECT_TRUE(view.saveToFile());
     EXPECT_EQ(view.filename(), project.chosen);
@@ -187,6 +196,9 @@ TEST_F(Files, dropsBringTextOrScripts)
     EXPECT_EQ(text(), "x = 1\ny = '\xc3\xa4'\n");
     EXPECT_EQ(view.filename(), own);
     EXPECT_EQ(view.windowTitle(), QStringLiteral("own.py [EDITED] "));
+    view.undo();
+    EXPECT_EQ(text(), "own\n");
+    view.redo();
     file.setUrls({QUrl::fromLocalFile(folder.path())});
     {
         BoxAnswers box({QMessageBox::Ok});
@@ -208,12 +220,38 @@ TEST_F(Files, dropsBringTextOrScripts)
     };
     EXPECT_FALSE(drop(*items(29, 1)));
     EXPECT_FALSE(drop(*items(int(ObjectKind::PythonScript), 2)));
-    EXPECT_TRUE(drop(*items(int(ObjectKind::PythonScript), 1)));
+    {
+        BoxAnswers box({QMessageBox::Yes});
+        EXPECT_TRUE(drop(*items(int(ObjectKind::PythonScript), 1)));
+    }
     EXPECT_EQ(text(), "own\n");
+    EXPECT_FALSE(view.document()->isModified());
     QMimeData words;
     words.setText(QStringLiteral("word"));
     EXPECT_TRUE(drop(words));
     EXPECT_NE(text().find("word"), std::string::npos);
+}
+
+TEST_F(Files, aDropAsksBeforeItReplacesUnsavedTextAndUndoBringsThatBack)
+{
+    setText("");
+    type("mine");
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile(path)});
+    {
+        BoxAnswers box({QMessageBox::No});
+        EXPECT_FALSE(drop(file));
+        EXPECT_EQ(box.asked,
+                  QStringList(QStringLiteral("Python|This editor contains unsaved changes. Replace its text by "
+                                             "that of a script.py? Undo brings it back.")));
+    }
+    EXPECT_EQ(text(), "mine");
+    BoxAnswers box({QMessageBox::Yes});
+    EXPECT_TRUE(drop(file));
+    EXPECT_EQ(text(), "x = 1\ny = '\xc3\xa4'\n");
+    EXPECT_EQ(view.filename(), QString());
+    view.undo();
+    EXPECT_EQ(text(), "mine");
 }
 
 TEST_F(Files, sessionsComeBack)

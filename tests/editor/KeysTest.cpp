@@ -111,6 +111,7 @@ TEST_F(Keys, aNewEditorIsAsPromised)
                       "# Execute the 'help()' command to open Strativo's Python documentation\n\n");
     EXPECT_EQ(view.windowTitle(), QStringLiteral("Python Editor"));
     EXPECT_FALSE(view.document()->isModified());
+    EXPECT_EQ(cursor(), "5:0") << "where the script begins";
     type("x");
     EXPECT_EQ(view.windowTitle(), QStringLiteral("Python Editor [EDITED] "));
     QStringList actions;

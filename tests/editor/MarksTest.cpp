@@ -2,6 +2,10 @@
 #include "tests/editor/EditorFixture.h"
 
 #include <QApplication>
+#include <QInputDialog>
+#include <QMenu>
+#include <QPointer>
+#include <QTimer>
 
 namespace {
 
@@ -18,11 +22,11 @@ protected:
         QObject::connect(&view, &HVPythonTextEdit::breakpointAdded, note(QStringLiteral("+")));
         QObject::connect(&view, &HVPythonTextEdit::breakpointRemoved, note(QStringLiteral("-")));
     }
-    void clickGutter(int line)
+    void clickGutter(int line, Qt::MouseButton button = Qt::LeftButton)
     {
         const QTextCursor at(view.document()->findBlockByNumber(line - 1));
         QWidget* gutter = view.childAt(view.contentsRect().topLeft() + QPoint(2, 40));
-        QTest::mouseClick(gutter, Qt::LeftButton, {}, {4, view.cursorRect(at).center().y()});
+        QTest::mouseClick(gutter, button, {}, {4, view.cursorRect(at).center().y()});
     }
     std::string takeLog() { return std::exchange(log, {}); }
     void edit(int line, int column, int toLine, int toColumn, const char* replacement)
@@ -101,6 +105,125 @@ TEST_F(Marks, breakpointsStayWithTheirLines)
     takeLog();
     view.setFilename(QStringLiteral("/n.py"));
     EXPECT_EQ(takeLog(), "-:3 +/n.py:3 ") << "the debugger knows them by file";
+}
+
+TEST_F(Marks, settingsOfBreakpointsMoveWithThemAndUndoBringsThemBack)
+{
+    const editor::BreakpointSettings usual, off{.enabled = false, .condition = {}},
+        picky{.condition = QStringLiteral("i > 1")};
+    std::string changed;
+    QObject::connect(&view, &HVPythonTextEdit::breakpointChanged, [&](const QString& file, int line) {
+        changed += QStringLiteral("%1:%2 ").arg(file).arg(line).toStdString();
+    });
+    setText("1\n2\n3\n4\n5\n6\n7");
+    for (const int line : {2, 3, 6})
+        view.toggleBreakpoint(line);
+    view.setBreakpointSettings(2, off);
+    view.setBreakpointSettings(3, picky);
+    view.setBreakpointSettings(4, picky);
+    EXPECT_EQ(std::exchange(changed, {}), ":2 :3 ") << "there is none at line 4";
+    takeLog();
+    edit(1, 0, 1, 0, "new\n");
+    EXPECT_EQ(takeLog(), "-:2 -:6 +:4 +:7 ");
+    EXPECT_EQ(std::exchange(changed, {}), ":3 :4 ");
+    EXPECT_EQ(view.breakpointSettings(3), off);
+    EXPECT_EQ(view.breakpointSettings(4), picky);
+    EXPECT_EQ(view.breakpointSettings(7), usual);
+    view.setFilename(QStringLiteral("/n.py"));
+    EXPECT_EQ(std::exchange(changed, {}), "/n.py:3 /n.py:4 ");
+
+    // What an edit takes away, Undo and Redo give back, by single steps and over several.
+    edit(3, 0, 5, 0, "");
+    EXPECT_EQ(lines(), "5 ");
+    edit(4, 1, 5, 0, "");
+    EXPECT_EQ(lines(), "");
+    view.undo();
+    EXPECT_EQ(lines(), "5 ");
+    view.undo();
+    EXPECT_EQ(lines(), "3 4 7 ");
+    EXPECT_EQ(view.breakpointSettings(3), off);
+    EXPECT_EQ(view.breakpointSettings(4), picky);
+    view.redo();
+    EXPECT_EQ(lines(), "5 ");
+    view.undo();
+    view.undo();
+    EXPECT_EQ(text(), "1\n2\n3\n4\n5\n6\n7");
+    EXPECT_EQ(lines(), "2 3 6 ");
+    view.goToLine(2);
+    key(Qt::Key_End);
+    key(Qt::Key_Return);
+    key(Qt::Key_F9);
+    view.setBreakpointSettings(3, picky);
+    view.undo();
+    EXPECT_EQ(lines(), "2 3 6 ") << "the new line has gone";
+    view.redo();
+    EXPECT_EQ(lines(), "2 3 4 7 ");
+    EXPECT_EQ(view.breakpointSettings(3), picky);
+}
+
+TEST_F(Marks, breakpointsThatUndoTookAwayStayAwayAfterAnotherEdit)
+{
+    setText("1\n2\n3");
+    edit(3, 1, 3, 1, "\nnew");
+    view.toggleBreakpoint(4);
+    view.undo();
+    EXPECT_EQ(lines(), "");
+    edit(3, 1, 3, 1, "\nother");
+    EXPECT_EQ(lines(), "");
+    view.undo();
+    view.redo();
+    EXPECT_EQ(lines(), "");
+    // A text that is set anew is no Undo.
+    view.toggleBreakpoint(2);
+    edit(1, 0, 3, 0, "");
+    EXPECT_EQ(lines(), "");
+    setText("1\n2\n3\n4");
+    EXPECT_EQ(lines(), "");
+}
+
+TEST_F(Marks, theGuttersRightButtonOpensAMenuAndRemovesNothing)
+{
+    const auto menu = [this] {
+        clickGutter(3, Qt::RightButton);
+        return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    };
+    const auto choose = [&](const char* name) {
+        const QPointer<QMenu> shown = menu();
+        ASSERT_TRUE(shown);
+        const QList<QAction*> actions = shown->actions();
+        const auto chosen = std::find_if(actions.begin(), actions.end(),
+                                         [&](const QAction* action) { return action->text() == QLatin1String(name); });
+        ASSERT_NE(chosen, actions.end());
+        (*chosen)->trigger();
+        if (shown) // a dialog closes it
+            shown->close();
+    };
+    QMenu* shown = menu();
+    ASSERT_TRUE(shown);
+    QStringList entries;
+    for (const QAction* action : shown->actions())
+        entries << (action->isEnabled() ? action->text() : QLatin1Char('-') + action->text());
+    EXPECT_EQ(entries.join('|').toStdString(), "Toggle Breakpoint|Condition...|-Enabled|-Remove Breakpoint");
+    shown->close();
+    EXPECT_EQ(takeLog(), "");
+    choose("Toggle Breakpoint");
+    EXPECT_EQ(takeLog(), "+:3 ");
+    choose("Enabled");
+    EXPECT_FALSE(view.breakpointSettings(3).enabled);
+    EXPECT_EQ(takeLog(), "");
+    choose("Remove Breakpoint");
+    EXPECT_EQ(takeLog(), "-:3 ");
+    QTimer answer;
+    QObject::connect(&answer, &QTimer::timeout, [&] {
+        if (auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget())) {
+            dialog->setTextValue(QStringLiteral(" i == 2 "));
+            dialog->accept();
+        }
+    });
+    answer.start(1);
+    choose("Condition...");
+    EXPECT_EQ(takeLog(), "+:3 ");
+    EXPECT_EQ(view.breakpointSettings(3).condition, QStringLiteral("i == 2"));
 }
 
 TEST_F(Marks, errorAndPausedLineStandOutUntilTheyAreOver)

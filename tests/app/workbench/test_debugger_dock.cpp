@@ -4,9 +4,11 @@
 #include "app/workbench/ScriptName.h"
 #include "editor/HVPythonDebugger.h"
 #include "editor/HVPythonTextEdit.h"
+#include "editor/debugger/BreakpointList.h"
 #include "tests/runtime/RuntimeFixture.h"
 
 #include <QAction>
+#include <QFileInfo>
 #include <QLabel>
 #include <QStatusBar>
 #include <QTemporaryDir>
@@ -112,6 +114,38 @@ TEST_F(DebuggerDockTest, BreakpointsOfTheEditorStopAndTheLineTurnsGreen)
     script->toggleBreakpoint(3);
     EXPECT_TRUE(runScript());
     EXPECT_EQ(lines, (std::vector<int>{2, -1}));
+}
+
+TEST_F(DebuggerDockTest, ConditionsFromThePanelStayWithTheirBreakpoints)
+{
+    HVPythonTextEdit* script = window.openScript(path);
+    ASSERT_NE(script, nullptr);
+    auto* list = dock->findChild<debugger::BreakpointList*>();
+    const auto listed = [&] {
+        QStringList all;
+        for (int row = 0; row < list->topLevelItemCount(); ++row) {
+            const QTreeWidgetItem* item = list->topLevelItem(row);
+            all << item->text(0) + item->text(1) + (item->checkState(0) == Qt::Checked ? "" : "-");
+        }
+        return all.join(QLatin1Char(' ')).toStdString();
+    };
+    const std::string name = QFileInfo(path).fileName().toStdString();
+    dock->debugger()->removeBreakpoint(path, 2);
+    script->toggleBreakpoint(3);
+    list->topLevelItem(0)->setText(1, QStringLiteral("x>1"));
+    list->topLevelItem(0)->setCheckState(0, Qt::Unchecked);
+    EXPECT_EQ(listed(), name + ":3x>1-");
+    script->moveCursor(QTextCursor::Start);
+    QTest::keyClick(script, Qt::Key_Return);
+    EXPECT_EQ(listed(), name + ":4x>1-");
+    script->selectAll();
+    script->cut();
+    EXPECT_EQ(listed(), "");
+    script->undo();
+    EXPECT_EQ(listed(), name + ":4x>1-");
+    script->setFilename(path + QStringLiteral("w"));
+    EXPECT_EQ(listed(), name + "w:4x>1-");
+    script->document()->setModified(false);
 }
 
 TEST_F(DebuggerDockTest, KeysStepAndStop)
