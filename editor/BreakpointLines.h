@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/BreakpointSettings.h"
+#include "editor/debugger/BreakpointSettings.h"
 
 #include <QObject>
 
@@ -10,6 +10,8 @@
 class QTextDocument;
 
 namespace editor {
+
+using debugger::BreakpointSettings;
 
 /// The lines of one document, counted from 1, that hold breakpoints. They stay with their text, and what an edit takes
 /// away comes back when the edit is undone (or, when it was an Undo itself, done again). They stay where they are when

@@ -69,8 +69,8 @@ public:
     /// As a click in the gutter does.
     void toggleBreakpoint(int line);
     /// They move with the breakpoint. The usual ones, and nothing is set, where there is none.
-    editor::BreakpointSettings breakpointSettings(int line) const;
-    void setBreakpointSettings(int line, const editor::BreakpointSettings& settings);
+    debugger::BreakpointSettings breakpointSettings(int line) const;
+    void setBreakpointSettings(int line, const debugger::BreakpointSettings& settings);
 
     int lineNumberAreaWidth() const;
     void updateLineNumberAreaWidth(int blockCount = 0);

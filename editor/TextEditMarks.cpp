@@ -113,13 +113,13 @@ std::set<qint32> HVPythonTextEdit::breakpoints() const
     return lines;
 }
 
-editor::BreakpointSettings HVPythonTextEdit::breakpointSettings(int line) const
+debugger::BreakpointSettings HVPythonTextEdit::breakpointSettings(int line) const
 {
     const auto found = m_breakpoints->all().find(line);
-    return found == m_breakpoints->all().end() ? editor::BreakpointSettings() : found->second;
+    return found == m_breakpoints->all().end() ? debugger::BreakpointSettings() : found->second;
 }
 
-void HVPythonTextEdit::setBreakpointSettings(int line, const editor::BreakpointSettings& settings)
+void HVPythonTextEdit::setBreakpointSettings(int line, const debugger::BreakpointSettings& settings)
 {
     if (!m_breakpoints->contains(line) || breakpointSettings(line) == settings)
         return;
@@ -163,7 +163,7 @@ void HVPythonTextEdit::clearBreakpoints()
 void HVPythonTextEdit::announceBreakpoint(int line)
 {
     Q_EMIT breakpointAdded(m_filename, line);
-    if (breakpointSettings(line) != editor::BreakpointSettings())
+    if (breakpointSettings(line) != debugger::BreakpointSettings())
         Q_EMIT breakpointChanged(m_filename, line);
 }
 

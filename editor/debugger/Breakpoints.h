@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/BreakpointSettings.h"
+#include "editor/debugger/BreakpointSettings.h"
 
 #include <QHash>
 #include <QString>
@@ -15,8 +15,6 @@ namespace debugger {
 
 /// Where a breakpoint stands: the file's name as the editor gave it, and the line, 1-based.
 using Place = std::pair<QString, int>;
-
-using editor::BreakpointSettings;
 
 /// The breakpoints, ordered by file name, then line, and the one line that the user wants to run to.
 ///

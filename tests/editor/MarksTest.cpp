@@ -109,7 +109,7 @@ TEST_F(Marks, breakpointsStayWithTheirLines)
 
 TEST_F(Marks, settingsOfBreakpointsMoveWithThemAndUndoBringsThemBack)
 {
-    const editor::BreakpointSettings usual, off{.enabled = false, .condition = {}},
+    const debugger::BreakpointSettings usual, off{.enabled = false, .condition = {}},
         picky{.condition = QStringLiteral("i > 1")};
     std::string changed;
     QObject::connect(&view, &HVPythonTextEdit::breakpointChanged, [&](const QString& file, int line) {

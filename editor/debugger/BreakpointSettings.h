@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace editor {
+namespace debugger {
 
 /// What belongs to a breakpoint beside its place.
 struct BreakpointSettings
@@ -14,4 +14,4 @@ struct BreakpointSettings
     bool operator==(const BreakpointSettings&) const = default;
 };
 
-} // namespace editor
+} // namespace debugger
