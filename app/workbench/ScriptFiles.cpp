@@ -35,7 +35,7 @@ QString ScriptFiles::folder() const
 
 QStringList ScriptFiles::projectScripts() const
 {
-    const HVProject* project = m_projects.project();
+    HVProject* project = m_projects.project();
     return project ? project->objects(ObjectKind::PythonScript) : QStringList();
 }
 

@@ -4,7 +4,6 @@
 #include "host/formats/JsonFile.h"
 #include "host/formats/PartFile.h"
 #include "host/objects/NaturalOrder.h"
-#include "host/objects/ObjectListing.h"
 #include "host/services/HVEventBus.h"
 
 #include <QDir>
@@ -17,8 +16,6 @@
 namespace {
 
 constexpr int g_formatMajor = 1;
-// Of 255 bytes that a file name may have, some are left for the suffix and for a temporary file's.
-constexpr int g_longestName = 200;
 
 const QString g_versionKey = QStringLiteral("version");
 const QString g_nameKey = QStringLiteral("name");
@@ -51,7 +48,11 @@ QString shown(const QString& path)
 
 } // namespace
 
-HVProject::HVProject(QString path, QJsonObject settings) : m_path(std::move(path)), m_settings(std::move(settings)) {}
+HVProject::HVProject(QString path, QJsonObject settings)
+    : m_path(std::move(path)), m_settings(std::move(settings)), m_store(m_path)
+{
+    relayEvents();
+}
 
 HVProject::~HVProject() = default;
 
@@ -193,29 +194,24 @@ bool HVProject::setDomain(georef::Domain domain, QString* error)
     return change(g_domainKey, hv::domainName(domain), error);
 }
 
-QString HVProject::folder(ObjectKind kind) const
-{
-    return m_path + QLatin1Char('/') + QLatin1String(objectKindInfo(kind).folder);
-}
-
-QStringList HVProject::objectNames(ObjectKind kind) const
+QStringList HVProject::objectNames(ObjectKind kind)
 {
     QStringList names;
-    for (hv::ObjectFile& object : hv::listObjects(folder(kind), objectKindInfo(kind)))
-        names << std::move(object.name);
+    for (const hv::ObjectFile& object : m_store.list(kind))
+        names << object.name;
     return names;
 }
 
-QStringList HVProject::objects(ObjectKind kind) const
+QStringList HVProject::objects(ObjectKind kind)
 {
     const QString base = folder(kind) + QLatin1Char('/');
     QStringList paths;
-    for (const hv::ObjectFile& object : hv::listObjects(folder(kind), objectKindInfo(kind)))
-        paths << base + object.fileName;
+    for (const hv::ObjectFile& object : m_store.list(kind))
+        paths << base + object.fileName();
     return paths;
 }
 
-QStringList HVProject::objects() const
+QStringList HVProject::objects()
 {
     QStringList paths;
     for (const ObjectKindInfo& info : objectKinds())
@@ -225,48 +221,15 @@ QStringList HVProject::objects() const
 
 QStringList HVProject::objectsInDirectory(ObjectKind kind, const QString& directory)
 {
-    const ObjectKindInfo& info = objectKindInfo(kind);
     QHash<QString, QString> fileNames;
-    for (hv::ObjectFile& object : hv::listObjects(folder(kind), info))
-        fileNames.insert(object.name, object.fileName);
+    for (const hv::ObjectFile& object : m_store.list(kind))
+        fileNames.insert(object.name, object.fileName());
     QStringList names = directories(kind).objects(directory);
     std::sort(names.begin(), names.end(), hv::naturalLess);
     const QString base = folder(kind) + QLatin1Char('/');
     for (QString& name : names)
-        name = base + fileNames.value(name, name + info.suffix());
+        name = base + fileNames.value(name, name + objectKindInfo(kind).suffix());
     return names;
-}
-
-bool HVProject::isObjectName(const QString& name)
-{
-    return !name.isEmpty() && QFile::encodeName(name).size() <= g_longestName &&
-           std::none_of(name.begin(), name.end(),
-                        [](QChar c) { return c == QLatin1Char('/') || c.category() == QChar::Other_Control; });
-}
-
-QString HVProject::filename(ObjectKind kind, const QString& name) const
-{
-    if (!isObjectName(name))
-        return {};
-    const QString stem = folder(kind) + QLatin1Char('/') + name;
-    const ObjectKindInfo& info = objectKindInfo(kind);
-    for (const QString& suffix : QString::fromLatin1(info.suffixes).split(QLatin1Char(' ')))
-        for (const QString& path : {stem + QLatin1Char('.') + suffix, stem + QLatin1Char('.') + suffix.toUpper()})
-            if (QFileInfo::exists(path))
-                return path;
-    return stem + info.suffix();
-}
-
-bool HVProject::ensureFolder(ObjectKind kind, QString* error)
-{
-    const QString path = folder(kind);
-    if (QFileInfo(path).isDir())
-        return true;
-    if (!QDir().mkpath(path))
-        return hv::fail(error, tr("Unable to create the folder '%1'.").arg(shown(path)));
-    if (m_watcher)
-        m_watcher->addPath(path);
-    return true;
 }
 
 QString HVProject::newFilename(ObjectKind kind, const QString& name, QString* error)
@@ -275,8 +238,10 @@ QString HVProject::newFilename(ObjectKind kind, const QString& name, QString* er
         hv::fail(error, tr("'%1' cannot be the name of an object.").arg(name));
         return {};
     }
-    if (!ensureFolder(kind, error))
+    if (const auto made = m_store.ensureFolder(kind); !made) {
+        hv::fail(error, made.failure().sentence);
         return {};
+    }
     QString path = filename(kind, name);
     for (int number = 2; QFileInfo::exists(path); ++number)
         path = filename(kind, QStringLiteral("%1 %2").arg(name, QString::number(number)));
@@ -296,22 +261,12 @@ bool HVProject::renameObject(ObjectKind kind, const QString& name, const QString
 {
     if (name == newName)
         return true;
-    if (!isObjectName(newName))
-        return hv::fail(error, tr("'%1' cannot be the name of an object.").arg(newName));
-    const QString before = filename(kind, name);
-    if (QFileInfo::exists(filename(kind, newName)))
-        return hv::fail(error, tr("There is an object '%1' already.").arg(newName));
-    QFile object(before);
-    const QString after = folder(kind) + QLatin1Char('/') + newName + QLatin1Char('.') + QFileInfo(before).suffix();
-    if (!object.rename(after))
-        return hv::fail(error, tr("Unable to rename '%1': %2.").arg(shown(before), object.errorString()));
-    if (!directories(kind).renameObject(name, newName, error)) {
-        object.rename(before);
-        return false;
-    }
-    Q_EMIT objectRenamed(before, after);
-    Q_EMIT objectsChanged(kind);
-    return true;
+    if (const auto renamed = m_store.rename({kind, name}, newName); !renamed)
+        return hv::fail(error, renamed.failure().sentence);
+    if (directories(kind).renameObject(name, newName, error))
+        return true;
+    static_cast<void>(m_store.rename({kind, newName}, name));
+    return false;
 }
 
 bool HVProject::removeObject(ObjectKind kind, const QString& name, Removal removal, QString* error)
@@ -329,7 +284,6 @@ bool HVProject::removeObject(ObjectKind kind, const QString& name, Removal remov
     // Its place in a virtual directory stays, so that it is back where it was when it comes back from the trash.
     if (removal == Removal::Permanent)
         directories(kind).unfileObjects({name});
-    Q_EMIT objectsChanged(kind);
     return true;
 }
 
@@ -354,35 +308,16 @@ QStringList HVProject::directoryNames()
     return names;
 }
 
-void HVProject::watchFolders()
+void HVProject::relayEvents()
 {
-    if (m_watcher)
-        return;
-    m_watcher = std::make_unique<QFileSystemWatcher>();
-    connect(m_watcher.get(), &QFileSystemWatcher::directoryChanged, this, [this](const QString& changed) {
-        for (const ObjectKindInfo& info : objectKinds())
-            if (changed == folder(info.kind))
-                Q_EMIT objectsChanged(info.kind);
-        if (changed == m_path) {
-            watchAll();
-            refresh();
-        }
+    const auto tell = [this](const hv::ObjectKey& key) { Q_EMIT objectsChanged(key.kind); };
+    connect(&m_store, &hv::ObjectStore::listingReset, this, &HVProject::objectsChanged);
+    connect(&m_store, &hv::ObjectStore::added, this, tell);
+    connect(&m_store, &hv::ObjectStore::removed, this, tell);
+    connect(&m_store, &hv::ObjectStore::renamed, this, [this](const hv::ObjectKey& before, const hv::ObjectKey& after) {
+        const QString path = m_store.path(after);
+        const QString suffix = QFileInfo(path).suffix();
+        Q_EMIT objectRenamed(folder(before.kind) + QLatin1Char('/') + before.name + QLatin1Char('.') + suffix, path);
+        Q_EMIT objectsChanged(after.kind);
     });
-    watchAll();
-}
-
-void HVProject::watchAll()
-{
-    QStringList paths{m_path};
-    for (const ObjectKindInfo& info : objectKinds())
-        if (QFileInfo(folder(info.kind)).isDir())
-            paths << folder(info.kind);
-    m_watcher->addPaths(paths);
-}
-
-void HVProject::refresh(std::optional<ObjectKind> kind)
-{
-    for (const ObjectKindInfo& info : objectKinds())
-        if (!kind || *kind == info.kind)
-            Q_EMIT objectsChanged(info.kind);
 }

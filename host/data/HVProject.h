@@ -3,9 +3,8 @@
 #include "host/data/HVVirtualDirectories.h"
 #include "host/georef/Crs.h"
 #include "host/georef/Enumerations.h"
-#include "host/kinds/ObjectKind.h"
+#include "host/objects/ObjectStore.h"
 
-#include <QFileSystemWatcher>
 #include <QJsonObject>
 #include <QObject>
 #include <QStringList>
@@ -64,20 +63,22 @@ public:
     bool setDomain(georef::Domain domain, QString* error = nullptr);
 
     /// Absolute path of the kind's folder, which need not exist.
-    QString folder(ObjectKind kind) const;
+    QString folder(ObjectKind kind) const { return m_store.folder(kind); }
+    /// Who the objects are, what they hold and who hears of their changes.
+    hv::ObjectStore& store() { return m_store; }
     /// Names without duplicates, in natural order.
-    QStringList objectNames(ObjectKind kind) const;
+    QStringList objectNames(ObjectKind kind);
     /// Absolute paths of the objects' files, in the order of their names; of all kinds in the order of objectKinds().
-    QStringList objects(ObjectKind kind) const;
-    QStringList objects() const;
+    QStringList objects(ObjectKind kind);
+    QStringList objects();
     /// The files of the objects in a virtual directory, not those in directories within it, in the order of their
     /// names; of no directory: nothing. What was filed and has no file is listed with the one that it would have.
     QStringList objectsInDirectory(ObjectKind kind, const QString& directory);
 
     /// True for what can be the name of an object: not empty, no slash or control character, not too long for a file.
-    static bool isObjectName(const QString& name);
+    static bool isObjectName(const QString& name) { return hv::isObjectName(name); }
     /// Where the object of this name lies, or would lie; empty for an impossible name.
-    QString filename(ObjectKind kind, const QString& name) const;
+    QString filename(ObjectKind kind, const QString& name) { return m_store.path({kind, name}); }
     /// A path that no object has yet: of `name`, or of "name 2", "name 3"... The kind's folder exists afterwards.
     QString newFilename(ObjectKind kind, const QString& name, QString* error = nullptr);
     /// The kind of a file in one of the project's folders.
@@ -95,15 +96,14 @@ public:
     /// Names of all kinds' virtual directories, each once.
     QStringList directoryNames();
 
-    /// From now on objectsChanged() is also emitted when somebody else adds or removes files.
-    void watchFolders();
-    /// For whoever wrote or removed object files itself: emits objectsChanged(); no kind means all.
-    void refresh(std::optional<ObjectKind> kind = std::nullopt);
+    /// Reads the folder of the kind anew, those of all without one; see ObjectStore::refresh().
+    void refresh(std::optional<ObjectKind> kind = std::nullopt) { m_store.refresh(kind); }
 
 Q_SIGNALS:
+    /// Objects have come, gone or got another name; see ObjectStore for which, and when it is told.
     void objectsChanged(ObjectKind kind);
     void directoriesChanged(ObjectKind kind);
-    /// renameObject() has done its work; objectsChanged() follows. Absolute paths of the object's file.
+    /// Absolute paths of the object's file. objectsChanged() follows.
     void objectRenamed(const QString& before, const QString& after);
     void crsChanged();
     /// Name, units or domain.
@@ -114,12 +114,11 @@ private:
 
     QString file() const;
     bool change(const QString& key, const QJsonValue& value, QString* error);
-    bool ensureFolder(ObjectKind kind, QString* error);
-    void watchAll();
+    void relayEvents();
 
     QString m_path;
     QJsonObject m_settings;
     mutable std::optional<georef::Crs> m_crs; // made when first asked for: PROJ takes a moment to load
     std::map<ObjectKind, std::unique_ptr<HVVirtualDirectories>> m_directories;
-    std::unique_ptr<QFileSystemWatcher> m_watcher;
+    hv::ObjectStore m_store;
 };

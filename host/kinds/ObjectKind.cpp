@@ -23,33 +23,10 @@ QString ObjectKindInfo::objectName(const QString& fileName) const
     return {};
 }
 
-const std::vector<ObjectKindInfo>& objectKinds()
+bool ObjectKindInfo::prefers(const QString& suffix, const QString& other) const
 {
-    // clang-format off
-    static const std::vector<ObjectKindInfo> kinds{
-        {ObjectKind::Volume, "Volume", "Volumes", "volumes", "svol", "volume_24"},
-        {ObjectKind::Survey, "Survey", "Surveys", "surveys", "survey", "map_24"},
-        {ObjectKind::Model, "Model", "Models", "models", "model", "tabs_24"},
-        {ObjectKind::ExtractionArea, "Extraction Area", "Extraction Areas", "extraction-areas", "area", "select_all_24"},
-        {ObjectKind::Horizon3d, "Horizon", "3D Horizons", "horizons-3d", "horizon", "horizon_24"},
-        {ObjectKind::Fault3d, "Fault", "3D Faults", "faults-3d", "fault", "fault_24"},
-        {ObjectKind::Fault2d, "2D Fault", "2D Faults", "faults-2d", "fault2d", "fault_24"},
-        {ObjectKind::Culture, "Culture", "Cultures", "cultures", "geojson", "polygon_24"},
-        {ObjectKind::Polyline3d, "Polyline", "Polylines", "polylines", "polyline", "chart_24"},
-        {ObjectKind::Wavelet, "Wavelet", "Wavelets", "wavelets", "wavelet", "atbseismicsmall"},
-        {ObjectKind::Layer, "Layer", "Layers", "layers", "layer", "blending_24"},
-        {ObjectKind::Geobody, "Geobody", "Geobodies", "geobodies", "geobody", "opacity_24"},
-        {ObjectKind::MultiZ, "Multi-Z Surface", "Multi-Z Surfaces", "multi-z", "multiz", "cascade_24"},
-        {ObjectKind::ColorBar, "Color Bar", "Color Bars", "color-bars", "json cpt", "color_bar_24"},
-        {ObjectKind::RandomLine, "Random Line", "Random Lines", "random-lines", "randomline", "2dlinesmall"},
-        {ObjectKind::RandomLineSet, "Random Line Set", "Random Line Sets", "random-line-sets", "lineset", "list_24"},
-        {ObjectKind::Horizon2d, "2D Horizon", "2D Horizons", "horizons-2d", "horizon2d", "horizon_24"},
-        {ObjectKind::Well, "Well", "Wells", "wells", "las", "well_24"},
-        {ObjectKind::Crs, "Reference System", "Reference Systems", "reference-systems", "wkt prj", "web_24"},
-        {ObjectKind::PythonScript, "Script", "Python Scripts", "scripts", "py", "python_24"},
-    };
-    // clang-format on
-    return kinds;
+    const bool isFirst = suffix == this->suffix().midRef(1);
+    return isFirst != (other == this->suffix().midRef(1)) ? isFirst : suffix < other;
 }
 
 const ObjectKindInfo& objectKindInfo(ObjectKind kind)

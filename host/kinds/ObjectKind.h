@@ -49,9 +49,11 @@ struct ObjectKindInfo
     QString suffix() const;
     /// The object's name when `fileName` (without folders) has a suffix of this kind, else empty.
     QString objectName(const QString& fileName) const;
+    /// Of two files of one name the one with the first suffix is the object, else the one before in the alphabet.
+    bool prefers(const QString& suffix, const QString& other) const;
 };
 
-/// All kinds, in the order in which they are listed and shown.
+/// All kinds, in the order in which they are listed and shown; see Kinds.cpp.
 const std::vector<ObjectKindInfo>& objectKinds();
 const ObjectKindInfo& objectKindInfo(ObjectKind kind);
 /// Empty for a number that is no kind.

@@ -56,4 +56,25 @@ bool naturalLess(const QString& a, const QString& b)
     return a < b;
 }
 
+void appendNaturalKey(const QString& name, std::string& key)
+{
+    // Two bytes per character, the higher first. A run of digits begins like a digit, so that it stands among other
+    // characters where digits do; then come its length and the digits.
+    const auto put = [&key](char16_t code) {
+        key.push_back(static_cast<char>(code >> 8));
+        key.push_back(static_cast<char>(code & 0xff));
+    };
+    for (int i = 0; i < name.size();) {
+        if (!isDigit(name[i])) {
+            put(name[i++].toCaseFolded().unicode());
+            continue;
+        }
+        const int end = digitsEnd(name, i);
+        put(u'0');
+        put(static_cast<char16_t>(end - i));
+        for (; i < end; ++i)
+            put(name[i].unicode());
+    }
+}
+
 } // namespace hv

@@ -40,7 +40,6 @@ void HVProjectModel::setProject(HVProject* project)
         return;
     connect(project, &HVProject::objectsChanged, this, &HVProjectModel::markChanged);
     connect(project, &HVProject::directoriesChanged, this, &HVProjectModel::markChanged);
-    project->watchFolders();
     for (const ObjectKindInfo& info : objectKinds())
         if (m_listed.empty() || m_listed.count(info.kind))
             m_changed.insert(info.kind);

@@ -55,7 +55,6 @@ void HVProjectObjects::take(HVProject* project)
         connect(project, &HVProject::directoriesChanged, this, &HVProjectObjects::markChanged);
         connect(project, &HVProject::objectRenamed, this, &HVProjectObjects::renamed);
         connect(project, &QObject::destroyed, this, &HVProjectObjects::replaced);
-        project->watchFolders();
     }
     Q_EMIT replaced();
 }

@@ -1,7 +1,6 @@
 #include "host/widgets/ProjectTree.h"
 
 #include "host/objects/NaturalOrder.h"
-#include "host/objects/ObjectListing.h"
 
 #include <QHash>
 
@@ -56,7 +55,7 @@ std::unique_ptr<ProjectNode> buildProjectTree(HVProject& project, ObjectKind kin
     const ObjectKindInfo& info = objectKindInfo(kind);
     HVVirtualDirectories& directories = project.directories(kind);
     const QStringList names = directories.directories();
-    const auto objects = hv::listObjects(project.folder(kind), info);
+    const auto& objects = project.store().list(kind);
     if (names.isEmpty() && objects.empty())
         return nullptr;
 
@@ -76,7 +75,7 @@ std::unique_ptr<ProjectNode> buildProjectTree(HVProject& project, ObjectKind kin
     for (const hv::ObjectFile& object : objects) {
         ProjectNode* parent = nodes.value(places.value(object.name), root.get());
         adopt(*parent,
-              std::make_unique<ProjectNode>(ProjectNode{Type::Object, kind, object.name, folder + object.fileName}));
+              std::make_unique<ProjectNode>(ProjectNode{Type::Object, kind, object.name, folder + object.fileName()}));
     }
     finish(*root);
     return root;

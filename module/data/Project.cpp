@@ -62,7 +62,7 @@ bp::object objectsOfKind(const ProjectHandle& self, const bp::object& kind)
 
 bp::object getFilename(const ProjectHandle& self, const bp::object& kind, const bp::object& name)
 {
-    const HVProject& project = self.get();
+    HVProject& project = self.get();
     const ObjectKind id = requireObjectKind(kind, g_expectedKind);
     const QString text = requireStr(name, g_expectedStr);
     const QString filename = project.filename(id, text);

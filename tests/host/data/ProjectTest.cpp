@@ -154,7 +154,6 @@ TEST_F(Project, renamingAndRemovingLoseNothing)
     EXPECT_FALSE(project->renameObject(kind, name("a"), name("b"), &error));
     EXPECT_FALSE(project->renameObject(kind, name("gone"), name("c"), &error));
     EXPECT_FALSE(project->renameObject(kind, name("a"), name("x/y"), &error));
-    EXPECT_EQ(changed.count(), 0);
     EXPECT_EQ(readFile(project->filename(kind, name("b"))), QByteArray("B"));
     EXPECT_TRUE(project->renameObject(kind, name("a"), name("\u00e4"), &error)) << error.toStdString();
     EXPECT_EQ(project->directories(kind).objects(name("D")), QStringList{name("\u00e4")});
@@ -164,12 +163,13 @@ TEST_F(Project, renamingAndRemovingLoseNothing)
         << error.toStdString();
     EXPECT_EQ(project->objectNames(kind), QStringList{name("b")});
     EXPECT_TRUE(project->directories(kind).objects(name("D")).isEmpty());
-    EXPECT_EQ(changed.count(), 2);
+    project->store().tellChanges();
+    EXPECT_EQ(changed.count(), 1) << "a has gone";
 }
 
 TEST_F(Project, watchingNoticesOtherPrograms)
 {
-    project->watchFolders();
+    EXPECT_TRUE(project->objects().isEmpty());
     QSignalSpy changed(project.get(), &HVProject::objectsChanged);
     writeFile(folder + QStringLiteral("/wells/a.las"));
     ASSERT_TRUE(changed.wait(2000));

@@ -1,0 +1,36 @@
+#include "host/kinds/colorbar/ColorBarKind.h"
+
+#include "host/formats/ColorBarFile.h"
+
+#include <QDir>
+
+namespace hv {
+
+using display::ColorBar;
+
+const ObjectKindInfo& ColorBarKind::info() const
+{
+    static const ObjectKindInfo info{ObjectKind::ColorBar, "Color Bar", "Color Bars",
+                                     "color-bars",         "json cpt",  "color_bar_24"};
+    return info;
+}
+
+Result<ObjectValue> ColorBarKind::read(const QString& path) const
+{
+    QString reason;
+    std::optional<ColorBar> bar = display::readColorBar(path, {}, reason);
+    if (!bar)
+        return Failure(QStringLiteral("Unable to read '%1': %2.").arg(QDir::toNativeSeparators(path), reason), path);
+    return ObjectValue::of(std::move(*bar));
+}
+
+Result<void> ColorBarKind::write(const ObjectValue& value, const QString& path) const
+{
+    const auto bar = value.as<ColorBar>();
+    QString reason(QStringLiteral("it is no colour bar"));
+    if (bar && display::writeColorBar(*bar, path, reason))
+        return {};
+    return Failure(QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(path), reason), path);
+}
+
+} // namespace hv

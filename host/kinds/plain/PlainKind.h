@@ -1,0 +1,30 @@
+#pragma once
+
+#include "host/kinds/IObjectKind.h"
+
+#include <QDateTime>
+
+namespace hv {
+
+/// What is known of a file whose content nobody here reads.
+struct PlainFile
+{
+    qint64 size = 0;
+    QDateTime modified;
+};
+
+/// Kinds of which the program knows that there are files; values are PlainFile, and nothing writes them.
+class PlainKind final : public IObjectKind
+{
+public:
+    explicit PlainKind(const ObjectKindInfo& info) : m_info(info) {}
+
+    const ObjectKindInfo& info() const override { return m_info; }
+    Result<ObjectValue> read(const QString& path) const override;
+    Result<void> write(const ObjectValue& value, const QString& path) const override;
+
+private:
+    ObjectKindInfo m_info;
+};
+
+} // namespace hv
