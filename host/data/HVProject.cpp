@@ -50,9 +50,7 @@ QString shown(const QString& path)
 
 HVProject::HVProject(QString path, QJsonObject settings)
     : m_path(std::move(path)), m_settings(std::move(settings)), m_store(m_path)
-{
-    relayEvents();
-}
+{}
 
 HVProject::~HVProject() = default;
 
@@ -257,6 +255,12 @@ std::optional<ObjectKind> HVProject::kindOf(const QString& filename) const
     return std::nullopt;
 }
 
+std::optional<hv::ObjectKey> HVProject::keyOf(const QString& filename) const
+{
+    const auto kind = kindOf(filename);
+    return kind ? std::optional(hv::ObjectKey{*kind, QFileInfo(filename).completeBaseName()}) : std::nullopt;
+}
+
 bool HVProject::renameObject(ObjectKind kind, const QString& name, const QString& newName, QString* error)
 {
     if (name == newName)
@@ -294,7 +298,10 @@ HVVirtualDirectories& HVProject::directories(ObjectKind kind)
         const QString path = QStringLiteral("%1/%2/%3.json")
                                  .arg(m_path, g_directoriesFolder, QLatin1String(objectKindInfo(kind).folder));
         held = std::make_unique<HVVirtualDirectories>(path);
-        connect(held.get(), &HVVirtualDirectories::changed, this, [this, kind] { Q_EMIT directoriesChanged(kind); });
+        connect(held.get(), &HVVirtualDirectories::changed, this, [this, kind] {
+            m_store.resetSoon(kind);
+            Q_EMIT directoriesChanged(kind);
+        });
     }
     return *held;
 }
@@ -306,18 +313,4 @@ QStringList HVProject::directoryNames()
         names << directories(info.kind).directories();
     names.removeDuplicates();
     return names;
-}
-
-void HVProject::relayEvents()
-{
-    const auto tell = [this](const hv::ObjectKey& key) { Q_EMIT objectsChanged(key.kind); };
-    connect(&m_store, &hv::ObjectStore::listingReset, this, &HVProject::objectsChanged);
-    connect(&m_store, &hv::ObjectStore::added, this, tell);
-    connect(&m_store, &hv::ObjectStore::removed, this, tell);
-    connect(&m_store, &hv::ObjectStore::renamed, this, [this](const hv::ObjectKey& before, const hv::ObjectKey& after) {
-        const QString path = m_store.path(after);
-        const QString suffix = QFileInfo(path).suffix();
-        Q_EMIT objectRenamed(folder(before.kind) + QLatin1Char('/') + before.name + QLatin1Char('.') + suffix, path);
-        Q_EMIT objectsChanged(after.kind);
-    });
 }

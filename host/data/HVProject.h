@@ -83,6 +83,8 @@ public:
     QString newFilename(ObjectKind kind, const QString& name, QString* error = nullptr);
     /// The kind of a file in one of the project's folders.
     std::optional<ObjectKind> kindOf(const QString& filename) const;
+    /// The object that such a file is, or would be.
+    std::optional<hv::ObjectKey> keyOf(const QString& filename) const;
 
     bool renameObject(ObjectKind kind, const QString& name, const QString& newName, QString* error = nullptr);
     enum class Removal
@@ -100,11 +102,8 @@ public:
     void refresh(std::optional<ObjectKind> kind = std::nullopt) { m_store.refresh(kind); }
 
 Q_SIGNALS:
-    /// Objects have come, gone or got another name; see ObjectStore for which, and when it is told.
-    void objectsChanged(ObjectKind kind);
+    /// At once; the store tells the kind as one to be listed anew.
     void directoriesChanged(ObjectKind kind);
-    /// Absolute paths of the object's file. objectsChanged() follows.
-    void objectRenamed(const QString& before, const QString& after);
     void crsChanged();
     /// Name, units or domain.
     void settingsChanged();
@@ -114,8 +113,6 @@ private:
 
     QString file() const;
     bool change(const QString& key, const QJsonValue& value, QString* error);
-    void relayEvents();
-
     QString m_path;
     QJsonObject m_settings;
     mutable std::optional<georef::Crs> m_crs; // made when first asked for: PROJ takes a moment to load

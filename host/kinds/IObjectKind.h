@@ -4,11 +4,32 @@
 #include "host/kinds/ObjectKind.h"
 #include "host/kinds/ObjectValue.h"
 
-/// host/kinds: what the objects of each kind are: their files, values, pictures and descriptions. A folder per kind.
+#include <memory>
+#include <vector>
+
+class ObjectPicture;
+
+/// host/kinds: what the objects of each kind are: their files, values, pictures and descriptions. A folder per kind,
+/// and a line in Kinds.cpp.
 
 namespace hv {
 
-/// One kind of object. Constant and without state: any thread may call any function.
+/// A line of what is said about an object: "Range", "-5000 to 5000".
+struct Description
+{
+    QString label;
+    QString text;
+};
+
+/// An object of the demonstration project.
+struct DemoObject
+{
+    QString name;
+    ObjectValue value;
+    QString directory = {}; ///< the virtual directory that it is filed in; empty for none
+};
+
+/// One kind of object. Constant and without state: any thread may call any function but picture().
 class IObjectKind
 {
 public:
@@ -20,6 +41,13 @@ public:
     virtual Result<ObjectValue> read(const QString& path) const = 0;
     /// Replaces the file as a whole, or leaves it as it was.
     virtual Result<void> write(const ObjectValue& value, const QString& path) const = 0;
+
+    /// What viewers paint; null for kinds without a picture of their own, which are shown by what is said of them.
+    virtual std::unique_ptr<ObjectPicture> picture(const ObjectValue& value) const;
+    /// What there is to say about a value, most important first.
+    virtual std::vector<Description> describe(const ObjectValue& value) const = 0;
+    /// What the demonstration project has of the kind, made from SyntheticSurvey and the same in every run.
+    virtual std::vector<DemoObject> demo() const;
 };
 
 const IObjectKind& objectKind(ObjectKind kind);

@@ -1,6 +1,11 @@
 #include "host/kinds/IObjectKind.h"
+#include "host/kinds/ObjectPicture.h"
 #include "host/kinds/colorbar/ColorBarKind.h"
+#include "host/kinds/crs/CrsKind.h"
+#include "host/kinds/culture/CultureKind.h"
 #include "host/kinds/plain/PlainKind.h"
+#include "host/kinds/script/ScriptKind.h"
+#include "host/kinds/well/WellKind.h"
 
 #include <algorithm>
 
@@ -25,7 +30,7 @@ const Kinds& kinds()
         plain({ObjectKind::Horizon3d, "Horizon", "3D Horizons", "horizons-3d", "horizon", "horizon_24"});
         plain({ObjectKind::Fault3d, "Fault", "3D Faults", "faults-3d", "fault", "fault_24"});
         plain({ObjectKind::Fault2d, "2D Fault", "2D Faults", "faults-2d", "fault2d", "fault_24"});
-        plain({ObjectKind::Culture, "Culture", "Cultures", "cultures", "geojson", "polygon_24"});
+        all.push_back(std::make_unique<CultureKind>());
         plain({ObjectKind::Polyline3d, "Polyline", "Polylines", "polylines", "polyline", "chart_24"});
         plain({ObjectKind::Wavelet, "Wavelet", "Wavelets", "wavelets", "wavelet", "atbseismicsmall"});
         plain({ObjectKind::Layer, "Layer", "Layers", "layers", "layer", "blending_24"});
@@ -36,9 +41,9 @@ const Kinds& kinds()
         plain({ObjectKind::RandomLineSet, "Random Line Set", "Random Line Sets", "random-line-sets", "lineset",
                "list_24"});
         plain({ObjectKind::Horizon2d, "2D Horizon", "2D Horizons", "horizons-2d", "horizon2d", "horizon_24"});
-        plain({ObjectKind::Well, "Well", "Wells", "wells", "las", "well_24"});
-        plain({ObjectKind::Crs, "Reference System", "Reference Systems", "reference-systems", "wkt prj", "web_24"});
-        plain({ObjectKind::PythonScript, "Script", "Python Scripts", "scripts", "py", "python_24"});
+        all.push_back(std::make_unique<WellKind>());
+        all.push_back(std::make_unique<CrsKind>());
+        all.push_back(std::make_unique<ScriptKind>());
         return all;
     };
     static const Kinds all = make();
@@ -46,6 +51,16 @@ const Kinds& kinds()
 }
 
 } // namespace
+
+std::unique_ptr<ObjectPicture> IObjectKind::picture(const ObjectValue& /*value*/) const
+{
+    return nullptr;
+}
+
+std::vector<DemoObject> IObjectKind::demo() const
+{
+    return {};
+}
 
 const IObjectKind& objectKind(ObjectKind kind)
 {

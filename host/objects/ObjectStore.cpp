@@ -339,6 +339,12 @@ void ObjectStore::tellSoon()
         m_tellSoon.start();
 }
 
+void ObjectStore::resetSoon(ObjectKind kind)
+{
+    m_events.reset(kind);
+    tellSoon();
+}
+
 void ObjectStore::tellChanges()
 {
     m_tellSoon.stop();
@@ -373,6 +379,8 @@ void ObjectStore::tellChanges()
     }
     for (const auto& [key, region] : told.changed)
         tell(key, ObjectChange::What::Content, region);
+    if (living)
+        Q_EMIT this->told();
 }
 
 } // namespace hv

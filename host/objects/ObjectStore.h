@@ -53,6 +53,8 @@ public:
     Result<void> ensureFolder(ObjectKind kind);
     /// Reads the folders anew, of all kinds when none is given: for folders that do not tell of their changes.
     void refresh(std::optional<ObjectKind> kind = std::nullopt);
+    /// Has the kind told as one to be listed anew: what its objects are arranged in has changed.
+    void resetSoon(ObjectKind kind);
     /// Tells now what has changed instead of in the next turn of the event loop.
     void tellChanges();
     /// How often a folder was read, for tests and benchmarks.
@@ -66,6 +68,8 @@ Q_SIGNALS:
     void renamed(const hv::ObjectKey& before, const hv::ObjectKey& after);
     /// Of objects that somebody holds, all that happens to them; of others, what was saved.
     void changed(const hv::ObjectChange& change);
+    /// All of the above has been told.
+    void told();
 
 private:
     friend class DataObject;

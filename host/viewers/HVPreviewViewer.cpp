@@ -1,7 +1,8 @@
 #include "host/viewers/HVPreviewViewer.h"
 
-#include "host/services/HVFileWatch.h"
-#include "host/viewers/ObjectPicture.h"
+#include "host/kinds/ObjectPicture.h"
+#include "host/objects/DataObject.h"
+#include "host/viewers/ObjectPage.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -30,20 +31,21 @@ HVPreviewViewer::HVPreviewViewer(QWidget* parent) : QWidget(parent)
 
 HVPreviewViewer::~HVPreviewViewer() = default;
 
-void HVPreviewViewer::showObject(std::optional<ObjectKind> kind, const QString& path)
+void HVPreviewViewer::showObject(std::shared_ptr<hv::DataObject> object)
 {
-    if (!kind && !m_picture)
+    if (!object && !m_picture)
         return;
-    if (!m_watch) {
-        m_watch = new HVFileWatch(this);
-        connect(m_watch, &HVFileWatch::changed, this, [this] {
+    if (m_object)
+        m_object->disconnect(this);
+    m_object = std::move(object);
+    m_isStale = false;
+    m_picture = m_object ? hv::makeObjectPage(*m_object) : nullptr;
+    if (m_object)
+        connect(m_object.get(), &hv::DataObject::changed, this, [this] {
+            m_isStale = true;
             if (isVisible())
-                readAgain();
+                showChanged();
         });
-    }
-    m_kind = kind;
-    m_watch->watch(kind ? path : QString());
-    m_picture = kind ? makeObjectPicture(*kind, path) : nullptr;
     startAnew();
     Q_EMIT pictureChanged();
 }
@@ -57,11 +59,11 @@ void HVPreviewViewer::startAnew()
     fit();
 }
 
-void HVPreviewViewer::readAgain()
+void HVPreviewViewer::showChanged()
 {
-    m_watch->watch(m_watch->path());
+    m_isStale = false;
     const QRectF before = m_picture->page();
-    m_picture = makeObjectPicture(*m_kind, m_watch->path());
+    m_picture = hv::makeObjectPage(*m_object);
     if (m_picture->page() == before) {
         update();
         return;
@@ -75,8 +77,8 @@ void HVPreviewViewer::readAgain()
 void HVPreviewViewer::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
-    if (m_watch && m_watch->hasChanged())
-        readAgain();
+    if (m_isStale)
+        showChanged();
 }
 
 void HVPreviewViewer::setHint(const QString& hint)

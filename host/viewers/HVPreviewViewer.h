@@ -1,6 +1,5 @@
 #pragma once
 
-#include "host/kinds/ObjectKind.h"
 #include "host/viewers/HVMouseMode.h"
 
 #include <QTransform>
@@ -9,14 +8,16 @@
 #include <memory>
 #include <optional>
 
-class HVFileWatch;
 class ObjectPicture;
+
+namespace hv {
+class DataObject;
+}
 
 /// host/viewers: windows that show objects of the project, and what they paint.
 
-/// Shows one object, as far as a picture of it can be made without opening it fully. When its file changes on the disk
-/// the picture is made anew a moment later, in a hidden viewer as soon as it is shown; zoom, rectangle and cross stay
-/// where the page has kept its size.
+/// Shows one object of the project, as it is: when it changes the picture is made anew, in a hidden viewer as soon as
+/// it is shown; zoom, rectangle and cross stay where the page has kept its size.
 ///
 /// The left button does what the mouse mode says: chooses a position (Selection), draws a rectangle (SquareSelection),
 /// moves the cross (CrossNavigation), moves the page (Translation), draws the rectangle to zoom to (Zoom). In every
@@ -32,8 +33,8 @@ public:
     explicit HVPreviewViewer(QWidget* parent = nullptr);
     ~HVPreviewViewer() override;
 
-    /// An empty path shows nothing but `hint`, when there is one.
-    void showObject(std::optional<ObjectKind> kind, const QString& path);
+    /// Null shows nothing but the hint, when there is one. The viewer keeps the object alive.
+    void showObject(std::shared_ptr<hv::DataObject> object);
     void setHint(const QString& hint);
     const ObjectPicture* picture() const { return m_picture.get(); }
 
@@ -77,7 +78,7 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    void readAgain();
+    void showChanged();
     void startAnew();
     QPointF toPage(QPointF viewer) const;
     void moveBy(QPointF viewerPixels);
@@ -88,8 +89,8 @@ private:
     void updateCursor();
 
     std::unique_ptr<ObjectPicture> m_picture;
-    std::optional<ObjectKind> m_kind;
-    HVFileWatch* m_watch = nullptr; // from the first object on: each takes one of the system's few
+    std::shared_ptr<hv::DataObject> m_object;
+    bool m_isStale = false; // it has changed while the viewer was hidden
     QString m_hint;
     HVMouseMode m_mode = HVMouseMode::Selection;
     double m_scale = 1.0;

@@ -32,7 +32,8 @@ bool HVInputSelectionPreview::setPreviewMouseMode(HVMouseMode mode, QString* err
 
 void HVInputSelectionPreview::showInput()
 {
-    const QString path = m_selection->object();
-    const HVProject* project = m_selection->project();
-    m_viewer->showObject(project ? project->kindOf(path) : std::nullopt, path);
+    HVProject* project = m_selection->project();
+    const auto key = project ? project->keyOf(m_selection->object()) : std::nullopt;
+    const auto object = key ? project->store().open(*key) : std::shared_ptr<hv::DataObject>();
+    m_viewer->showObject(object ? *object : nullptr);
 }

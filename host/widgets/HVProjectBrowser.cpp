@@ -71,6 +71,9 @@ HVProjectBrowser::HVProjectBrowser(QWidget* parent)
 
     connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, &HVProjectBrowser::keepState);
     connect(m_model, &QAbstractItemModel::modelReset, this, &HVProjectBrowser::restoreState);
+    // With a search, what is found may come and go; other pages come with a reset.
+    connect(m_filter, &QAbstractItemModel::rowsInserted, this, &HVProjectBrowser::showPage);
+    connect(m_filter, &QAbstractItemModel::rowsRemoved, this, &HVProjectBrowser::showPage);
     connect(m_commands, &HVProjectCommands::renameRequested, this, [this] { m_view->edit(m_view->currentIndex()); });
     showPage();
 }

@@ -13,56 +13,43 @@
 namespace {
 
 using Type = ProjectNode::Type;
-constexpr int g_updateMilliseconds = 50;
 
 } // namespace
 
-HVProjectModel::HVProjectModel(QObject* parent) : QAbstractItemModel(parent)
-{
-    m_updateSoon.setSingleShot(true);
-    m_updateSoon.setInterval(g_updateMilliseconds);
-    connect(&m_updateSoon, &QTimer::timeout, this, &HVProjectModel::update);
-}
+HVProjectModel::HVProjectModel(QObject* parent) : QAbstractItemModel(parent) {}
 
 HVProjectModel::~HVProjectModel() = default;
 
 void HVProjectModel::setProject(HVProject* project)
 {
     if (m_project)
-        m_project->disconnect(this);
+        m_project->store().disconnect(this);
     beginResetModel();
     m_rows.clear();
     m_kinds.clear();
-    m_changed.clear();
     m_project = project;
     endResetModel();
     if (!project)
         return;
-    connect(project, &HVProject::objectsChanged, this, &HVProjectModel::markChanged);
-    connect(project, &HVProject::directoriesChanged, this, &HVProjectModel::markChanged);
+    const hv::ObjectStore* store = &project->store();
+    connect(store, &hv::ObjectStore::listingReset, this, [this](ObjectKind kind) { list({kind}); });
+    connect(store, &hv::ObjectStore::added, this, &HVProjectModel::addObject);
+    connect(store, &hv::ObjectStore::removed, this, &HVProjectModel::removeObject);
+    connect(store, &hv::ObjectStore::renamed, this, &HVProjectModel::renameObject);
+    std::set<ObjectKind> kinds;
     for (const ObjectKindInfo& info : objectKinds())
-        if (m_listed.empty() || m_listed.count(info.kind))
-            m_changed.insert(info.kind);
-    update();
+        kinds.insert(info.kind);
+    list(kinds);
 }
 
-void HVProjectModel::markChanged(ObjectKind kind)
+void HVProjectModel::list(const std::set<ObjectKind>& kinds)
 {
-    if (!m_listed.empty() && !m_listed.count(kind))
-        return;
-    m_changed.insert(kind);
-    if (!m_updateSoon.isActive())
-        m_updateSoon.start();
-}
-
-void HVProjectModel::update()
-{
-    m_updateSoon.stop();
-    if (!m_project || m_changed.empty())
+    if (!m_project || std::none_of(kinds.begin(), kinds.end(), [this](ObjectKind kind) { return isListed(kind); }))
         return;
     beginResetModel();
-    for (const ObjectKind kind : std::exchange(m_changed, {}))
-        m_kinds[kind] = buildProjectTree(*m_project, kind);
+    for (const ObjectKind kind : kinds)
+        if (isListed(kind))
+            m_kinds[kind] = buildProjectTree(*m_project, kind);
     m_rows.clear();
     for (const ObjectKindInfo& info : objectKinds())
         if (ProjectNode* node = m_kinds[info.kind].get()) {
@@ -70,6 +57,91 @@ void HVProjectModel::update()
             m_rows.push_back(node);
         }
     endResetModel();
+}
+
+/// The row that holds, or would hold, the object: null when the kind has no row yet.
+ProjectNode* HVProjectModel::parentOf(const hv::ObjectKey& key)
+{
+    ProjectNode* root = m_kinds[key.kind].get();
+    if (!root || !m_project)
+        return nullptr;
+    const QString directory = m_project->directories(key.kind).directoryOf(key.name);
+    ProjectNode* found = directory.isEmpty() ? root : root->findDirectory(directory);
+    return found ? found : root;
+}
+
+QModelIndex HVProjectModel::indexOf(const ProjectNode* node) const
+{
+    return createIndex(node->row, 0, const_cast<ProjectNode*>(node)); // NOLINT: Qt's pointer is not const
+}
+
+void HVProjectModel::countObjects(ProjectNode* from, int more)
+{
+    for (ProjectNode* node = from; node; node = node->parent) {
+        node->objectCount += more;
+        const QModelIndex count = indexOf(node).siblingAtColumn(1);
+        Q_EMIT dataChanged(count, count, {Qt::DisplayRole});
+    }
+}
+
+void HVProjectModel::addObject(const hv::ObjectKey& key)
+{
+    if (!isListed(key.kind))
+        return;
+    ProjectNode* parent = parentOf(key);
+    if (!parent) {
+        list({key.kind});
+        return;
+    }
+    const int row = parent->placeOf(key.name);
+    if (parent->objectAt(row, key.name) || !m_project->store().contains(key))
+        return;
+    beginInsertRows(indexOf(parent), row, row);
+    parent->insert(row, std::make_unique<ProjectNode>(
+                            ProjectNode{Type::Object, key.kind, key.name, m_project->store().path(key)}));
+    endInsertRows();
+    countObjects(parent, 1);
+}
+
+void HVProjectModel::removeObject(const hv::ObjectKey& key)
+{
+    ProjectNode* parent = isListed(key.kind) ? parentOf(key) : nullptr;
+    const int row = parent ? parent->placeOf(key.name) : 0;
+    if (!parent || !parent->objectAt(row, key.name))
+        return;
+    // A kind without anything has no row.
+    if (parent->children.size() == 1 && parent->type == Type::Kind) {
+        list({key.kind});
+        return;
+    }
+    beginRemoveRows(indexOf(parent), row, row);
+    parent->take(row);
+    endRemoveRows();
+    countObjects(parent, -1);
+}
+
+void HVProjectModel::renameObject(const hv::ObjectKey& before, const hv::ObjectKey& after)
+{
+    if (!isListed(before.kind))
+        return;
+    // An object keeps its directory together with its other name.
+    ProjectNode* parent = parentOf(after);
+    const int row = parent ? parent->placeOf(before.name) : 0;
+    if (!parent || !parent->objectAt(row, before.name) || parent->objectAt(parent->placeOf(after.name), after.name)) {
+        list({before.kind});
+        return;
+    }
+    const int place = parent->placeOf(after.name);
+    const bool isMoved = place != row && place != row + 1;
+    if (isMoved)
+        beginMoveRows(indexOf(parent), row, row, indexOf(parent), place);
+    auto node = parent->take(row);
+    node->name = after.name;
+    node->path = m_project->store().path(after);
+    const ProjectNode* renamed = parent->insert(place > row ? place - 1 : place, std::move(node));
+    if (isMoved)
+        endMoveRows();
+    Q_EMIT dataChanged(indexOf(renamed), indexOf(renamed));
 }
 
 const ProjectNode* HVProjectModel::node(const QModelIndex& index) const

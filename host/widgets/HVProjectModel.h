@@ -5,7 +5,6 @@
 
 #include <QAbstractItemModel>
 #include <QPointer>
-#include <QTimer>
 
 #include <map>
 #include <memory>
@@ -15,8 +14,9 @@
 /// The open project as a tree: kinds of object that have something, their virtual directories, the objects. The second
 /// column counts objects.
 ///
-/// Ten thousand rows take some ten milliseconds and no widgets. Changes are collected for a moment, then the kinds that
-/// changed are listed anew and the model is reset; ProjectNode::key() tells rows before and after apart.
+/// Follows the project's store: objects that come, go and get other names are rows that do so, among a hundred
+/// thousand others too. Where a kind is listed anew, the model is reset; ProjectNode::key() tells rows before and after
+/// apart.
 ///
 /// Dragged objects travel as the rows of an item model, see HVProjectItemDrag.h, and as the addresses of their files.
 /// Objects dropped on a directory or kind of their own are filed there. Renaming goes by Qt::EditRole.
@@ -37,8 +37,6 @@ public:
     void setKinds(std::set<ObjectKind> kinds) { m_listed = std::move(kinds); }
     void setProject(HVProject* project);
     HVProject* project() const { return m_project; }
-    /// Takes up changes at once instead of in a moment.
-    void update();
     /// Null for an invalid index; gone with the next reset.
     const ProjectNode* node(const QModelIndex& index) const;
 
@@ -60,13 +58,18 @@ public:
                       const QModelIndex& parent) override;
 
 private:
-    void markChanged(ObjectKind kind);
+    bool isListed(ObjectKind kind) const { return m_listed.empty() || m_listed.count(kind); }
+    void list(const std::set<ObjectKind>& kinds);
+    void addObject(const hv::ObjectKey& key);
+    void removeObject(const hv::ObjectKey& key);
+    void renameObject(const hv::ObjectKey& before, const hv::ObjectKey& after);
+    ProjectNode* parentOf(const hv::ObjectKey& key);
+    QModelIndex indexOf(const ProjectNode* node) const;
+    void countObjects(ProjectNode* from, int more);
     QStringList droppedObjects(const QMimeData* data, const QModelIndex& parent) const;
 
     QPointer<HVProject> m_project;
     std::map<ObjectKind, std::unique_ptr<ProjectNode>> m_kinds;
     std::vector<ProjectNode*> m_rows; // the top level
     std::set<ObjectKind> m_listed;    // empty for all
-    std::set<ObjectKind> m_changed;
-    QTimer m_updateSoon;
 };

@@ -11,8 +11,6 @@
 
 namespace {
 
-constexpr int g_collectMilliseconds = 50;
-
 std::set<ObjectKind> scriptKinds()
 {
     std::set<ObjectKind> kinds;
@@ -27,9 +25,6 @@ std::set<ObjectKind> scriptKinds()
 HVProjectObjects::HVProjectObjects(QObject* parent)
     : QObject(parent), m_service(HVProjectService::current()), m_kinds(scriptKinds())
 {
-    m_changedSoon.setSingleShot(true);
-    m_changedSoon.setInterval(g_collectMilliseconds);
-    connect(&m_changedSoon, &QTimer::timeout, this, &HVProjectObjects::changed);
     if (m_service) {
         connect(m_service, &HVProjectService::projectChanged, this, &HVProjectObjects::take);
         take(m_service->project());
@@ -46,14 +41,30 @@ void HVProjectObjects::setProject(HVProject* project)
 
 void HVProjectObjects::take(HVProject* project)
 {
-    if (m_project)
+    if (m_project) {
         m_project->disconnect(this);
-    m_changedSoon.stop();
+        m_project->store().disconnect(this);
+    }
+    m_hasChanged = false;
     m_project = project;
     if (project) {
-        connect(project, &HVProject::objectsChanged, this, &HVProjectObjects::markChanged);
-        connect(project, &HVProject::directoriesChanged, this, &HVProjectObjects::markChanged);
-        connect(project, &HVProject::objectRenamed, this, &HVProjectObjects::renamed);
+        using hv::ObjectKey;
+        using hv::ObjectStore;
+        const ObjectStore* store = &project->store();
+        connect(store, &ObjectStore::listingReset, this, &HVProjectObjects::note);
+        connect(store, &ObjectStore::added, this, [this](const ObjectKey& key) { note(key.kind); });
+        connect(store, &ObjectStore::removed, this, [this](const ObjectKey& key) { note(key.kind); });
+        connect(store, &ObjectStore::renamed, this, [this](const ObjectKey& before, const ObjectKey& after) {
+            note(after.kind);
+            const QString path = m_project->store().path(after);
+            Q_EMIT renamed(m_project->folder(before.kind) + QLatin1Char('/') + before.name + QLatin1Char('.') +
+                               QFileInfo(path).suffix(),
+                           path);
+        });
+        connect(store, &ObjectStore::told, this, [this] {
+            if (std::exchange(m_hasChanged, false))
+                Q_EMIT changed();
+        });
         connect(project, &QObject::destroyed, this, &HVProjectObjects::replaced);
     }
     Q_EMIT replaced();
@@ -67,12 +78,6 @@ void HVProjectObjects::setKinds(std::set<ObjectKind> kinds)
         return;
     m_kinds = std::move(kinds);
     Q_EMIT replaced();
-}
-
-void HVProjectObjects::markChanged(ObjectKind kind)
-{
-    if (m_kinds.count(kind) && !m_changedSoon.isActive())
-        m_changedSoon.start();
 }
 
 QString HVProjectObjects::suitable(const QString& path) const

@@ -4,7 +4,6 @@
 
 #include <QObject>
 #include <QPointer>
-#include <QTimer>
 
 #include <set>
 
@@ -43,16 +42,16 @@ public:
 Q_SIGNALS:
     /// Another project or none, or other kinds.
     void replaced();
-    /// Objects or directories of these kinds have come, gone or moved; collected for a moment.
+    /// Objects or directories of these kinds have come, gone or moved; once per turn of the event loop.
     void changed();
     void renamed(const QString& before, const QString& after);
 
 private:
     void take(HVProject* project);
-    void markChanged(ObjectKind kind);
+    void note(ObjectKind kind) { m_hasChanged = m_hasChanged || m_kinds.count(kind) > 0; }
 
     QPointer<HVProject> m_project;
     QPointer<HVProjectService> m_service;
     std::set<ObjectKind> m_kinds;
-    QTimer m_changedSoon;
+    bool m_hasChanged = false; // among what is being told
 };

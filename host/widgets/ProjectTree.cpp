@@ -50,6 +50,56 @@ QString ProjectNode::directory() const
     return node->type == Type::Directory ? node->name : QString();
 }
 
+ProjectNode* ProjectNode::findDirectory(const QString& directory)
+{
+    for (const auto& child : children) {
+        if (child->type == Type::Object)
+            break;
+        if (child->name == directory)
+            return child.get();
+        if (ProjectNode* below = child->findDirectory(directory))
+            return below;
+    }
+    return nullptr;
+}
+
+int ProjectNode::placeOf(const QString& object) const
+{
+    const auto at = std::lower_bound(children.begin(), children.end(), object, [](const auto& child, const QString& n) {
+        return child->type != Type::Object || hv::naturalLess(child->name, n);
+    });
+    return static_cast<int>(at - children.begin());
+}
+
+bool ProjectNode::objectAt(int childRow, const QString& object) const
+{
+    const auto at = static_cast<std::size_t>(childRow);
+    return at < children.size() && children[at]->type == Type::Object && children[at]->name == object;
+}
+
+ProjectNode* ProjectNode::insert(int childRow, std::unique_ptr<ProjectNode> child)
+{
+    child->parent = this;
+    const auto at = children.insert(children.begin() + childRow, std::move(child));
+    numberFrom(static_cast<std::size_t>(childRow));
+    return at->get();
+}
+
+std::unique_ptr<ProjectNode> ProjectNode::take(int childRow)
+{
+    const auto at = children.begin() + childRow;
+    std::unique_ptr<ProjectNode> taken = std::move(*at);
+    children.erase(at);
+    numberFrom(static_cast<std::size_t>(childRow));
+    return taken;
+}
+
+void ProjectNode::numberFrom(std::size_t childRow)
+{
+    for (; childRow < children.size(); ++childRow)
+        children[childRow]->row = static_cast<int>(childRow);
+}
+
 std::unique_ptr<ProjectNode> buildProjectTree(HVProject& project, ObjectKind kind)
 {
     const ObjectKindInfo& info = objectKindInfo(kind);

@@ -30,6 +30,17 @@ struct ProjectNode
     QString key() const;
     /// The directory that holds the row, or that it is; empty outside all directories.
     QString directory() const;
+
+    /// Of directories in the subtree; null for none.
+    ProjectNode* findDirectory(const QString& directory);
+    /// The row among the children where an object of this name stands or would stand.
+    int placeOf(const QString& object) const;
+    bool objectAt(int childRow, const QString& object) const;
+    ProjectNode* insert(int childRow, std::unique_ptr<ProjectNode> child);
+    std::unique_ptr<ProjectNode> take(int childRow);
+
+private:
+    void numberFrom(std::size_t childRow);
 };
 
 /// The rows of one kind as the project has them now: directories before objects, both in natural order. Null when it

@@ -1,22 +1,49 @@
 #include "host/data/demo/DemoProject.h"
 
 #include "host/data/HVProject.h"
-#include "host/data/demo/DemoSteps.h"
 #include "host/formats/JsonFile.h"
+#include "host/kinds/IObjectKind.h"
+#include "host/kinds/demo/SyntheticSurvey.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 namespace demo {
 
-const std::vector<Step>& steps()
+namespace {
+
+bool makeReferenceSystem(HVProject& project, QString* error)
 {
-    static const std::vector<Step> list{
-        {"Reference system", makeReferenceSystem},
-        {"Survey outline", makeCultures},
-        {"Colour bars", makeColorBars},
-        {"Wells", makeWells},
-    };
+    const auto crs = georef::Crs::fromAuthority(SyntheticSurvey::crsAuthority(), SyntheticSurvey::crsCode(), error);
+    return !crs.isNull() && project.setCrs(crs, error);
+}
+
+} // namespace
+
+bool makeObjects(HVProject& project, ObjectKind kind, QString* error)
+{
+    HVVirtualDirectories& directories = project.directories(kind);
+    for (const hv::DemoObject& object : hv::objectKind(kind).demo()) {
+        if (const auto made = project.store().create({kind, object.name}, object.value); !made)
+            return hv::fail(error, made.failure().sentence);
+        if (object.directory.isEmpty())
+            continue;
+        if (!directories.contains(object.directory) && !directories.addDirectory(object.directory, QString(), error))
+            return false;
+        if (!directories.fileObjects({object.name}, object.directory, error))
+            return false;
+    }
+    return directories.flush(error);
+}
+
+std::vector<Step> steps()
+{
+    std::vector<Step> list{{QStringLiteral("Reference System"), makeReferenceSystem}};
+    for (const ObjectKindInfo& info : objectKinds())
+        if (!hv::objectKind(info.kind).demo().empty())
+            list.push_back({QString::fromLatin1(info.plural), [kind = info.kind](HVProject& project, QString* error) {
+                                return makeObjects(project, kind, error);
+                            }});
     return list;
 }
 
@@ -28,7 +55,7 @@ bool makeProject(const QString& folder, const std::function<void(const QString& 
     if (!project)
         return false;
     for (const Step& step : steps()) {
-        tell(QString::fromLatin1(step.what));
+        tell(step.what);
         if (!step.make(*project, error))
             return false;
     }

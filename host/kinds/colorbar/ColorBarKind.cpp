@@ -1,8 +1,10 @@
 #include "host/kinds/colorbar/ColorBarKind.h"
 
 #include "host/formats/ColorBarFile.h"
+#include "host/kinds/colorbar/ColorBarPicture.h"
 
 #include <QDir>
+#include <QObject>
 
 namespace hv {
 
@@ -31,6 +33,21 @@ Result<void> ColorBarKind::write(const ObjectValue& value, const QString& path) 
     if (bar && display::writeColorBar(*bar, path, reason))
         return {};
     return Failure(QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(path), reason), path);
+}
+
+std::unique_ptr<ObjectPicture> ColorBarKind::picture(const ObjectValue& value) const
+{
+    const auto bar = value.as<ColorBar>();
+    return bar ? std::make_unique<ColorBarPicture>(bar) : nullptr;
+}
+
+std::vector<Description> ColorBarKind::describe(const ObjectValue& value) const
+{
+    const auto bar = value.as<ColorBar>();
+    if (!bar)
+        return {};
+    return {{QObject::tr("Range"),
+             QObject::tr("%1 to %2").arg(QString::number(bar->minimum()), QString::number(bar->maximum()))}};
 }
 
 } // namespace hv

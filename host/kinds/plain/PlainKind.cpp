@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLocale>
 
 namespace hv {
 
@@ -18,6 +19,15 @@ Result<void> PlainKind::write(const ObjectValue& /*value*/, const QString& path)
     return Failure(QStringLiteral("Unable to write '%1': %2 cannot be written.")
                        .arg(QDir::toNativeSeparators(path), QLatin1String(m_info.plural)),
                    path);
+}
+
+std::vector<Description> PlainKind::describe(const ObjectValue& value) const
+{
+    const auto file = value.as<PlainFile>();
+    if (!file)
+        return {};
+    return {{QObject::tr("Size"), QLocale().formattedDataSize(file->size)},
+            {QObject::tr("Changed"), QLocale().toString(file->modified, QLocale::ShortFormat)}};
 }
 
 } // namespace hv

@@ -22,6 +22,7 @@ public:
     const ObjectKindInfo& info() const override { return m_info; }
     Result<ObjectValue> read(const QString& path) const override;
     Result<void> write(const ObjectValue& value, const QString& path) const override;
+    std::vector<Description> describe(const ObjectValue& value) const override;
 
 private:
     ObjectKindInfo m_info;

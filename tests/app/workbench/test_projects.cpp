@@ -77,7 +77,7 @@ TEST(Projects, scriptsRefreshTheColourBars)
     AppWrapper application(window);
     application.refreshPalettes(); // without a project there are none
     ASSERT_TRUE(window.openProject(folder.filePath("Field")));
-    QSignalSpy changes(window.projects()->project(), &HVProject::objectsChanged);
+    QSignalSpy changes(&window.projects()->project()->store(), &hv::ObjectStore::listingReset);
     application.refreshPalettes();
     ASSERT_TRUE(changes.wait(2000));
     ASSERT_EQ(changes.count(), 1);
@@ -105,7 +105,7 @@ TEST(Projects, scriptsBelongToTheOpenProject)
     // A new script is offered a place and a name in the project.
     HVProject& project = *window.projects()->project();
     const QString path = project.filename(ObjectKind::PythonScript, "Script");
-    QSignalSpy changes(&project, &HVProject::objectsChanged);
+    QSignalSpy changes(&project.store(), &hv::ObjectStore::told);
     HVPythonTextEdit* editor = window.newScript();
     editor->setPlainText("x = 1\n");
     QTimer answers;

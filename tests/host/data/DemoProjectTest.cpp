@@ -3,7 +3,7 @@
 
 #include "TestFiles.h"
 #include "host/data/HVProject.h"
-#include "host/data/demo/SyntheticSurvey.h"
+#include "host/kinds/demo/SyntheticSurvey.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

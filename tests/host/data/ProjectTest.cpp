@@ -150,7 +150,7 @@ TEST_F(Project, renamingAndRemovingLoseNothing)
     writeFile(project->newFilename(kind, name("b")), "B");
     project->directories(kind).addDirectory(name("D"), QString());
     project->directories(kind).fileObjects({name("a")}, name("D"));
-    QSignalSpy changed(project.get(), &HVProject::objectsChanged);
+    QSignalSpy removed(&project->store(), &hv::ObjectStore::removed);
     EXPECT_FALSE(project->renameObject(kind, name("a"), name("b"), &error));
     EXPECT_FALSE(project->renameObject(kind, name("gone"), name("c"), &error));
     EXPECT_FALSE(project->renameObject(kind, name("a"), name("x/y"), &error));
@@ -164,19 +164,20 @@ TEST_F(Project, renamingAndRemovingLoseNothing)
     EXPECT_EQ(project->objectNames(kind), QStringList{name("b")});
     EXPECT_TRUE(project->directories(kind).objects(name("D")).isEmpty());
     project->store().tellChanges();
-    EXPECT_EQ(changed.count(), 1) << "a has gone";
+    EXPECT_EQ(removed.count(), 1) << "a has gone";
 }
 
 TEST_F(Project, watchingNoticesOtherPrograms)
 {
     EXPECT_TRUE(project->objects().isEmpty());
-    QSignalSpy changed(project.get(), &HVProject::objectsChanged);
+    QSignalSpy listed(&project->store(), &hv::ObjectStore::listingReset);
+    QSignalSpy added(&project->store(), &hv::ObjectStore::added);
     writeFile(folder + QStringLiteral("/wells/a.las"));
-    ASSERT_TRUE(changed.wait(2000));
-    changed.clear();
+    ASSERT_TRUE(listed.wait(2000)) << "with a folder of its own";
+    EXPECT_EQ(listed.first().first().value<ObjectKind>(), ObjectKind::Well);
     writeFile(folder + QStringLiteral("/wells/b.las"));
-    ASSERT_TRUE(changed.wait(2000));
-    EXPECT_EQ(changed.first().first().value<ObjectKind>(), ObjectKind::Well);
+    ASSERT_TRUE(added.wait(2000));
+    EXPECT_EQ(added.first().first().value<hv::ObjectKey>(), (hv::ObjectKey{ObjectKind::Well, QStringLiteral("b")}));
 }
 
 TEST_F(Project, theServiceHasOneProjectAndKeepsItWhenAnotherFails)

@@ -1,14 +1,16 @@
 // The preview of a chosen input: what it shows of real objects, and what the mouse does in each mode.
 #include "host/data/HVProjectService.h"
-#include "host/data/demo/DemoSteps.h"
+#include "host/data/demo/DemoProject.h"
+#include "host/display/ColorBar.h"
 #include "host/formats/MapOutline.h"
+#include "host/kinds/ObjectPicture.h"
 #include "host/viewers/HVPreviewViewer.h"
-#include "host/viewers/ObjectPicture.h"
 #include "host/widgets/HVInputSelectionLineEdit.h"
 #include "host/widgets/HVInputSelectionPreview.h"
 
 #include <QApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QSet>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -16,6 +18,8 @@
 #include <QWheelEvent>
 
 #include <filesystem>
+#include <sys/inotify.h>
+#include <unistd.h>
 
 namespace {
 
@@ -61,8 +65,8 @@ protected:
     {
         projects.create(folder.filePath("p"), QString());
         QString error;
-        EXPECT_TRUE(demo::makeColorBars(*projects.project(), &error)) << error.toStdString();
-        EXPECT_TRUE(demo::makeCultures(*projects.project(), &error)) << error.toStdString();
+        EXPECT_TRUE(demo::makeObjects(*projects.project(), ObjectKind::ColorBar, &error)) << error.toStdString();
+        EXPECT_TRUE(demo::makeObjects(*projects.project(), ObjectKind::Culture, &error)) << error.toStdString();
         preview.resize(400, 300);
         preview.show();
     }
@@ -158,6 +162,40 @@ TEST_F(Preview, followsTheFileOnTheDisk)
     preview.show();
     EXPECT_TRUE(shows(70));
     EXPECT_EQ(another.size(), 0) << "it is the same object";
+}
+
+TEST_F(Preview, aColourBarChangedThroughTheStoreIsRedrawnWithoutTheDisk)
+{
+    HVInputSelectionPreview other;
+    other.resize(400, 300);
+    other.show();
+    const QString path = first(ObjectKind::ColorBar);
+    preview.selection()->setObject(path);
+    other.selection()->setObject(path);
+    hv::ObjectStore& store = projects.project()->store();
+    store.tellChanges();
+    const auto color = [](HVPreviewViewer& viewer) {
+        const QPointF middle = viewer.pageToViewer().map(QPointF(128, 20));
+        return QColor(viewer.grab().toImage().pixel(middle.toPoint())).name();
+    };
+    EXPECT_NE(color(viewer()), "#ff0000");
+
+    display::ColorBar red;
+    red.setBands({qRgb(255, 0, 0)});
+    ASSERT_TRUE(store.save(*projects.project()->keyOf(path), hv::ObjectValue::of(red)));
+    // From here on nobody opens the file or reads the folder.
+    const int log = inotify_init1(IN_NONBLOCK);
+    inotify_add_watch(log, QFile::encodeName(path).constData(), IN_OPEN | IN_ACCESS);
+    inotify_add_watch(log, QFile::encodeName(QFileInfo(path).path()).constData(), IN_OPEN | IN_ACCESS);
+    const int readings = store.readings();
+    const ObjectPicture* before = viewer().picture();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return viewer().picture() != before; }));
+    EXPECT_EQ(color(viewer()), "#ff0000");
+    EXPECT_EQ(color(*other.viewer()), "#ff0000");
+    char events[4096];
+    EXPECT_LT(read(log, events, sizeof events), 0) << "a file was read";
+    EXPECT_EQ(store.readings(), readings);
+    ::close(log);
 }
 
 TEST_F(Preview, mouseDoesWhatTheModeSays)

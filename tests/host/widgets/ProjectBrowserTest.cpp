@@ -105,7 +105,6 @@ TEST_F(ProjectBrowser, treeFollowsTheProjectAndKeepsItsState)
 
 TEST_F(ProjectBrowser, draggedObjectsCarryKindAndFileAndCanBeDropped)
 {
-    HVProjectModel& model = *browser.model();
     QAbstractItemModel& rows = *browser.view()->model();
     const std::unique_ptr<QMimeData> data(
         rows.mimeData({find("Base"), find("Base").sibling(find("Base").row(), 1), find("North")}));
@@ -124,7 +123,7 @@ TEST_F(ProjectBrowser, draggedObjectsCarryKindAndFileAndCanBeDropped)
 
     EXPECT_FALSE(rows.canDropMimeData(data.get(), Qt::MoveAction, -1, -1, find("W & 1"))) << "another kind";
     EXPECT_TRUE(rows.dropMimeData(data.get(), Qt::MoveAction, -1, -1, find("Top 2")));
-    model.update();
+    project->store().tellChanges();
     EXPECT_EQ(directories().directoryOf("Base"), "Deep");
     EXPECT_TRUE(rows.dropMimeData(data.get(), Qt::MoveAction, -1, -1, find("3D Horizons")));
     EXPECT_EQ(directories().directoryOf("Base"), QString());
@@ -139,7 +138,7 @@ TEST_F(ProjectBrowser, renamingAndDeleting)
     EXPECT_TRUE(rows.setData(find("Top 2"), "Top 3"));
     EXPECT_FALSE(rows.setData(find("Base"), "a/b"));
     EXPECT_TRUE(rows.setData(find("North"), "South"));
-    browser.model()->update();
+    project->store().tellChanges();
     EXPECT_EQ(shown(), "3D Horizons 3[South 1[Deep 1[Top 3]],Base,Top 10],Wells 1[W & 1]");
 
     qputenv("XDG_DATA_HOME", folder.filePath("share").toUtf8());

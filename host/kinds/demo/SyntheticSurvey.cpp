@@ -1,4 +1,4 @@
-#include "host/data/demo/SyntheticSurvey.h"
+#include "host/kinds/demo/SyntheticSurvey.h"
 
 #include <array>
 #include <cmath>

@@ -4,7 +4,7 @@
 
 #include <span>
 
-/// host/data/demo: a made-up survey, the same on every machine, for demonstrations and tests.
+/// host/kinds/demo: a made-up survey, the same on every machine, for demonstrations and tests.
 namespace demo {
 
 /// A small marine 3D survey over six layers that a normal fault cuts and a meandering channel runs through; one corner

@@ -1,17 +1,16 @@
 #pragma once
 
-#include "host/kinds/ObjectKind.h"
-
 #include <QRectF>
 #include <QString>
 
-#include <memory>
-
 class QFont;
+class QImage;
 class QPainter;
 class QPalette;
+class QSize;
 
-/// What a viewer paints of an object: a page with a size of its own.
+/// What is painted of an object: a page with a size of its own. Holds what it paints, so it stays right whatever
+/// becomes of the object; GUI thread, or a QImage on any.
 class ObjectPicture
 {
 public:
@@ -27,7 +26,9 @@ public:
     virtual QString positionText(QPointF position) const;
 };
 
-/// The picture of an object file: a colour bar with its values, the outline of a culture, else the file's properties
-/// and the beginning of its text. Never null: what cannot be read is said on the page. Reads the file, up to some
-/// megabytes.
-std::unique_ptr<ObjectPicture> makeObjectPicture(ObjectKind kind, const QString& path);
+namespace hv {
+
+/// The whole page on white, as large as fits into `size`.
+QImage imageOf(const ObjectPicture& picture, const QSize& size);
+
+} // namespace hv

@@ -1,0 +1,40 @@
+#include "host/kinds/crs/CrsKind.h"
+
+#include <QObject>
+
+namespace hv {
+
+const ObjectKindInfo& CrsKind::info() const
+{
+    static const ObjectKindInfo info{ObjectKind::Crs,     "Reference System", "Reference Systems",
+                                     "reference-systems", "wkt prj",          "web_24"};
+    return info;
+}
+
+Result<ObjectValue> CrsKind::parse(const QByteArray& text) const
+{
+    QString reason;
+    ReferenceSystem system{text, georef::Crs::fromWkt(QString::fromUtf8(text), &reason)};
+    if (system.crs.isNull())
+        return Failure(reason);
+    return ObjectValue::of(std::move(system));
+}
+
+std::vector<Description> CrsKind::describe(const ObjectValue& value) const
+{
+    const auto system = value.as<ReferenceSystem>();
+    if (!system)
+        return {};
+    std::vector<Description> rows{{QObject::tr("Name"), system->crs.name()}};
+    if (!system->crs.authority().isEmpty())
+        rows.push_back({QObject::tr("Registered as"), system->crs.authority() + ':' + system->crs.authorityCode()});
+    return rows;
+}
+
+const QByteArray* CrsKind::textOf(const ObjectValue& value) const
+{
+    const auto system = value.as<ReferenceSystem>();
+    return system ? &system->text : nullptr;
+}
+
+} // namespace hv

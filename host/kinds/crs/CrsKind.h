@@ -1,0 +1,26 @@
+#pragma once
+
+#include "host/georef/Crs.h"
+#include "host/kinds/text/TextKind.h"
+
+namespace hv {
+
+/// A reference system with the well-known text that it was read from.
+struct ReferenceSystem
+{
+    QByteArray text;
+    georef::Crs crs;
+};
+
+class CrsKind final : public TextKind
+{
+public:
+    const ObjectKindInfo& info() const override;
+    std::vector<Description> describe(const ObjectValue& value) const override;
+
+protected:
+    Result<ObjectValue> parse(const QByteArray& text) const override;
+    const QByteArray* textOf(const ObjectValue& value) const override;
+};
+
+} // namespace hv

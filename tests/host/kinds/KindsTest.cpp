@@ -1,0 +1,131 @@
+// Kinds of object: what each reads, writes, paints and says.
+#include "TestFiles.h"
+#include "host/formats/Las.h"
+#include "host/kinds/IObjectKind.h"
+#include "host/kinds/ObjectPicture.h"
+#include "host/kinds/crs/CrsKind.h"
+#include "host/kinds/plain/PlainKind.h"
+#include "host/kinds/script/ScriptKind.h"
+#include "host/kinds/well/WellKind.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QTemporaryDir>
+
+#include <cmath>
+
+namespace {
+
+using hv::IObjectKind;
+using hv::ObjectValue;
+
+QString reason(const hv::Result<ObjectValue>& result)
+{
+    return result ? QString("read") : result.failure().sentence;
+}
+
+TEST(Kinds, whatTheDemonstrationHasComesBackFromTheDiskAndIsShown)
+{
+    const QTemporaryDir folder;
+    int shown = 0;
+    for (const ObjectKindInfo& info : objectKinds()) {
+        const IObjectKind& kind = hv::objectKind(info.kind);
+        EXPECT_EQ(kind.info().kind, info.kind);
+        for (const hv::DemoObject& object : kind.demo()) {
+            const QString path = folder.filePath(object.name + info.suffix());
+            ASSERT_TRUE(kind.write(object.value, path)) << info.singular;
+            const QByteArray written = readFile(path);
+            const auto read = kind.read(path);
+            ASSERT_TRUE(read) << reason(read).toStdString();
+            ASSERT_TRUE(kind.write(*read, path));
+            EXPECT_EQ(readFile(path), written) << "saving what was read loses nothing";
+            EXPECT_FALSE(kind.describe(*read).empty()) << info.singular;
+            const auto picture = kind.picture(*read);
+            ASSERT_TRUE(picture) << info.singular;
+            const QImage image = hv::imageOf(*picture, {200, 150});
+            int painted = 0;
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 0; x < image.width(); ++x)
+                    painted += image.pixel(x, y) != qRgb(255, 255, 255);
+            EXPECT_GT(painted, 100) << info.singular;
+            ++shown;
+        }
+        // A value of another kind is refused everywhere, and leaves what is there.
+        const QString path = folder.filePath(QStringLiteral("other") + info.suffix());
+        writeFile(path, "kept");
+        const ObjectValue other = ObjectValue::of(42);
+        EXPECT_FALSE(kind.write(other, path)) << info.singular;
+        EXPECT_FALSE(kind.write({}, path)) << info.singular;
+        EXPECT_EQ(readFile(path), QByteArray("kept"));
+        EXPECT_FALSE(kind.picture(other)) << info.singular;
+        EXPECT_TRUE(kind.describe(other).empty()) << info.singular;
+        const auto missing = kind.read(folder.filePath("none"));
+        ASSERT_FALSE(missing);
+        EXPECT_TRUE(missing.failure().sentence.contains("none")) << "names the file";
+    }
+    EXPECT_EQ(shown, 6);
+}
+
+TEST(Kinds, referenceSystemsScriptsAndPlainFiles)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("file");
+    writeFile(path, georef::Crs::fromAuthority("EPSG", "32631").toWkt().toUtf8());
+    const auto system = hv::objectKind(ObjectKind::Crs).read(path);
+    ASSERT_TRUE(system) << reason(system).toStdString();
+    EXPECT_EQ(system->as<hv::ReferenceSystem>()->crs.authorityCode(), "32631");
+    EXPECT_FALSE(system->as<hv::Script>()) << "a value has one type";
+    EXPECT_EQ(hv::objectKind(ObjectKind::Crs).describe(*system)[1].text, "EPSG:32631");
+    writeFile(path, "PROJCS[");
+    EXPECT_FALSE(hv::objectKind(ObjectKind::Crs).read(path));
+
+    const QByteArray latin = "# coding: latin-1\nx = '\xe9'\r\ny";
+    writeFile(path, latin);
+    const auto script = hv::objectKind(ObjectKind::PythonScript).read(path);
+    ASSERT_TRUE(script);
+    EXPECT_EQ(script->as<hv::Script>()->text, latin);
+    EXPECT_EQ(hv::objectKind(ObjectKind::PythonScript).describe(*script)[0].text, "3");
+
+    const auto plain = hv::objectKind(ObjectKind::Wavelet).read(path);
+    ASSERT_TRUE(plain);
+    EXPECT_EQ(plain->as<hv::PlainFile>()->size, latin.size());
+}
+
+TEST(Las, readsWrappedFilesNullsAndOddHeaders)
+{
+    const auto log = las::read("# remark\n~Version\n VERS. 1.2:\n WRAP. YES:\n~Well\n NULL. -999.25 : null\n"
+                               " WELL. A : B-1: WELL\n~Curve\nDEPT.M  : Depth\nGR.GAPI:\n RHOB .G/C3 45 : density\n"
+                               "~Other\nanything at all\n~Ascii\n100.0\n 50 2.5\n\n100.5\n-999.25\n2.6\n");
+    ASSERT_TRUE(log) << log.failure().sentence.toStdString();
+    ASSERT_EQ(log->curves.size(), 3U);
+    EXPECT_EQ(log->curves[2].mnemonic, "RHOB");
+    EXPECT_EQ(log->curves[2].unit, "G/C3");
+    EXPECT_EQ(log->curves[2].description, "density");
+    EXPECT_EQ(log->wellValue("well"), "A : B-1");
+    EXPECT_EQ(log->samples[0], (std::vector<double>{100.0, 100.5}));
+    EXPECT_TRUE(std::isnan(log->samples[1][1]));
+    EXPECT_EQ(log->samples[2][1], 2.6);
+}
+
+TEST(Las, saysWhatIsWrongAndWhere)
+{
+    const auto wrong = [](const char* text) {
+        const auto log = las::read(text);
+        return log ? std::string("read") : log.failure().sentence.toStdString();
+    };
+    EXPECT_EQ(wrong(""), "it names no curves");
+    EXPECT_EQ(wrong("text"), "line 1: it does not begin with a section");
+    EXPECT_EQ(wrong("~C\nA.M:\n"), "it has no samples");
+    EXPECT_EQ(wrong("~C\nA.M:\n~A\n1\n2 x\n"), "line 5: 'x' is no number");
+    EXPECT_EQ(wrong("~C\nA.M:\nB.M:\n~A\n1 2\n3\n"), "its last row of samples is not complete");
+    EXPECT_EQ(wrong("~A\n1\n"), "line 2: '1' is no number");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QGuiApplication application(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
