@@ -49,6 +49,8 @@ public:
                 if (m_section == 'A')
                     break;
                 m_section = line.size() > 1 ? static_cast<char>(std::toupper(line[1])) : ' ';
+                if (m_section == 'A' && m_log.curves.empty())
+                    break;
                 if (m_section == 'A')
                     beginSamples();
                 continue;
@@ -99,7 +101,7 @@ private:
         for (const QByteArray& word : line.simplified().split(' ')) {
             bool isNumber = false;
             const double value = word.toDouble(&isNumber);
-            if (!isNumber || m_log.curves.empty()) {
+            if (!isNumber) {
                 m_wrong = word;
                 return false;
             }

@@ -118,7 +118,7 @@ TEST(Las, saysWhatIsWrongAndWhere)
     EXPECT_EQ(wrong("~C\nA.M:\n"), "it has no samples");
     EXPECT_EQ(wrong("~C\nA.M:\n~A\n1\n2 x\n"), "line 5: 'x' is no number");
     EXPECT_EQ(wrong("~C\nA.M:\nB.M:\n~A\n1 2\n3\n"), "its last row of samples is not complete");
-    EXPECT_EQ(wrong("~A\n1\n"), "line 2: '1' is no number");
+    EXPECT_EQ(wrong("~A\n1\n"), "it names no curves");
 }
 
 } // namespace
