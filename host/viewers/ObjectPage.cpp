@@ -52,8 +52,8 @@ public:
             width = std::max(width, headWidth() + metrics.horizontalAdvance(line));
         for (const QString& line : qAsConst(m_text))
             width = std::max(width, fixed.horizontalAdvance(line));
-        const int rows = m_lines.size() + 2;
-        m_textTop = g_margin + rows * metrics.lineSpacing() + metrics.lineSpacing() / 2;
+        const int head = m_lines.size() + 2;
+        m_textTop = g_margin + head * metrics.lineSpacing() + metrics.lineSpacing() / 2;
         m_page = {0, 0, width + 2.0 * g_margin,
                   m_textTop + static_cast<double>(m_text.size()) * fixed.lineSpacing() + g_margin};
     }
