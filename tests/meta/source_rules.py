@@ -20,13 +20,15 @@ MAY_INCLUDE = {
     "host/display": ["host/core", "host/img"],
     "host/formats": VALUES,
     "host/kinds/Kinds.cpp": ["host/core", "host/kinds", "host/kinds/*"],  # one line of registration per kind
-    "host/kinds/*": VALUES + ["host/formats", "host/kinds"],
+    "host/kinds/demo": [],
+    "host/kinds/text": VALUES + ["host/formats", "host/kinds"],  # what kinds share whose files are texts
+    "host/kinds/*": VALUES + ["host/formats", "host/kinds", "host/kinds/demo", "host/kinds/text"],
     "host/kinds": VALUES,
     "host/services": ["host/core"],
     "host/objects": ["host/core", "host/formats", "host/kinds", "host/services"],
     "host/jobs": ["host/core", "host/kinds", "host/objects", "host/services"],
     "host/data": VALUES + STORE + ["host/services"],
-    "host/data/demo": VALUES + STORE + ["host/services"],
+    "host/data/demo": VALUES + STORE + ["host/kinds/demo", "host/services"],
     # Windows.
     "host/viewers": VALUES + STORE + ["host/jobs", "host/services"],
     "host/widgets": VALUES + STORE + ["host/jobs", "host/services", "host/viewers"],
