@@ -347,7 +347,10 @@ void ObjectStore::resetSoon(ObjectKind kind)
 
 void ObjectStore::tellChanges()
 {
+    takeEvents();
     m_tellSoon.stop();
+    if (m_events.isEmpty())
+        return;
     const ObjectEvents::Told told = m_events.take();
     // Whoever hears of it may close the project.
     const QPointer<ObjectStore> living(this);

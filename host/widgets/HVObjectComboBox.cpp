@@ -116,7 +116,7 @@ HVObjectComboBox::HVObjectComboBox(const std::set<ObjectKind>& kinds, QWidget* p
         tellChange();
     });
     connect(m_objects, &HVProjectObjects::replaced, this, &HVObjectComboBox::startAnew);
-    connect(m_objects, &HVProjectObjects::changed, this, &HVObjectComboBox::updateObjects);
+    connect(m_objects, &HVProjectObjects::changed, this, [this] { list(!m_isTouched && m_rows->rowCount() == 0); });
     connect(m_objects, &HVProjectObjects::renamed, this, [this](const QString& before, const QString& after) {
         if (m_chosen == before)
             m_chosen = after;
@@ -188,6 +188,9 @@ void HVObjectComboBox::startAnew()
 
 void HVObjectComboBox::updateObjects()
 {
+    // Names that have changed before rows that have: the chosen object is known by its name.
+    if (HVProject* project = m_objects->project())
+        project->store().tellChanges();
     list(!m_isTouched && m_rows->rowCount() == 0);
 }
 

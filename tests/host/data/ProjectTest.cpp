@@ -150,7 +150,7 @@ TEST_F(Project, renamingAndRemovingLoseNothing)
     writeFile(project->newFilename(kind, name("b")), "B");
     project->directories(kind).addDirectory(name("D"), QString());
     project->directories(kind).fileObjects({name("a")}, name("D"));
-    QSignalSpy removed(&project->store(), &hv::ObjectStore::removed);
+    QSignalSpy listed(&project->store(), &hv::ObjectStore::listingReset);
     EXPECT_FALSE(project->renameObject(kind, name("a"), name("b"), &error));
     EXPECT_FALSE(project->renameObject(kind, name("gone"), name("c"), &error));
     EXPECT_FALSE(project->renameObject(kind, name("a"), name("x/y"), &error));
@@ -164,7 +164,7 @@ TEST_F(Project, renamingAndRemovingLoseNothing)
     EXPECT_EQ(project->objectNames(kind), QStringList{name("b")});
     EXPECT_TRUE(project->directories(kind).objects(name("D")).isEmpty());
     project->store().tellChanges();
-    EXPECT_EQ(removed.count(), 1) << "a has gone";
+    EXPECT_EQ(listed.count(), 1) << "with its folders";
 }
 
 TEST_F(Project, watchingNoticesOtherPrograms)

@@ -301,6 +301,7 @@ TEST_F(ProjectChoice, inputLineChoosesByKeysMouseAndDrop)
     EXPECT_EQ(changed.size(), 3);
 
     projects.project()->renameObject(ObjectKind::Horizon3d, "Top 10", "New");
+    projects.project()->store().tellChanges();
     EXPECT_EQ(input->object(), path("New"));
     QTest::keyClick(input->line(), Qt::Key_Delete);
     EXPECT_EQ(input->object(), QString());
