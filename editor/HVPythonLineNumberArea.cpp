@@ -1,8 +1,6 @@
 #include "editor/HVPythonLineNumberArea.h"
 
-#include "editor/HVPythonTextEdit.h"
-
-HVPythonLineNumberArea::HVPythonLineNumberArea(HVPythonTextEdit* editor) : QWidget(editor), m_editor(editor)
+HVPythonLineNumberArea::HVPythonLineNumberArea(QWidget* editor, Content& content) : QWidget(editor), m_content(content)
 {
     QPalette colours = palette();
     colours.setColor(QPalette::WindowText, Qt::black);
@@ -14,15 +12,15 @@ HVPythonLineNumberArea::HVPythonLineNumberArea(HVPythonTextEdit* editor) : QWidg
 
 QSize HVPythonLineNumberArea::sizeHint() const
 {
-    return {m_editor->lineNumberAreaWidth(), 0};
+    return {m_content.lineNumberAreaWidth(), 0};
 }
 
 void HVPythonLineNumberArea::paintEvent(QPaintEvent* event)
 {
-    m_editor->lineNumberAreaPaintEvent(event);
+    m_content.lineNumberAreaPaintEvent(event);
 }
 
 void HVPythonLineNumberArea::mousePressEvent(QMouseEvent* event)
 {
-    m_editor->lineNumberMousePressEvent(event);
+    m_content.lineNumberMousePressEvent(event);
 }

@@ -2,16 +2,26 @@
 
 #include <QWidget>
 
-class HVPythonTextEdit;
-
-/// The gutter of a script editor, which draws it and takes its clicks.
+/// The gutter of a script editor.
 class HVPythonLineNumberArea : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// A child of `editor`.
-    explicit HVPythonLineNumberArea(HVPythonTextEdit* editor);
+    /// Draws the gutter and takes its clicks.
+    class Content
+    {
+    public:
+        virtual int lineNumberAreaWidth() const = 0;
+        virtual void lineNumberAreaPaintEvent(QPaintEvent* event) = 0;
+        virtual void lineNumberMousePressEvent(QMouseEvent* event) = 0;
+
+    protected:
+        ~Content() = default;
+    };
+
+    /// A child of `editor`; `content` lives as long as there are events.
+    HVPythonLineNumberArea(QWidget* editor, Content& content);
     QSize sizeHint() const override;
 
 protected:
@@ -19,5 +29,5 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
-    HVPythonTextEdit* m_editor;
+    Content& m_content;
 };

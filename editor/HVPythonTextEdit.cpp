@@ -1,22 +1,29 @@
 #include "editor/HVPythonTextEdit.h"
 
 #include "editor/Completion.h"
-#include "editor/FileWatch.h"
-#include "editor/HVPythonLineNumberArea.h"
+#include "editor/EditorColours.h"
 #include "editor/HVPythonSyntaxHighlighter.h"
+#include "editor/LineEditing.h"
+#include "editor/Marks.h"
 #include "editor/NoticeBar.h"
-#include "editor/RecoveryCopy.h"
+#include "editor/ScriptFile.h"
 #include "editor/Search.h"
 #include "editor/ShiftEnterFilter.h"
 #include "host/services/HVIconStore.h"
 #include "runtime/HVPythonDocumentation.h"
 
 #include <QAction>
-#include <QContextMenuEvent>
+#include <QApplication>
 #include <QDomDocument>
 #include <QFileInfo>
-#include <QMenu>
-#include <QPointer>
+#include <QFontDatabase>
+#include <QFontInfo>
+#include <QInputDialog>
+#include <QSettings>
+#include <QTextBlock>
+
+using editor::Marks;
+using editor::ScriptFile;
 
 namespace {
 
@@ -39,17 +46,17 @@ QAction* makeAction(HVPythonTextEdit* editor, const char* icon, const QString& t
 } // namespace
 
 HVPythonTextEdit::HVPythonTextEdit(QWidget* parent)
-    : QPlainTextEdit(parent), m_highlighter(new HVPythonSyntaxHighlighter(document()))
+    : QPlainTextEdit(parent), m_highlighter(new HVPythonSyntaxHighlighter(document())),
+      m_notice(new editor::NoticeBar(this))
 {
     setLineWrapMode(NoWrap);
     setPlainText(g_defaultText);
     moveCursor(QTextCursor::End);
-    m_breakpoints = new editor::BreakpointLines(*document(), this);
     document()->setModified(false);
     installEventFilter(new ShiftEnterFilter(this));
-    m_lineNumberArea = new HVPythonLineNumberArea(this);
-    m_notice = new editor::NoticeBar(this);
+    m_marks = std::make_unique<Marks>(*this);
     m_search = std::make_unique<editor::Search>(*this, *m_notice);
+    m_file = std::make_unique<ScriptFile>(*this, *m_notice);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setFocus();
@@ -61,12 +68,10 @@ HVPythonTextEdit::HVPythonTextEdit(QWidget* parent)
     setCenterOnScroll(true);
     applyFont(settingsFont());
 
-    m_watch = std::make_unique<editor::FileWatch>();
-    m_recovery = std::make_unique<editor::RecoveryCopy>([this] {
-        return editor::UnsavedText{m_filename, plainText()};
-    });
     makeActions();
-    connectSignals();
+    connectMarks();
+    connectFile();
+    connect(this, &QPlainTextEdit::textChanged, this, &HVPythonTextEdit::onTextChanged);
     updateLineNumberAreaWidth();
     highlightLines();
     m_completion = std::make_unique<editor::Completion>(*this);
@@ -96,19 +101,34 @@ void HVPythonTextEdit::makeActions()
             [this] { HVPythonDocumentation::openAndSearchForTargetString(m_documentationAction->data().toString()); });
 }
 
-void HVPythonTextEdit::connectSignals()
+void HVPythonTextEdit::connectMarks()
 {
-    connect(document(), &QTextDocument::modificationChanged, this, &HVPythonTextEdit::updateWindowTitle);
-    connect(m_breakpoints, &editor::BreakpointLines::moved, this, &HVPythonTextEdit::moveMarks);
     connect(this, &QPlainTextEdit::blockCountChanged, this, &HVPythonTextEdit::updateLineNumberAreaWidth);
     connect(this, &QPlainTextEdit::updateRequest, this, &HVPythonTextEdit::updateLineNumberArea);
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &HVPythonTextEdit::highlightLines);
-    connect(this, &QPlainTextEdit::textChanged, this, &HVPythonTextEdit::onTextChanged);
-    connect(this, &QPlainTextEdit::textChanged, this, &HVPythonTextEdit::keepUnsavedText);
-    connect(document(), &QTextDocument::modificationChanged, this, &HVPythonTextEdit::keepUnsavedText);
-    connect(m_watch.get(), &editor::FileWatch::changed, this, &HVPythonTextEdit::reportFileChange);
-    connect(m_watch.get(), &editor::FileWatch::readOnlyChanged, this, &HVPythonTextEdit::showWhetherReadOnly);
+    connect(m_marks.get(), &Marks::lineMarksChanged, this, &HVPythonTextEdit::highlightLines);
     connect(m_search.get(), &editor::Search::marksChanged, this, &HVPythonTextEdit::highlightLines);
+    connect(m_marks.get(), &Marks::breakpointAdded, this,
+            [this](int line) { Q_EMIT breakpointAdded(filename(), line); });
+    connect(m_marks.get(), &Marks::breakpointRemoved, this,
+            [this](int line) { Q_EMIT breakpointRemoved(filename(), line); });
+    connect(m_marks.get(), &Marks::breakpointChanged, this,
+            [this](int line) { Q_EMIT breakpointChanged(filename(), line); });
+}
+
+void HVPythonTextEdit::connectFile()
+{
+    connect(document(), &QTextDocument::modificationChanged, this, &HVPythonTextEdit::updateWindowTitle);
+    connect(m_file.get(), &ScriptFile::stateChanged, this, [this] {
+        updateWindowTitle();
+        highlightLines();
+    });
+    connect(m_file.get(), &ScriptFile::aboutToReplaceText, this, [this] {
+        clearBreakpoints();
+        clearErrors();
+    });
+    connect(m_file.get(), &ScriptFile::aboutToRename, m_marks.get(), &Marks::withdrawBreakpoints);
+    connect(m_file.get(), &ScriptFile::renamed, m_marks.get(), &Marks::announceBreakpoints);
 }
 
 std::vector<QAction*> HVPythonTextEdit::editorActions() const
@@ -118,7 +138,7 @@ std::vector<QAction*> HVPythonTextEdit::editorActions() const
 
 void HVPythonTextEdit::updateWindowTitle()
 {
-    QString title = m_filename.isEmpty() ? QStringLiteral("Python Editor") : QFileInfo(m_filename).fileName();
+    QString title = filename().isEmpty() ? QStringLiteral("Python Editor") : QFileInfo(filename()).fileName();
     if (document()->isModified())
         title += QStringLiteral(" [EDITED] ");
     setWindowTitle(title);
@@ -130,20 +150,45 @@ void HVPythonTextEdit::execute()
     Q_EMIT sendActionToMdi(this, this, QStringLiteral("EXECUTE_PYTHON_IN_EDITOR"));
 }
 
-void HVPythonTextEdit::onTextChanged()
+bool HVPythonTextEdit::loadFile(const QString& path)
 {
-    if (m_completion) // not under construction
-        m_completion->drive();
-    if (m_errorLine != -1) {
-        m_errorLine = -1;
-        highlightLines();
-    }
+    return m_file->load(path);
+}
+
+bool HVPythonTextEdit::saveToFile()
+{
+    return m_file->save();
+}
+
+void HVPythonTextEdit::setFilename(const QString& path)
+{
+    m_file->setPath(path);
+}
+
+QString HVPythonTextEdit::filename() const
+{
+    return m_file->path();
+}
+
+bool HVPythonTextEdit::isFileReadOnly() const
+{
+    return m_file->isReadOnly();
+}
+
+void HVPythonTextEdit::restoreUnsaved(const QString& path, const QString& text)
+{
+    m_file->restoreUnsaved(path, text);
+}
+
+QString HVPythonTextEdit::plainText() const
+{
+    return editor::documentText(*document());
 }
 
 bool HVPythonTextEdit::SaveObjectSession(QDomElement& element) const
 {
     QDomElement own = element.ownerDocument().createElement(g_sessionElement);
-    own.setAttribute(QStringLiteral("filename"), m_filename);
+    own.setAttribute(QStringLiteral("filename"), filename());
     own.setAttribute(QStringLiteral("cursorPosition"), textCursor().position());
     element.appendChild(own);
     return true;
@@ -165,29 +210,88 @@ bool HVPythonTextEdit::LoadObjectSession(const QDomElement& element)
     return true;
 }
 
-void HVPythonTextEdit::contextMenuEvent(QContextMenuEvent* event)
+void HVPythonTextEdit::onTextChanged()
 {
-    QTextCursor under = cursorForPosition(event->pos());
-    under.select(QTextCursor::WordUnderCursor);
-    const QString word = under.selectedText();
-    // A selection that was made to be copied stays.
-    const QTextCursor selection = textCursor();
-    if (under.position() < selection.selectionStart() || under.anchor() > selection.selectionEnd() ||
-        !selection.hasSelection())
-        setTextCursor(under);
-    m_searchAction->setText(word.isEmpty() ? QStringLiteral("Search...") : QStringLiteral("Search for '%1'").arg(word));
-    m_documentationAction->setText(word.isEmpty()
-                                       ? QStringLiteral("Search Strativo Python Documentation...")
-                                       : QStringLiteral("Search Strativo Python Documentation for '%1'").arg(word));
-    m_searchAction->setData(word);
-    m_documentationAction->setData(word);
+    if (m_completion) // not under construction
+        m_completion->drive();
+    if (m_marks->hasError())
+        clearErrors();
+}
 
-    const QPointer<QMenu> menu = createStandardContextMenu(event->pos());
-    QAction* first = menu->actions().value(0);
-    menu->insertActions(first, {m_searchAction, m_documentationAction, m_executeAction, m_saveAction});
-    menu->insertSeparator(first);
-    menu->exec(event->globalPos());
-    delete menu; // unless the editor took it along
+void HVPythonTextEdit::errorDetected(std::string /*filename*/, std::string /*function*/, long line)
+{
+    m_marks->setErrorLine(static_cast<int>(line));
+}
+
+void HVPythonTextEdit::clearErrors()
+{
+    m_marks->setErrorLine(-1);
+}
+
+void HVPythonTextEdit::breakpointHit(int line)
+{
+    m_marks->setPausedLine(line);
+}
+
+void HVPythonTextEdit::clearBreakpoints()
+{
+    m_marks->clearBreakpoints();
+}
+
+std::set<qint32> HVPythonTextEdit::breakpoints() const
+{
+    return m_marks->breakpoints();
+}
+
+void HVPythonTextEdit::toggleBreakpoint(int line)
+{
+    m_marks->toggleBreakpoint(line);
+}
+
+debugger::BreakpointSettings HVPythonTextEdit::breakpointSettings(int line) const
+{
+    return m_marks->breakpointSettings(line);
+}
+
+void HVPythonTextEdit::setBreakpointSettings(int line, const debugger::BreakpointSettings& settings)
+{
+    m_marks->setBreakpointSettings(line, settings);
+}
+
+int HVPythonTextEdit::lineNumberAreaWidth() const
+{
+    return m_marks->lineNumberAreaWidth();
+}
+
+void HVPythonTextEdit::updateLineNumberAreaWidth(int /*blockCount*/)
+{
+    setViewportMargins(lineNumberAreaWidth(), 0, 0, 0);
+}
+
+void HVPythonTextEdit::updateLineNumberArea(const QRect& rectangle, int dy)
+{
+    m_marks->updateLineNumberArea(rectangle, dy);
+    if (rectangle.contains(viewport()->rect()))
+        updateLineNumberAreaWidth();
+}
+
+void HVPythonTextEdit::applyColours()
+{
+    const editor::EditorColours colours = editor::EditorColours::of(QApplication::palette());
+    QPalette own = palette();
+    if (own.color(QPalette::Base) != colours.base || own.color(QPalette::Text) != colours.text) {
+        own.setColor(QPalette::Base, colours.base);
+        own.setColor(QPalette::Text, colours.text);
+        setPalette(own);
+    }
+    m_marks->setLineNumberColour(colours.lineNumber);
+    m_highlighter->setDark(colours.dark);
+    highlightLines();
+}
+
+void HVPythonTextEdit::highlightLines()
+{
+    setExtraSelections(m_marks->lineMarks() + m_search->marks() + m_marks->bracketMarks());
 }
 
 void HVPythonTextEdit::findNext()
@@ -213,24 +317,51 @@ void HVPythonTextEdit::showReplaceBar()
 /// The search bars in the corner, the notice at the foot.
 void HVPythonTextEdit::placeBars()
 {
-    if (!m_search)
-        return; // under construction
     m_search->placeBars();
     const int height = m_notice->sizeHint().height();
     m_notice->setGeometry(viewport()->x(), viewport()->geometry().bottom() + 1 - height, viewport()->width(), height);
 }
 
-void HVPythonTextEdit::changeEvent(QEvent* event)
+QFont HVPythonTextEdit::settingsFont()
 {
-    QPlainTextEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && m_notice)
-        applyColours();
+    const QFont system = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    const int size = system.pointSize() > 0 ? system.pointSize() : QFontInfo(system).pointSize();
+    const QSettings settings;
+    QFont font(settings.value(QStringLiteral("Python/editor-font"), system.family()).toString());
+    font.setPointSize(settings.value(QStringLiteral("Python/editor-font-size"), size).toInt());
+    return font;
 }
 
-void HVPythonTextEdit::resizeEvent(QResizeEvent* event)
+void HVPythonTextEdit::applyFont(const QFont& chosen)
 {
-    QPlainTextEdit::resizeEvent(event);
-    placeBars();
-    const QRect contents = contentsRect();
-    m_lineNumberArea->setGeometry(contents.left(), contents.top(), lineNumberAreaWidth(), contents.height());
+    setFont(chosen);
+    setTabStopDistance(2 * fontMetrics().horizontalAdvance(QLatin1Char(' ')));
+    updateLineNumberAreaWidth();
+}
+
+void HVPythonTextEdit::changeFontSize(int delta)
+{
+    QFont changed = font();
+    changed.setPointSize(changed.pointSize() + delta);
+    applyFont(changed);
+}
+
+void HVPythonTextEdit::toggleComment()
+{
+    if (!isReadOnly())
+        editor::toggleComment(*this);
+}
+
+void HVPythonTextEdit::goToLine(int line)
+{
+    if (line < 1) {
+        bool ok = false;
+        line = QInputDialog::getInt(this, tr("Go to Line"), tr("Line (1 to %1):").arg(blockCount()),
+                                    textCursor().blockNumber() + 1, 1, blockCount(), 1, &ok);
+        if (!ok)
+            return;
+    }
+    setTextCursor(m_marks->cursorAtLine(line));
+    centerCursor();
+    setFocus();
 }

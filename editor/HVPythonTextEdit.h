@@ -1,7 +1,6 @@
 #pragma once
 
-#include "editor/BreakpointLines.h"
-#include "editor/ScriptText.h"
+#include "editor/debugger/BreakpointSettings.h"
 #include "host/services/HVObjectSerialization.h"
 #include "runtime/CodeEditor.h"
 
@@ -11,14 +10,13 @@
 #include <set>
 #include <vector>
 
-class HVPythonLineNumberArea;
 class HVPythonSyntaxHighlighter;
 
 namespace editor {
 class Completion;
-class FileWatch;
+class Marks;
 class NoticeBar;
-class RecoveryCopy;
+class ScriptFile;
 class Search;
 } // namespace editor
 
@@ -27,6 +25,8 @@ class Search;
 /// The editor of one Python file: line numbers with breakpoints, search, completion, marks for the current line, the
 /// line where execution is paused and the line of the last error. It does not run code; Execute asks the main window
 /// to. Lines are counted from 1, -1 is none.
+///
+/// It handles the events and joins four objects that know only the text: Marks, Search, Completion and ScriptFile.
 ///
 /// GUI thread only. The execution context uses an editor during a run, so it must outlive the run.
 class HVPythonTextEdit : public QPlainTextEdit, public HVObjectSerialization, public python::CodeEditor
@@ -45,7 +45,7 @@ public:
     bool saveToFile();
     /// Breakpoints move to the new name with the text.
     void setFilename(const QString& path);
-    QString filename() const { return m_filename; }
+    QString filename() const;
     /// Whether saving would fail because the file, or its folder, must not be written. The window's icon shows it, so
     /// windowIconChanged() tells of changes.
     bool isFileReadOnly() const;
@@ -60,7 +60,7 @@ public:
     void errorDetected(std::string filename, std::string function, long line) override;
     void clearErrors() override;
     /// Unlike toPlainText() this keeps no-break spaces.
-    QString plainText() const override { return editor::documentText(*document()); }
+    QString plainText() const override;
 
     /// Execution is paused at `line`, or goes on (-1).
     void breakpointHit(int line);
@@ -113,29 +113,15 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    friend class HVPythonLineNumberArea;
-
     void makeActions();
-    void connectSignals();
+    void connectMarks();
+    void connectFile();
+    void applyColours();
+    void highlightLines();
+    void placeBars();
 
-    // Files
-    bool load(const QString& path, bool undoable);
-    /// The text only; the editor stays that of its own file.
-    bool importFile(const QString& path);
-    void takeText(const editor::ScriptText& script, bool undoable);
-    bool writeText(const QString& path, QString& error) const;
-    bool mayOverwrite();
-    bool mayReplaceText(const QString& path);
-    void replaceText(const QString& text);
-    void readAgain();
-    void reportFileChange();
-    void showWhetherReadOnly();
-    void keepUnsavedText();
-
-    // Keys
     void handleKey(QKeyEvent* event);
     void controlKeyPressed(QKeyEvent* event);
-    bool editingKeyPressed(QKeyEvent* event);
     bool commandKeyPressed(QKeyEvent* event);
     void plainKeyPressed(QKeyEvent* event);
     void insertNewLine(QKeyEvent* event);
@@ -143,36 +129,15 @@ private:
     void applyFont(const QFont& font);
     void changeFontSize(int delta);
 
-    // Marks
-    void applyColours();
-    void highlightLines();
-    void addBreakpoint(int line);
-    void removeBreakpoint(int line);
-    void announceBreakpoint(int line);
-    void moveMarks(const editor::BreakpointLines::Map& before);
-    void editCondition(int line);
-    void showBreakpointMenu(int line, const QPoint& globalPosition);
-    void lineNumberAreaPaintEvent(QPaintEvent* event);
-    void lineNumberMousePressEvent(QMouseEvent* event);
-    QTextCursor cursorAtLine(int line) const;
-
-    void placeBars();
-
     HVPythonSyntaxHighlighter* m_highlighter;
-    editor::BreakpointLines* m_breakpoints;
-    QString m_filename;
-    HVPythonLineNumberArea* m_lineNumberArea;
-    editor::NoticeBar* m_notice = nullptr;
+    editor::NoticeBar* m_notice;
     QAction* m_saveAction = nullptr;
     QAction* m_executeAction = nullptr;
     QAction* m_searchAction = nullptr;
     QAction* m_documentationAction = nullptr;
-    qint32 m_breakpointHitLine = -1;
-    qint32 m_errorLine = -1;
-
-    editor::TextForm m_form;
+    // They know this as the text that they work on.
+    std::unique_ptr<editor::Marks> m_marks;
     std::unique_ptr<editor::Search> m_search;
     std::unique_ptr<editor::Completion> m_completion;
-    std::unique_ptr<editor::FileWatch> m_watch;
-    std::unique_ptr<editor::RecoveryCopy> m_recovery;
+    std::unique_ptr<editor::ScriptFile> m_file;
 };
