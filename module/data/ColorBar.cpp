@@ -3,8 +3,8 @@
 #include "host/display/PaletteCatalogue.h"
 #include "host/formats/ColorBarFile.h"
 #include "module/Bindings.h"
+#include "module/CheckedSetter.h"
 #include "module/data/ColorTuple.h"
-#include "module/gui/CheckedSetter.h"
 #include "runtime/Errors.h"
 #include "runtime/NumberArguments.h"
 

@@ -1,7 +1,7 @@
 #include "host/display/Contouring.h"
 
 #include "module/Bindings.h"
-#include "module/gui/CheckedSetter.h"
+#include "module/CheckedSetter.h"
 #include "runtime/Errors.h"
 
 #include <boost/python.hpp>

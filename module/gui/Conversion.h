@@ -1,52 +1,21 @@
 #pragma once
 
+#include "module/Conversion.h"
 #include "module/gui/FlagArgument.h"
 #include "module/gui/IconHandle.h"
-#include "runtime/Errors.h"
-#include "runtime/NumberArguments.h"
-#include "runtime/TextConversion.h"
 #include "runtime/ValueInstance.h"
-
-#include <boost/python.hpp>
 
 #include <QIcon>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
-#include <QString>
 
-#include <limits>
-#include <type_traits>
-
-/// Values on their way between properties, signals and handlers of widgets and Python.
-///
-/// toPython() returns a new reference. Argument<T>::from() raises TypeError "<where>, expected '<type>' but got '...'
-/// instead", where `where` is the class and member ("Frame.lineWidth").
+/// What properties, signals and handlers of widgets have besides the values of module/Conversion.h.
 namespace python {
 
-inline PyObject* toPython(bool value)
-{
-    return PyBool_FromLong(value);
-}
-inline PyObject* toPython(int value)
-{
-    return PyLong_FromLong(value);
-}
-inline PyObject* toPython(double value)
-{
-    return PyFloat_FromDouble(value);
-}
-inline PyObject* toPython(const QString& text)
-{
-    return textToPython(text);
-}
 inline PyObject* toPython(const QIcon& icon)
 {
     return boost::python::incref(boost::python::object(IconHandle{icon}).ptr());
-}
-inline PyObject* toPython(const boost::python::object& object)
-{
-    return boost::python::incref(object.ptr());
 }
 /// The `Align` of that number; a combination is one without a name.
 inline PyObject* toPython(Qt::Alignment alignment)
@@ -65,83 +34,6 @@ inline PyObject* toPython(const QRect& rectangle)
 {
     return ValueInstance<QRect>::make(rectangle);
 }
-/// Enumerations and the value classes of the binding layer.
-template <typename Value>
-PyObject* toPython(const Value& value)
-{
-    return boost::python::incref(boost::python::object(value).ptr());
-}
-
-[[noreturn]] inline void raiseWrongType(const char* where, const char* expected, PyObject* got)
-{
-    raise(PyExc_TypeError, "%s, expected '%s' but got '%s' instead", where, expected, typeName(got));
-}
-
-/// Enumerations and the value classes of the binding layer.
-template <typename Value>
-struct Argument
-{
-    static Value from(PyObject* object, const char* where)
-    {
-        const boost::python::extract<Value> value(object);
-        if (!value.check())
-            raiseWrongType(where, boost::python::converter::registered<Value>::converters.get_class_object()->tp_name,
-                           object);
-        return value();
-    }
-};
-
-template <>
-struct Argument<bool>
-{
-    static bool from(PyObject* object, const char* where)
-    {
-        if (!PyLong_Check(object))
-            raiseWrongType(where, "bool", object);
-        return PyObject_IsTrue(object) == 1;
-    }
-};
-
-template <>
-struct Argument<int>
-{
-    static int from(PyObject* object, const char* where)
-    {
-        long long value = 0;
-        if (!PyIndex_Check(object))
-            raiseWrongType(where, "int", object);
-        if (!toIndex(object, value, "expected 'int' but got '%s' instead"))
-            raisePending();
-        if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max())
-            raise(PyExc_OverflowError, "%s, the value must fit 32 bits", where);
-        return static_cast<int>(value);
-    }
-};
-
-template <>
-struct Argument<double>
-{
-    static double from(PyObject* object, const char* where)
-    {
-        double value = 0;
-        if (!isNumber(object))
-            raiseWrongType(where, "float", object);
-        if (!toDouble(object, value))
-            raisePending();
-        return value;
-    }
-};
-
-template <>
-struct Argument<QString>
-{
-    static QString from(PyObject* object, const char* where)
-    {
-        const boost::python::object text{boost::python::handle<>(boost::python::borrowed(object))};
-        return requireStr(text, (std::string(where) + ", expected 'str' but got '%s' instead").c_str());
-    }
-};
-
 template <>
 struct Argument<Qt::Alignment>
 {
@@ -149,16 +41,6 @@ struct Argument<Qt::Alignment>
     {
         const boost::python::object flags{boost::python::handle<>(boost::python::borrowed(object))};
         return alignmentArgument(flags, (std::string(where) + ", expected 'Align' but got '%s' instead").c_str());
-    }
-};
-
-/// Anything, for setters that look themselves.
-template <>
-struct Argument<boost::python::object>
-{
-    static boost::python::object from(PyObject* object, const char* /*where*/)
-    {
-        return boost::python::object(boost::python::handle<>(boost::python::borrowed(object)));
     }
 };
 

@@ -1,5 +1,5 @@
 #include "module/Bindings.h"
-#include "module/gui/CheckedSetter.h"
+#include "module/CheckedSetter.h"
 #include "runtime/Errors.h"
 #include "runtime/TextConversion.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "module/gui/Conversion.h"
+#include "module/Conversion.h"
 
 #include <boost/mpl/vector.hpp>
 
@@ -8,7 +8,7 @@
 ///
 ///     .add_property("width", &QPen::widthF, checkedSetter("Pen.width", &QPen::setWidthF), "...")
 ///
-/// The type is tested as Conversion.h does for properties of widgets, with its text.
+/// The type is tested as Conversion.h does, with its text.
 namespace python {
 
 namespace detail {
