@@ -175,6 +175,11 @@ bool HVPythonTextEdit::isFileReadOnly() const
     return m_file->isReadOnly();
 }
 
+void HVPythonTextEdit::keepUnsavedTextNow()
+{
+    m_file->keepUnsavedNow();
+}
+
 void HVPythonTextEdit::restoreUnsaved(const QString& path, const QString& text)
 {
     m_file->restoreUnsaved(path, text);

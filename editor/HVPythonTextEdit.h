@@ -92,6 +92,8 @@ public:
 
     /// The text as it was when the application ended without saving it; see RecoveryCopy.h.
     void restoreUnsaved(const QString& path, const QString& text);
+    /// The application is about to end without asking.
+    void keepUnsavedTextNow();
 
 Q_SIGNALS:
     void breakpointAdded(const QString& filename, int line);

@@ -277,6 +277,12 @@ void ScriptFile::keepUnsavedText()
         m_recovery.discard();
 }
 
+void ScriptFile::keepUnsavedNow()
+{
+    if (m_view.document()->isModified())
+        m_recovery.writeNow();
+}
+
 void ScriptFile::restoreUnsaved(const QString& path, const QString& text)
 {
     // The file gives its encoding and line ends when it is still there.

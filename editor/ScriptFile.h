@@ -39,6 +39,7 @@ public:
     bool mayClose();
     /// `path` is the file of the text, if it ever had one.
     void restoreUnsaved(const QString& path, const QString& text);
+    void keepUnsavedNow();
 
 Q_SIGNALS:
     /// The text gives way to that of a file: what belongs to its lines has an end.

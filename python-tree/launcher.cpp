@@ -1,11 +1,13 @@
 /// The interpreter of the shipped tree as a program, for child processes such as pip.
 ///
 /// It finds its tree from its own location and takes nothing from a Python that is installed on the machine. The
-/// application hands over its own search path, which names the user's packages too, in PYTHONHOME: entries joined by
-/// ';'. An ordinary interpreter would take that for a folder and fail to start; this one reads it as the list it is.
+/// application hands over its own search path, which names the user's packages too, as entries joined by ';': to all of
+/// its child processes in STRATIVO_PYTHONPATH, to pip in PYTHONHOME. An ordinary interpreter would take the latter for
+/// a folder and fail to start; this one reads it as the list it is.
 
 #include <Python.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -36,6 +38,14 @@ std::string_view environment(const char* name)
     return value != nullptr ? value : std::string_view();
 }
 
+std::string_view handedOver()
+{
+    for (const char* name : {"PYTHONHOME", "STRATIVO_PYTHONPATH"})
+        if (environment(name).find(';') != std::string_view::npos)
+            return environment(name);
+    return {};
+}
+
 Entries searchPath(const std::filesystem::path& tree)
 {
     Entries entries;
@@ -43,10 +53,8 @@ Entries searchPath(const std::filesystem::path& tree)
     // A PYTHONPATH alone is the user's and meant for another interpreter.
     if (!environment("PYTHONNOUSERSITE").empty())
         entries = split(environment("PYTHONPATH"), ':');
-    const auto home = environment("PYTHONHOME");
-    const Entries own = home.find(';') != std::string_view::npos
-                            ? split(home, ';')
-                            : Entries{tree / "python36.zip", tree / "", tree / "site-packages" / ""};
+    const Entries own = !handedOver().empty() ? split(handedOver(), ';')
+                                              : Entries{tree / "python36.zip", tree / "", tree / "site-packages" / ""};
     entries.insert(entries.end(), own.begin(), own.end());
     return entries;
 }
@@ -81,6 +89,8 @@ PyStatus configure(PyConfig& config, const std::filesystem::path& program, int a
         status = setText(&config.stdio_errors, encoding[1]);
     if (!PyStatus_Exception(status))
         status = PyConfig_Read(&config);
+    // The level of the tree's bytecode; -O asks for the same one, as multiprocessing does for its children.
+    config.optimization_level = std::max(config.optimization_level, 1);
     // A module is run from the tree, never from a file that happens to lie in the current folder.
     if (config.run_module != nullptr)
         config.safe_path = 1;
@@ -113,7 +123,6 @@ int main(int argc, char** argv)
     config.parse_argv = 1;
     config.install_signal_handlers = 1;
     config.write_bytecode = 0;
-    config.optimization_level = 1;
     config.use_frozen_modules = 0; // frozen modules (os among them) have neither a __file__ nor a source to show
     status = configure(config, program, argc, argv);
     if (!PyStatus_Exception(status))

@@ -5,6 +5,7 @@
 #include "runtime/ApplicationInterface.h"
 #include "runtime/CodeEditor.h"
 #include "runtime/Errors.h"
+#include "runtime/ForkedChild.h"
 #include "runtime/GilLock.h"
 #include "runtime/Interpreter.h"
 #include "runtime/PythonPaths.h"
@@ -12,6 +13,7 @@
 #include "runtime/RunMonitor.h"
 #include "runtime/RunTimeErrorHandler.h"
 #include "runtime/ScriptCompiler.h"
+#include "runtime/SpawnByDefault.h"
 #include "runtime/StreamCaptureBinding.h"
 #include "runtime/TextSetting.h"
 
@@ -30,6 +32,8 @@ HVPythonExecutionContext::HVPythonExecutionContext(IAppWrapper* app)
     python::readTextSetting();
     PyImport_AppendInittab("strativo_python", PyInit_strativo_python);
     python::startInterpreter(path);
+    python::ForkedChild::install();
+    python::installSpawnByDefault();
     removeDangerousFunctions();
 
     m_main = PyImport_AddModule("__main__");
@@ -47,7 +51,9 @@ HVPythonExecutionContext::~HVPythonExecutionContext()
     m_namespace = nullptr;
     // Not a guard: there is no interpreter left to give the lock back to.
     PyGILState_Ensure();
-    python::stopInterpreter();
+    const IAppWrapper* app = python::applicationInterface();
+    // At a terminal scripts end as programs do; a window that was closed goes.
+    python::stopInterpreter(app && app->isTerminalProgram() ? python::Patience::Unlimited : python::Patience::Short);
     python::setApplicationInterface(nullptr);
 }
 
@@ -99,6 +105,8 @@ bool HVPythonExecutionContext::executePythonCode(const QString& code, python::Co
     PyGC_Collect();
     PyObject* result = PyEval_EvalCode(program, m_namespace, m_namespace);
     Py_DECREF(program);
+    if (python::ForkedChild::isHere())
+        python::ForkedChild::leave();
     if (!result) {
         m_lastRunEnd = python::handleRunTimeError(editor);
         PyErr_Clear();

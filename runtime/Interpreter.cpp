@@ -1,23 +1,19 @@
 #include "runtime/Interpreter.h"
 
 #include "runtime/Errors.h"
-#include "runtime/GilLock.h"
 #include "runtime/PythonPaths.h"
 
 #include <boost/python.hpp>
 
-#include <chrono>
+#include <csignal>
+#include <cstdlib>
 #include <string_view>
-#include <thread>
-#include <vector>
 
 namespace bp = boost::python;
 
 namespace python {
 
 namespace {
-
-constexpr std::chrono::milliseconds g_threadPatience{500};
 
 void check(PyStatus status)
 {
@@ -40,48 +36,12 @@ void setSearchPath(PyConfig& config, std::wstring_view path)
     }
 }
 
-/// The other threads that have a thread state, by the id that the interpreter knows them by.
-std::vector<unsigned long> otherThreads()
+/// As an ordinary Python does: writing to a pipe that nobody reads, or beyond the limit of a file's size, raises an
+/// exception and ends nothing.
+void ignoreSignalsOfFailedWrites()
 {
-    std::vector<unsigned long> threads;
-    PyThreadState* own = PyThreadState_Get();
-    for (PyThreadState* state = PyInterpreterState_ThreadHead(PyInterpreterState_Get()); state;
-         state = PyThreadState_Next(state))
-        if (state != own)
-            threads.push_back(state->thread_id);
-    return threads;
-}
-
-/// Finalisation waits for every non-daemon thread; one that cannot be ended must not keep the application from
-/// leaving, so the interpreter forgets it. It stops for good when it next asks for the lock.
-void forgetThreads()
-{
-    PyObject* threading = PyDict_GetItemString(PyImport_GetModuleDict(), "threading");
-    if (!threading)
-        return;
-    for (const char* waitedFor : {"_shutdown_locks", "_threading_atexits"}) {
-        PyObject* container = PyObject_GetAttrString(threading, waitedFor);
-        PyObject* done = container ? PyObject_CallMethod(container, "clear", nullptr) : nullptr;
-        Py_XDECREF(container);
-        Py_XDECREF(done);
-        PyErr_Clear();
-    }
-}
-
-void endOtherThreads()
-{
-    using Clock = std::chrono::steady_clock;
-    const Clock::time_point deadline = Clock::now() + g_threadPatience;
-    for (unsigned long thread : otherThreads())
-        PyThreadState_SetAsyncExc(thread, PyExc_SystemExit);
-    while (!otherThreads().empty()) {
-        if (Clock::now() > deadline) {
-            forgetThreads();
-            return;
-        }
-        const GilRelease unlocked;
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
+    for (const int signal : {SIGPIPE, SIGXFSZ})
+        PyOS_setsig(signal, SIG_IGN);
 }
 
 /// Modules that are compiled into the interpreter have no file when the standard library is not where it was built;
@@ -119,6 +79,10 @@ void startInterpreter(const std::wstring& searchPath)
     config.inspect = 1;
     setSearchPath(config, searchPath);
 
+    // For the launcher, so that child processes find the user's packages.
+    ::setenv("STRATIVO_PYTHONPATH", QString::fromStdWString(searchPath).toLocal8Bit().constData(), 1);
+    ignoreSignalsOfFailedWrites();
+
     const std::wstring executable = utils::ConstructPythonExecutablePath();
     const std::wstring home = executable.substr(0, executable.find_last_of(L"/\\"));
     setString(config, &config.program_name, L"Strativo");
@@ -134,9 +98,9 @@ void startInterpreter(const std::wstring& searchPath)
     nameFrozenModules(home);
 }
 
-void stopInterpreter()
+void stopInterpreter(Patience patience)
 {
-    endOtherThreads();
+    endWhatIsLeftRunning(patience);
     Py_FinalizeEx();
 }
 

@@ -4,6 +4,7 @@
 #include "runtime/ApplicationInterface.h"
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/GuiThread.h"
 #include "runtime/HVPythonDocumentation.h"
 #include "runtime/TextConversion.h"
 
@@ -38,6 +39,7 @@ bp::object input(const bp::object& prompt)
     if (app && app->isTerminalProgram())
         return owned(PyObject_CallOneArg(g_originalInput, prompt.ptr()));
 
+    requireGuiThread();
     QInputDialog dialog(nullptr);
     dialog.setWindowModality(Qt::ApplicationModal);
     dialog.setWindowTitle(QStringLiteral("Python Input"));
@@ -50,6 +52,7 @@ bp::object help(const bp::object& object)
 {
     const GilLock lock;
     if (object.is_none()) {
+        requireGuiThread();
         HVPythonDocumentation::openIndex();
         return {};
     }
@@ -79,10 +82,13 @@ void installReplacedBuiltins()
     bp::def(
         "input", input, (bp::arg("prompt") = ""),
         "input(prompt: object = '') -> str\n\nAsks the user for a line of text, with a dialog or, in a program on a "
-        "terminal, on standard input. Cancelling the dialog gives ''.");
-    bp::def(
-        "help", help, (bp::arg("object") = bp::object()),
-        "help(object: object = None) -> object\n\nOpens the scripting documentation, or prints the help on an object.");
+        "terminal, on standard input. Cancelling the dialog gives ''.\n\nRaises RuntimeError on a thread where it can "
+        "not "
+        "open the dialog.");
+    bp::def("help", help, (bp::arg("object") = bp::object()),
+            "help(object: object = None) -> object\n\nOpens the scripting documentation, or prints the help on an "
+            "object.\n\nRaises "
+            "RuntimeError on a thread where it can not open the documentation.");
 }
 
 } // namespace python

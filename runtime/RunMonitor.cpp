@@ -2,6 +2,8 @@
 
 #include "host/services/IAppWrapper.h"
 #include "runtime/Errors.h"
+#include "runtime/ForkedChild.h"
+#include "runtime/WakeUpSignal.h"
 
 #include <boost/python.hpp>
 
@@ -20,10 +22,6 @@ namespace python {
 namespace {
 
 constexpr std::chrono::milliseconds g_interval{40};
-
-/// Ignored by default everywhere, so a late one harms nobody. The interpreter turns it into a call between two
-/// instructions; unlike a pending call it also wakes time.sleep and select.
-constexpr int g_signal = SIGURG;
 
 /// The ticking goes on this long without a run, so that handlers in quick succession wake no thread.
 constexpr int g_idleTicks = 25;
@@ -70,7 +68,7 @@ private:
             std::this_thread::sleep_for(g_interval);
             if (m_wanted) {
                 idle = 0;
-                pthread_kill(g_guiThread, g_signal);
+                pthread_kill(g_guiThread, g_wakeUpSignal);
             } else if (++idle >= g_idleTicks) {
                 std::unique_lock lock(m_mutex);
                 m_asleep = true;
@@ -103,7 +101,7 @@ void beginRun(IRunObserver* observer)
 
 bool isObservable(const IRunObserver* observer)
 {
-    return observer && !g_observer && pthread_equal(pthread_self(), g_guiThread);
+    return observer && !g_observer && !ForkedChild::isHere() && pthread_equal(pthread_self(), g_guiThread);
 }
 
 /// The interpreter calls it as handler(signal number, frame) on the GUI thread.
@@ -127,7 +125,8 @@ PyMethodDef g_breathe = {"__strativo_breathe", breathe, METH_VARARGS, nullptr};
 
 } // namespace
 
-RunMonitor::RunMonitor(IRunObserver* observer, const QString& fileName) : m_isOutermost(isObservable(observer))
+RunMonitor::RunMonitor(IRunObserver* observer, const QString& fileName)
+    : m_isOutermost(isObservable(observer)), m_isInChild(ForkedChild::isHere())
 {
     if (!m_isOutermost)
         return;
@@ -135,7 +134,8 @@ RunMonitor::RunMonitor(IRunObserver* observer, const QString& fileName) : m_isOu
     beginRun(observer);
 }
 
-RunMonitor::RunMonitor(IRunObserver* observer, const char* name) : m_isOutermost(isObservable(observer))
+RunMonitor::RunMonitor(IRunObserver* observer, const char* name)
+    : m_isOutermost(isObservable(observer)), m_isInChild(ForkedChild::isHere())
 {
     if (!m_isOutermost)
         return;
@@ -145,6 +145,8 @@ RunMonitor::RunMonitor(IRunObserver* observer, const char* name) : m_isOutermost
 
 RunMonitor::~RunMonitor()
 {
+    if (ForkedChild::isHere() && !m_isInChild) [[unlikely]]
+        ForkedChild::leave();
     if (!m_isOutermost)
         return;
     ticker().setWanted(false);
@@ -169,13 +171,16 @@ RunPause::~RunPause()
     ticker().setWanted(g_observer && !g_paused);
 }
 
+void RunMonitor::abandon()
+{
+    g_observer = nullptr;
+    g_name = nullptr;
+}
+
 void RunMonitor::install()
 {
     g_guiThread = pthread_self();
-    const bp::object signal = bp::import("_signal");
-    signal.attr("signal")(g_signal, owned(PyCFunction_New(&g_breathe, nullptr)));
-    // System calls of other libraries are restarted rather than cut short by a tick.
-    signal.attr("siginterrupt")(g_signal, false);
+    installWakeUpSignal(g_breathe);
 }
 
 void enableKeyboardInterrupt()

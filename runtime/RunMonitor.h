@@ -11,7 +11,9 @@ namespace python {
 /// request to stop raises KeyboardInterrupt there.
 ///
 /// Made and destroyed on the GUI thread with the interpreter lock held. Runs nest; the outermost one is observed. A
-/// null observer, or another thread, makes it do nothing.
+/// null observer, or another thread, makes it do nothing of that.
+///
+/// It is also where a process that the code forked ends: the copy does not come back into the application.
 class RunMonitor
 {
 public:
@@ -27,11 +29,15 @@ public:
     /// Whether the observer is at it just now: windows paint, and the user's input is kept back.
     static bool isBreathing();
 
+    /// Forgets the run under way: in a forked copy of the process there is no application to keep alive.
+    static void abandon();
+
     /// Registers the wake-up signal with the interpreter; once, on the thread that started it.
     static void install();
 
 private:
     bool m_isOutermost = false;
+    const bool m_isInChild;
 };
 
 /// For a run that waits in an event loop of its own, as in the debugger: for the object's lifetime the observer does

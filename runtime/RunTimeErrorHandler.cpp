@@ -7,6 +7,7 @@
 #include "runtime/CodeEditor.h"
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/GuiThread.h"
 
 #include <QApplication>
 #include <QSettings>
@@ -105,6 +106,7 @@ Location innermostLocation(PyObject* traceback)
     return location;
 }
 
+/// GUI thread only.
 void closeWhatTheScriptLeftOpen()
 {
     IAppWrapper* app = applicationInterface();
@@ -218,13 +220,16 @@ RunEnd handleRunTimeError(CodeEditor* editor)
     if (!pending)
         return RunEnd::Finished;
 
+    const bool mayOpenAndCloseWindows = isGuiThread();
     // Closing a window may run Python code, which must not find an exception pending.
     PyObject *type = nullptr, *value = nullptr, *traceback = nullptr;
     PyErr_Fetch(&type, &value, &traceback);
-    closeWhatTheScriptLeftOpen();
+    if (mayOpenAndCloseWindows)
+        closeWhatTheScriptLeftOpen();
     PyErr_Restore(type, value, traceback);
 
-    const bool findModules = QSettings().value(QStringLiteral("Python/autofind"), true).toBool();
+    const bool findModules =
+        mayOpenAndCloseWindows && QSettings().value(QStringLiteral("Python/autofind"), true).toBool();
     if (isSyntaxLike(type)) {
         reportSyntaxError(editor);
         PyGC_Collect();
@@ -252,7 +257,7 @@ RunEnd handleRunTimeError(CodeEditor* editor)
     }
     // A copy: the observer may be replaced while it looks.
     const ErrorObserver observer = errorObserver();
-    if (observer && !exception.isA(PyExc_KeyboardInterrupt))
+    if (observer && mayOpenAndCloseWindows && !exception.isA(PyExc_KeyboardInterrupt))
         observer(exception.value(), exception.traceback());
     if (exception.isA(PyExc_ModuleNotFoundError) && findModules) {
         reportMissingModule(exception, editor);

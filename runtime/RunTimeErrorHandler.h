@@ -10,8 +10,8 @@ namespace python {
 
 /// Handles the pending exception of code that ran for `editor` (null: for none): closes progress bars and the modal
 /// dialog the script left open, marks the line, offers to install a missing module, and reports the error on standard
-/// error. Afterwards no exception is pending. Works with or without the interpreter lock; GUI thread only when there
-/// is an application object.
+/// error. Afterwards no exception is pending. Works with or without the interpreter lock, and on any thread, where it
+/// only reports: windows and the editor belong to the GUI thread.
 RunEnd handleRunTimeError(CodeEditor* editor);
 
 /// Marks a pending SyntaxError-like exception in `editor`, prints it and clears it.

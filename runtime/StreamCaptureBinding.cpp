@@ -2,10 +2,14 @@
 
 #include "host/services/HVEventBus.h"
 #include "runtime/Errors.h"
+#include "runtime/ForkedChild.h"
 #include "runtime/GilLock.h"
 
 #include <boost/python.hpp>
 #include <boost/python/stl_iterator.hpp>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace bp = boost::python;
 
@@ -27,8 +31,17 @@ int levelOf(PyObject* self)
     return static_cast<int>(capture.isStdout ? MessageLevel::StandardOutput : MessageLevel::StandardError);
 }
 
+int fileNumber(int level)
+{
+    return level == static_cast<int>(MessageLevel::StandardOutput) ? STDOUT_FILENO : STDERR_FILENO;
+}
+
 void post(int level, std::string_view utf8)
 {
+    if (ForkedChild::isHere()) {
+        ForkedChild::write(fileNumber(level), utf8);
+        return;
+    }
     HVEventBus& bus = HVEventBus::instance();
     if (!bus.mayBlock()) {
         bus.sendUtf8(level, utf8, false);
@@ -73,6 +86,16 @@ bool always(const HVPythonStreamCapture& /*capture*/)
 bool never(const HVPythonStreamCapture& /*capture*/)
 {
     return false;
+}
+
+int fileno(const bp::object& self)
+{
+    const int file = fileNumber(levelOf(self.ptr()));
+    if (::fcntl(file, F_GETFD) < 0) {
+        PyErr_SetFromErrno(PyExc_OSError);
+        raisePending();
+    }
+    return file;
 }
 
 std::string encoding(const HVPythonStreamCapture& /*capture*/)
@@ -129,6 +152,10 @@ void installStreamCapture(PyObject* mainModule, HVPythonStreamCapture& standardO
         .def("writable", always, bp::args("self"), "writable() -> bool\n\nAlways True.")
         .def("readable", never, bp::args("self"), "readable() -> bool\n\nAlways False.")
         .def("seekable", never, bp::args("self"), "seekable() -> bool\n\nAlways False.")
+        .def("fileno", fileno, bp::args("self"),
+             "fileno() -> int\n\nThe process's own file of that kind, for programs that write by number "
+             "(faulthandler, child processes); the message window does not show it.\n\nRaises OSError when the process "
+             "has none.")
         .def("__enter__", enter, bp::args("self"))
         .def("__exit__", leave, bp::args("self", "type", "value", "traceback"))
         .add_property("closed", never, "Always False.")

@@ -11,7 +11,7 @@ packages=(
   # documentation
   python3-sphinx furo
   # tests and pictures: windows are drawn without a screen and need a font all the same
-  libgtest-dev xvfb xauth xdotool imagemagick fonts-dejavu-core libgl1-mesa-dri
+  libgtest-dev python3-joblib xvfb xauth xdotool imagemagick fonts-dejavu-core libgl1-mesa-dri
   # style checks
   clang-format clang-tidy
 )

@@ -7,6 +7,7 @@
 #include "app/workbench/RunIndicator.h"
 #include "app/workbench/ScriptFiles.h"
 #include "app/workbench/ScriptName.h"
+#include "app/workbench/StubbornScript.h"
 #include "app/workbench/TabTips.h"
 #include "app/workbench/WindowTitle.h"
 #include "editor/HVPythonTextEdit.h"
@@ -88,6 +89,8 @@ MainWindow::MainWindow()
     m_runIndicator = new RunIndicator(this, *m_title, m_messages);
     m_menus = new MainMenus(*this);
     m_runIndicator->setStopButton(m_toolBar->widgetForAction(m_runIndicator->stopAction()));
+    connect(m_runIndicator, &RunIndicator::stopIgnored, this,
+            [this](const QString& script) { offerToEnd(*this, script); });
     connect(m_runIndicator, &RunIndicator::runningChanged, this, [this](bool running) {
         if (!running && std::exchange(m_closeAfterRun, false))
             QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);

@@ -17,6 +17,8 @@ namespace {
 /// Of the run's time, one part in this many goes into showing its output.
 constexpr qint64 g_messageShare = 16;
 constexpr qint64 g_longestSilence = 300; // milliseconds
+/// What a script may take to end after it was interrupted.
+constexpr qint64 g_timeToEnd = 2000; // milliseconds
 
 } // namespace
 
@@ -76,6 +78,7 @@ void RunIndicator::runStarted(const QString& fileName)
     m_running = true;
     m_stopAsked = false;
     m_stopped = false;
+    m_interrupted = -1;
     m_input.forgetEscape();
     m_nextMessages = 0;
     m_stop->setEnabled(true);
@@ -93,7 +96,14 @@ bool RunIndicator::breathe()
     m_input.processEvents();
     if (showMessages)
         m_nextMessages = begin + std::min((m_clock.elapsed() - begin) * g_messageShare, g_longestSilence);
-    return std::exchange(m_stopAsked, false);
+    if (!std::exchange(m_stopAsked, false))
+        return false;
+    const bool ignored = m_interrupted >= 0 && begin - m_interrupted >= g_timeToEnd;
+    if (ignored)
+        Q_EMIT stopIgnored(m_script);
+    if (ignored || m_interrupted < 0)
+        m_interrupted = m_clock.elapsed();
+    return true;
 }
 
 void RunIndicator::showState()

@@ -50,6 +50,9 @@ public:
 Q_SIGNALS:
     void runningChanged(bool running);
     void stopAskedWhilePaused();
+    /// The script was interrupted before, had time to end and is stopped again. Sent in a breath, outside of the
+    /// handling of input.
+    void stopIgnored(const QString& script);
     void pausedChanged(bool paused);
     /// What has to move during a run moves now; sent in every breath, before windows paint.
     void breathing();
@@ -71,6 +74,7 @@ private:
     bool m_shown = false;
     bool m_stopAsked = false; // and not yet passed on
     bool m_stopped = false;
+    qint64 m_interrupted = -1; // when on the clock, -1 for not yet
     bool m_paused = false;
 };
 

@@ -45,12 +45,13 @@ bp::object mainWindow()
 
 bool hasProject()
 {
-    return applicationWindow() && applicationInterface()->currentProject();
+    const IAppWrapper* app = applicationInterface();
+    return app && app->mainWindow() && app->currentProject();
 }
 
 bp::object getProject()
 {
-    return hasProject() ? projectObject(applicationInterface()->currentProject()) : bp::object();
+    return applicationWindow() && hasProject() ? projectObject(applicationInterface()->currentProject()) : bp::object();
 }
 
 void updateProject(const bp::object& objectType)
@@ -63,12 +64,14 @@ void updateProject(const bp::object& objectType)
             raise(PyExc_TypeError, "expected 'NoneType' or 'ObjectId', but got '%s'", typeName(objectType));
         kind = static_cast<int>(PyLong_AsLong(objectType.ptr()));
     }
+    requireGuiThread();
     if (IAppWrapper* app = applicationInterface())
         app->refreshProject(kind);
 }
 
 void updatePaletteList()
 {
+    requireGuiThread();
     if (IAppWrapper* app = applicationInterface())
         app->refreshPalettes();
 }
@@ -153,9 +156,10 @@ void bindApplicationInterface()
     bp::def(
         "updateProject", updateProject, (bp::arg("objectType") = bp::object()),
         "updateProject(objectType: ObjectId = None) -> None\n\nLets the application show the project's objects of that "
-        "kind, or all, as they are now.\n\nRaises TypeError.");
+        "kind, or all, as they are now.\n\nRaises TypeError, RuntimeError on a thread of the script's own.");
     bp::def("updatePaletteList", updatePaletteList,
-            "updatePaletteList() -> None\n\nLets the application read its list of colour bars anew.");
+            "updatePaletteList() -> None\n\nLets the application read its list of colour bars anew.\n\nRaises "
+            "RuntimeError on a thread of the script's own.");
 }
 
 } // namespace python

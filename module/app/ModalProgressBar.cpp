@@ -1,11 +1,10 @@
 #include "module/app/ModalProgressBar.h"
 
 #include "host/services/IAppWrapper.h"
-#include "module/gui/GuiThread.h"
 #include "runtime/ApplicationInterface.h"
 #include "runtime/Errors.h"
+#include "runtime/GuiThread.h"
 
-#include <QCoreApplication>
 #include <QThread>
 
 namespace python {
@@ -23,19 +22,13 @@ std::uintptr_t currentThread()
     return reinterpret_cast<std::uintptr_t>(QThread::currentThreadId());
 }
 
-bool isOnGuiThread()
-{
-    const QCoreApplication* application = QCoreApplication::instance();
-    return application && application->thread() == QThread::currentThread();
-}
-
 } // namespace
 
 void OpenBar::closeUnlessCancelled(std::int32_t id)
 {
     IProgressService* service = id == IProgressService::NoBar ? nullptr : progressService();
     // Elsewhere only closing is safe, and closing a cancelled bar does no harm.
-    if (service && (!isOnGuiThread() || !service->wasCancelled(id)))
+    if (service && (!isGuiThread() || !service->wasCancelled(id)))
         service->close(id);
 }
 

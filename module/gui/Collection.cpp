@@ -2,9 +2,7 @@
 
 #include "module/gui/HandleInstance.h"
 #include "module/gui/ObjectPeer.h"
-
-#include <QCoreApplication>
-#include <QThread>
+#include "runtime/GuiThread.h"
 
 namespace python {
 
@@ -36,8 +34,7 @@ void seeReferences(const QObject& root, const See& see)
 /// The Qt object whose references count as the Python object's own; null when there is none, or on another thread.
 QObject* searchable(PyObject* self)
 {
-    const QCoreApplication* application = QCoreApplication::instance();
-    if (!application || application->thread() != QThread::currentThread())
+    if (!isGuiThread())
         return nullptr;
     const ObjectHandle* handle = handleOrNull(self);
     return handle && handle->isScriptMade() ? handle->objectOrNull() : nullptr;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "module/gui/GuiThread.h"
+#include "runtime/GuiThread.h"
 
 #include <boost/python.hpp>
 

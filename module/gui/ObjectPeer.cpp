@@ -1,6 +1,7 @@
 #include "module/gui/ObjectPeer.h"
 
 #include "module/gui/Collection.h"
+#include "runtime/ForkedChild.h"
 #include "runtime/QtCall.h"
 #include "runtime/Remains.h"
 
@@ -14,6 +15,8 @@ OwningHandle::~OwningHandle()
         return;
     QObject& object = m_peer->object();
     m_peer->detach();
+    if (ForkedChild::isHere())
+        return; // the window is the parent process's
     const bool isHere = QThread::currentThread() == object.thread();
     if (isHere && object.parent())
         return; // goes with the parent

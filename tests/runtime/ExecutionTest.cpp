@@ -192,6 +192,49 @@ TEST_F(ExecutionTest, LostStreamsAndBrokenExceptionsAreStillReported)
     EXPECT_NE(recorder.textOf(6).find("TypeError: write() argument must be str, not int"), std::string::npos);
 }
 
+const char* const g_onThread = "import threading\n"
+                               "def on_thread(function, *arguments):\n"
+                               "    results = []\n"
+                               "    def work():\n"
+                               "        try: results.append(function(*arguments))\n"
+                               "        except Exception as error: results.append(repr(error))\n"
+                               "    thread = threading.Thread(target=work); thread.start(); thread.join(10)\n"
+                               "    return results[0]\n";
+
+TEST_F(ExecutionTest, OnAThreadInputAndHelpOpenNoWindow)
+{
+    ASSERT_TRUE(run(g_onThread));
+    EXPECT_TRUE(run("print(on_thread(input), on_thread(help), sep='\\n'); on_thread(help, len)"));
+    const std::string error = "RuntimeError('windows can only be used on the main thread')\n";
+    EXPECT_EQ(recorder.textOf(5).rfind(error + error, 0), 0U) << recorder.textOf(5);
+    EXPECT_NE(recorder.textOf(5).find("Return the number of items in a container."), std::string::npos);
+}
+
+TEST_F(ExecutionTest, AnErrorOnAThreadIsReportedAndTouchesNoWindow)
+{
+    QDialog dialog;
+    dialog.open();
+    app().progress->create(3, "outer", IProgressService::NoBar, true, 0);
+    bool observed = false;
+    python::setErrorObserver([&](PyObject*, PyObject*) { observed = true; });
+    ASSERT_TRUE(run(g_onThread));
+    EXPECT_TRUE(run("import strativo_python as s\non_thread(s.Font, '\\ud800')"));
+    python::setErrorObserver({});
+    EXPECT_NE(recorder.textOf(6).find("UnicodeEncodeError"), std::string::npos) << "the error handler was called";
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_TRUE(app().progress->isAnyRunning());
+    EXPECT_FALSE(observed);
+    app().progress->closeAll();
+}
+
+TEST_F(ExecutionTest, CapturedStreamsHaveTheNumbersOfTheProcess)
+{
+    EXPECT_TRUE(
+        run("import faulthandler, sys\nfaulthandler.enable()\n"
+            "print(faulthandler.is_enabled(), sys.stdout.fileno(), sys.stderr.fileno())\nfaulthandler.disable()"));
+    EXPECT_EQ(recorder.textOf(5), "True 1 2\n");
+}
+
 TEST_F(ExecutionTest, InputAsksWithADialogAndHelpPrints)
 {
     QString title, label;

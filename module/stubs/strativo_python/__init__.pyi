@@ -3986,8 +3986,11 @@ def getFiles(text: str | None) -> list[str]:
 def updateProject(objectType: ObjectId = None) -> None:
     """Lets the application show the project's objects of that kind, or all, as they are now.
 
-    Raises TypeError.
+    Raises TypeError, RuntimeError on a thread of the script's own.
     """
 
 def updatePaletteList() -> None:
-    """Lets the application read its list of colour bars anew."""
+    """Lets the application read its list of colour bars anew.
+
+    Raises RuntimeError on a thread of the script's own.
+    """

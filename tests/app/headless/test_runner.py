@@ -270,7 +270,7 @@ class Leaving(RunnerCase):
             "def asleep(): time.sleep(1000)\n"
             "number = %d\n"
             "targets = [busy, lambda: [print('.', end='') for _ in iter(int, 1)]] + [asleep] * (number %% 10 == 0)\n"
-            "for target in targets: threading.Thread(target=target, daemon=number %% 20 == 0).start()\n"
+            "for target in targets: threading.Thread(target=target, daemon=True).start()\n"
             "sys.modules['kept'] = sys.stdout\n"
         )
         self.leave_a_hundred_times(lambda number: ["-c", code % number])

@@ -1,9 +1,12 @@
 // Scripts that come back when the application starts again.
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/OpenScripts.h"
+#include "app/workbench/StubbornScript.h"
 #include "editor/HVPythonTextEdit.h"
+#include "host/data/HVProjectService.h"
 #include "host/services/HVUserData.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTextBlock>
@@ -53,6 +56,29 @@ TEST(OpenScripts, theNextSessionBeginsWhereTheLastEnded)
     MainWindow last;
     restoreOpenScripts(last);
     EXPECT_TRUE(last.editors().isEmpty());
+}
+
+TEST(OpenScripts, whatIsUnsavedIsKeptBeforeTheApplicationIsEndedInTheMiddleOfAScript)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("script.py"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.close();
+    MainWindow window;
+    window.projects()->create(folder.filePath(QStringLiteral("project")), QString());
+    window.openScript(path)->insertPlainText(QStringLiteral("typed just now"));
+    keepForNextStart(window);
+    EXPECT_FALSE(window.projects()->project()) << "closing writes its directories";
+    const auto contains = [](const QString& name, const QByteArray& text) {
+        QFile kept(hv::userDataDirectory() + name);
+        return kept.open(QIODevice::ReadOnly) && kept.readAll().contains(text);
+    };
+    EXPECT_TRUE(contains(QStringLiteral("/session.xml"), path.toUtf8()));
+    const QDir recovery(hv::userDataDirectory() + QStringLiteral("/recovery"));
+    const QStringList copies = recovery.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Time);
+    ASSERT_FALSE(copies.isEmpty());
+    EXPECT_TRUE(contains(QStringLiteral("/recovery/") + copies.first(), "typed just now"));
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QMdiSubWindow>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -130,6 +131,31 @@ TEST_F(RunIndicator, stopWorksByButtonKeyAndTwoEscapes)
     EXPECT_FALSE(stop->isEnabled());
     QTest::qWait(20);
     EXPECT_TRUE(log.isEmpty());
+}
+
+TEST_F(RunIndicator, aScriptThatIgnoresTheStopLetsTheUserEndTheApplication)
+{
+    const auto stop = [this] { return breatheWith([this] { key(Qt::Key_F5, Qt::ShiftModifier); }); };
+    QString question;
+    const auto wait = [&] {
+        if (const auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            question = box->text();
+            box->defaultButton()->click();
+        }
+    };
+    run->runStarted(QStringLiteral("/tmp/stubborn.py"));
+    EXPECT_TRUE(stop());
+    EXPECT_TRUE(stop()) << "and no question: the script may be tidying up";
+    QTest::qWait(2100);
+    QTimer timer; // fires in the question's event loop only, not in a breath
+    QObject::connect(&timer, &QTimer::timeout, wait);
+    timer.start(20);
+    EXPECT_TRUE(stop());
+    timer.stop();
+    EXPECT_EQ(question, QStringLiteral("stubborn.py was stopped and goes on all the same."));
+    EXPECT_FALSE(run->breathe());
+    EXPECT_TRUE(stop()) << "it was given time again";
+    run->runFinished();
 }
 
 TEST_F(RunIndicator, showsMessagesWhileRunningAndDialogsOfTheScriptGetTheirInput)

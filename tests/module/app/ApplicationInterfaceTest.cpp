@@ -82,6 +82,14 @@ TEST_F(Application, queries)
     const auto project = HVProject::create(folder.filePath("a project"), QString(), nullptr);
     app().project = project.get();
     EXPECT_EQ(evaluate("hasProject()"), "True");
+    app().log.clear();
+    EXPECT_TRUE(run("import threading\ndef ask():\n    answer.append(hasProject())\n"
+                    "    for update in (updateProject, updatePaletteList):\n"
+                    "        try: update()\n        except RuntimeError as error: answer.append(str(error))\n"
+                    "answer = []; asker = threading.Thread(target=ask); asker.start(); asker.join()"));
+    const std::string refusal = "'windows can only be used on the main thread'";
+    EXPECT_EQ(evaluate("answer"), "[True, " + refusal + ", " + refusal + "]");
+    EXPECT_TRUE(app().log.empty()) << "the project belongs to the GUI thread";
     app().window = nullptr;
     EXPECT_EQ(evaluate("hasProject(), getProject(), mainWindow()"), "(False, None, None)");
     app().log.clear();

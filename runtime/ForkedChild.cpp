@@ -1,0 +1,113 @@
+#include "runtime/ForkedChild.h"
+
+#include "runtime/Errors.h"
+#include "runtime/GuiThread.h"
+#include "runtime/RunMonitor.h"
+
+#include <boost/python.hpp>
+
+#include <cerrno>
+#include <unistd.h>
+
+namespace bp = boost::python;
+
+namespace python {
+
+namespace {
+
+/// The status that a SystemExit asks for; a text is printed, as at the end of any program.
+int statusOfExit(PyObject* exit)
+{
+    const bp::object code = owned(PyObject_GetAttrString(exit, "code"));
+    if (code.is_none())
+        return 0;
+    if (isInt(code.ptr()))
+        return static_cast<int>(PyLong_AsLongLong(code.ptr()));
+    PyFile_WriteObject(code.ptr(), PySys_GetObject("stderr"), Py_PRINT_RAW);
+    PySys_WriteStderr("\n");
+    return 1;
+}
+
+int statusOfPending()
+{
+    if (!PyErr_Occurred())
+        return 0;
+    if (!PyErr_ExceptionMatches(PyExc_SystemExit)) {
+        printPendingError();
+        return 1;
+    }
+    PyObject *type, *value, *traceback;
+    PyErr_Fetch(&type, &value, &traceback);
+    PyErr_NormalizeException(&type, &value, &traceback);
+    try {
+        return statusOfExit(value);
+    } catch (const bp::error_already_set&) {
+        return 1;
+    }
+}
+
+/// A script may have put a stream with a buffer in place.
+void flush(const char* name)
+{
+    PyObject* stream = PySys_GetObject(name);
+    Py_XDECREF(stream ? PyObject_CallMethod(stream, "flush", nullptr) : nullptr);
+    PyErr_Clear();
+}
+
+/// A copy that was made on another thread has no main thread; without this the end of its only thread would call the
+/// exit handlers of the application's libraries, which wait for threads that are not there.
+struct OnlyThread
+{
+    ~OnlyThread() { ::_exit(0); }
+};
+
+} // namespace
+
+PyObject* ForkedChild::begin(PyObject* exitFunction, PyObject* /*arguments*/)
+{
+    s_isHere = true;
+    RunMonitor::abandon();
+    if (!isGuiThread()) {
+        thread_local const OnlyThread leaves;
+        static_cast<void>(leaves);
+    }
+    PyObject* os = PyImport_ImportModule("os");
+    if (os)
+        PyObject_SetAttrString(os, "_exit", exitFunction);
+    Py_XDECREF(os);
+    if (PyErr_Occurred())
+        return nullptr;
+    Py_RETURN_NONE;
+}
+
+void ForkedChild::install()
+{
+    static PyMethodDef begin = {"__strativo_forked", &ForkedChild::begin, METH_NOARGS, nullptr};
+    const bp::object os = bp::import("os");
+    const bp::object exitFunction = os.attr("_exit");
+    bp::dict hooks;
+    hooks["after_in_child"] = owned(PyCFunction_New(&begin, exitFunction.ptr()));
+    const bp::tuple none;
+    owned(PyObject_Call(bp::object(os.attr("register_at_fork")).ptr(), none.ptr(), hooks.ptr()));
+}
+
+void ForkedChild::leave()
+{
+    const int status = statusOfPending();
+    flush("stdout");
+    flush("stderr");
+    ::_exit(status);
+}
+
+void ForkedChild::write(int file, std::string_view text)
+{
+    while (!text.empty()) {
+        const ssize_t written = ::write(file, text.data(), text.size());
+        if (written >= 0)
+            text.remove_prefix(static_cast<std::size_t>(written));
+        else if (errno != EINTR && errno != EAGAIN)
+            return;
+    }
+}
+
+} // namespace python
