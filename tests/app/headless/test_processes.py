@@ -154,9 +154,9 @@ else:
 
 class Ending(ProcessCase):
     THREADS = """
-import atexit, threading, time
+import atexit, sys, threading, time
 from concurrent.futures import ThreadPoolExecutor
-def work(): time.sleep({seconds}); print('thread done', flush=True)
+def work(): time.sleep({seconds}); sys.stdout.write('thread done\\n')
 threading.Thread(target=work).start()
 ThreadPoolExecutor(1).submit(work)
 atexit.register(print, 'exit function')
