@@ -128,6 +128,12 @@ int main(int argc, char** argv)
     if (!PyStatus_Exception(status))
         status = Py_InitializeFromConfig(&config);
     PyConfig_Clear(&config);
+    if (!PyStatus_Exception(status)) {
+        PyObject* library = PyImport_ImportModule("_shipped_library");
+        if (library == nullptr)
+            PyErr_Print();
+        Py_XDECREF(library);
+    }
     if (PyStatus_IsExit(status))
         return status.exitcode;
     if (PyStatus_Exception(status))

@@ -6,12 +6,13 @@
 The tree is taken from the Debian packages of the interpreter that runs this file:
 
     python36.zip     the standard library; the host looks for this name, whatever the version
+    source/          the library's sources as files, for whoever goes by the names that code bears
     *.so             the library's extension modules; dlopen cannot read them from an archive
     site-packages/   jedi, parso, pip and, when it is installed, numpy, each with its metadata
 
 Everything is compiled beforehand, because the embedded interpreter never writes bytecode: without this each start
 would compile what it imports. The bytecode is not checked against its source when it is loaded, so time stamps may
-change on the way to the user. Sources travel along for tracebacks and `inspect`.
+change on the way to the user. The archive has the sources, too, for `inspect` and completion.
 
 A new tree is made in a folder of its own and moved into place at the end; what else lies in TREE (the launcher)
 stays. Packages that were added to the staged site-packages by hand are gone after a new staging.
@@ -31,6 +32,7 @@ from concurrent.futures import ProcessPoolExecutor
 from pathlib import Path
 
 ARCHIVE = "python36.zip"
+SOURCES = "source"
 OPTIMIZATION = 1  # the level of the embedded interpreter; it looks for files of this level only
 EPOCH = (1980, 1, 1, 0, 0, 0)
 
@@ -38,11 +40,13 @@ STDLIB = Path(sysconfig.get_path("stdlib"))
 PACKAGES = Path("/usr/lib/python3/dist-packages")
 WHEELS = Path("/usr/share/python-wheels")
 
-# Test suites, windows of another toolkit, lib2to3 (deprecated, and its grammar cannot be read from an archive), and
-# what Debian ties to its own machine (sitecustomize, build configuration).
+HERE = Path(__file__).parent
+ADDED = "_shipped_library.py"  # says what is particular to this library, also which modules are left out and why
+
+# What Debian ties to its own machine is left out without a word (sitecustomize, build configuration).
 STDLIB_LEFT_OUT = re.compile(
     r"(.*/)?(__pycache__|tests?|idle_test)(/|$)"
-    r"|(idlelib|lib2to3|tkinter|turtledemo|ensurepip|dist-packages|site-packages|lib-dynload|config-[^/]*)(/|$)"
+    r"|(idlelib|lib2to3|tkinter|turtledemo|ensurepip|venv|dist-packages|site-packages|lib-dynload|config-[^/]*)(/|$)"
     r"|(turtle|sitecustomize)\.py$|EXTERNALLY-MANAGED$|.*\.(exe|bat|orig)$"
 )
 # readline and gdbm are GPL, the Debian dbm sits on a copyleft Berkeley DB; the library does without all three.
@@ -58,20 +62,29 @@ def compiled(source: bytes, shown_name: str) -> bytes:
 
 
 def stdlib_entry(name: str) -> list[tuple[str, bytes]]:
-    data = (STDLIB / name).read_bytes()
+    data = (HERE / name if name == ADDED else STDLIB / name).read_bytes()
     if not name.endswith(".py"):
         return [(name, data)]
     return [(name + "c", compiled(data, f"{ARCHIVE}/{name}")), (name, data)]
 
 
+def write_source(path: Path, data: bytes) -> None:
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_bytes(data)
+
+
 def stage_stdlib(target: Path, pool: ProcessPoolExecutor) -> None:
     names = sorted(path.relative_to(STDLIB).as_posix() for path in STDLIB.rglob("*") if path.is_file())
-    names = [name for name in names if not STDLIB_LEFT_OUT.match(name)]
-    # Stored, not deflated: reading is a plain copy, and start-up time is worth more than 20 MB.
+    names = [name for name in names if not STDLIB_LEFT_OUT.match(name)] + [ADDED]
+    # Bytecode is stored, not deflated: reading is a plain copy, and start-up time is worth more than 10 MB.
     with zipfile.ZipFile(target / ARCHIVE, "w", zipfile.ZIP_STORED) as archive:
         for entries in pool.map(stdlib_entry, names, chunksize=32):
             for name, data in entries:
-                archive.writestr(zipfile.ZipInfo(name, EPOCH), data)
+                if name.endswith(".py"):
+                    archive.writestr(zipfile.ZipInfo(name, EPOCH), data, zipfile.ZIP_DEFLATED)
+                    write_source(target / SOURCES / name, data)
+                else:
+                    archive.writestr(zipfile.ZipInfo(name, EPOCH), data)
 
 
 def stage_extensions(target: Path) -> None:

@@ -96,6 +96,7 @@ void startInterpreter(const std::wstring& searchPath)
     check(Py_InitializeFromConfig(&config));
     PyConfig_Clear(&config);
     nameFrozenModules(home);
+    bp::import("_shipped_library");
 }
 
 void stopInterpreter(Patience patience)

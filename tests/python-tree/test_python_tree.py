@@ -100,8 +100,34 @@ class LibraryTest(TreeTestCase):
                     self.assertEqual(archive.read(name + "c")[4:8], b"\1\0\0\0", f"{name}: not an unchecked bytecode file")
         self.assertFalse([name for name in names if "/test" in name or name.startswith("lib2to3")])
         self.launch("-c", "import asyncio, ctypes, decimal, lzma, multiprocessing, pydoc_data.topics, runpy, sqlite3, ssl,"
-                          " this, timeit, unittest, venv, zoneinfo, inspect, os; inspect.getsource(os.walk)")
+                          " this, timeit, unittest, zoneinfo, inspect, os; inspect.getsource(os.walk)")
         self.assertFalse(list(TREE.glob("readline.*")), "readline is GPL")
+
+    def test_code_of_the_library_names_files_that_have_its_source(self):
+        program = self.folder / "program.py"
+        program.write_text("import json, linecache, os\nfor f in (os.walk, json.loads, json.JSONDecoder.decode):\n"
+                           "    print(linecache.getline(f.__code__.co_filename, f.__code__.co_firstlineno).split()[1])\n"
+                           "json.loads('{')\n")
+        moved = self.folder / "a tree"
+        moved.mkdir()
+        for part in TREE.iterdir():
+            (moved / part.name).symlink_to(part) if part.name != "python3" else shutil.copy(part, moved)
+        report = self.launch(str(program), launcher=moved / "python3", status=1)
+        self.assertTrue(report.startswith("walk(top,\nloads(s,\ndecode(self,\n"), report)
+        self.assertIn('File "%s/source/json/decoder.py", line' % moved, report)
+        self.assertIn("    obj, end = self.scan_once(s, idx)\n", report)
+
+    def test_what_is_left_out_says_so(self):
+        for name in ("tkinter", "turtle", "venv", "ensurepip", "readline", "idlelib", "lib2to3"):
+            self.assertIn(f"ModuleNotFoundError: No module named '{name}': Strativo's Python leaves it out; ",
+                          self.launch("-c", "import " + name, status=1))
+        self.assertIn("leaves it out; packages go into", self.launch("-m", "venv", "x", status=1))
+        (self.folder / "turtle.py").write_text("print('the user has one')")
+        self.assertIn("the user has one", self.launch("-c", "import turtle"))
+        absent = self.evaluate("[n for n in sys.stdlib_module_names if n != 'idlelib' and "
+                               "not __import__('importlib.util').util.find_spec(n)]")
+        foreign = {"_msi", "_overlapped", "_scproxy", "_winapi", "msilib", "msvcrt", "nt", "ntpath", "winreg", "winsound"}
+        self.assertEqual(set(absent) - foreign, set(), "absent without a word")
 
     def test_packages_are_compiled_and_work(self):
         for package in ("jedi", "parso", "pip"):
