@@ -1,56 +1,71 @@
 #include "runtime/DefaultBrowser.h"
 
+#include "runtime/DesktopEntry.h"
+
+#include <QFile>
 #include <QProcess>
-#include <QSettings>
 #include <QStandardPaths>
-#include <QStringList>
 
 namespace python {
 
 namespace {
 
-/// The program named by a desktop entry's Exec line (https://specifications.freedesktop.org/desktop-entry-spec).
-QString programOfDesktopEntry(const QString& entryName)
+/// The command with its program as an absolute path; empty when there is no such program.
+QStringList located(QStringList command)
 {
-    const QString file = QStandardPaths::locate(QStandardPaths::ApplicationsLocation, entryName);
-    if (file.isEmpty())
+    if (command.isEmpty())
         return {};
-    QSettings entry(file, QSettings::IniFormat);
-    const QStringList words = QProcess::splitCommand(entry.value(QStringLiteral("Desktop Entry/Exec")).toString());
-    return words.isEmpty() ? QString() : QStandardPaths::findExecutable(words.first());
+    command.first() = QStandardPaths::findExecutable(command.first());
+    return command.first().isEmpty() ? QStringList() : command;
 }
 
-QString desktopSetting()
+QStringList environmentSetting(const QString& url)
+{
+    for (const QString& entry : qEnvironmentVariable("BROWSER").split(QLatin1Char(':'))) {
+        QStringList command = QProcess::splitCommand(entry);
+        if (command.filter(QStringLiteral("%s")).isEmpty())
+            command << url;
+        command.replaceInStrings(QStringLiteral("%s"), url);
+        command = entry.isEmpty() ? QStringList() : located(command);
+        if (!command.isEmpty())
+            return command;
+    }
+    return {};
+}
+
+QStringList desktopSetting(const QString& url)
 {
     QProcess query;
     query.start(QStringLiteral("xdg-settings"), {QStringLiteral("get"), QStringLiteral("default-web-browser")});
     if (!query.waitForFinished(2000))
         return {};
-    const QString entryName = QString::fromLocal8Bit(query.readAllStandardOutput()).trimmed();
-    return entryName.isEmpty() ? QString() : programOfDesktopEntry(entryName);
+    const QString name = QString::fromLocal8Bit(query.readAllStandardOutput()).trimmed();
+    QFile entry(name.isEmpty() ? QString() : QStandardPaths::locate(QStandardPaths::ApplicationsLocation, name));
+    if (!entry.open(QIODevice::ReadOnly))
+        return {};
+    return located(commandOfDesktopEntry(entry.readAll(), url));
 }
 
-QString firstExecutable(const QStringList& names)
+QStringList usualBrowser(const QString& url)
 {
-    for (const QString& name : names) {
-        const QString program = name.isEmpty() ? QString() : QStandardPaths::findExecutable(name);
-        if (!program.isEmpty())
-            return program;
+    for (const char* name : {"x-www-browser", "sensible-browser", "firefox", "chromium"}) {
+        const QStringList command = located({QString::fromLatin1(name), url});
+        if (!command.isEmpty())
+            return command;
     }
     return {};
 }
 
 } // namespace
 
-QString defaultBrowser()
+QStringList browserCommand(const QString& url)
 {
-    QString program = firstExecutable(qEnvironmentVariable("BROWSER").split(QLatin1Char(':')));
-    if (program.isEmpty())
-        program = desktopSetting();
-    if (program.isEmpty())
-        program = firstExecutable({QStringLiteral("x-www-browser"), QStringLiteral("sensible-browser"),
-                                   QStringLiteral("firefox"), QStringLiteral("chromium")});
-    return program;
+    for (const auto find : {environmentSetting, desktopSetting, usualBrowser}) {
+        const QStringList command = find(url);
+        if (!command.isEmpty())
+            return command;
+    }
+    return {};
 }
 
 } // namespace python

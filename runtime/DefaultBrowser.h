@@ -1,11 +1,13 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace python {
 
-/// The program that shows HTML files for this user, as an absolute path; empty when there is none. Looks at $BROWSER
-/// (programs separated by ":"), then at the desktop's setting, then for the distribution's usual names.
-QString defaultBrowser();
+/// The command that shows `url` in this user's web browser, the program (an absolute path) first; empty when there is
+/// no browser. Looks at $BROWSER (commands separated by ":", "%s" in them stands for the URL), then at the desktop's
+/// setting, then for the distribution's usual names.
+QStringList browserCommand(const QString& url);
 
 } // namespace python

@@ -27,9 +27,9 @@ QString besideProgram(const QString& relativePath)
     return QDir::toNativeSeparators(QCoreApplication::applicationDirPath() + QDir::separator() + relativePath);
 }
 
-void reportFailure(const QString& detail)
+void reportFailure(const QString& reason, const QString& detail)
 {
-    const QString text = QStringLiteral("Unable to open the Python documentation: %1").arg(qt_error_string(errno));
+    const QString text = QStringLiteral("Unable to open the Python documentation: %1").arg(reason);
     const IAppWrapper* app = python::applicationInterface();
     if (!app || !app->isTerminalProgram())
         QMessageBox::warning(nullptr, QStringLiteral("Python Documentation"), text, QMessageBox::Ok);
@@ -52,7 +52,7 @@ void HVPythonDocumentation::open(const QUrl& url)
     // Qt does not pass on why it failed; a handler that does not exist is the usual reason.
     if (errno == 0)
         errno = ENOENT;
-    reportFailure(QStringLiteral("URL: %1").arg(target.toString()));
+    reportFailure(qt_error_string(errno), QStringLiteral("URL: %1").arg(target.toString()));
 }
 
 void HVPythonDocumentation::openIndex()
@@ -78,15 +78,21 @@ void HVPythonDocumentation::openAndSearchForTargetString(const QString& target)
         return;
     }
     const QString file = besideProgram(page);
-    errno = ENOENT;
-    const QString browser = QFileInfo::exists(file) ? python::defaultBrowser() : QString();
-    if (browser.isEmpty()) {
-        reportFailure(QStringLiteral("File path: %1").arg(file));
+    const QString detail = QStringLiteral("File path: %1").arg(file);
+    if (!QFileInfo::exists(file)) {
+        reportFailure(qt_error_string(ENOENT), detail);
         return;
     }
     // The browser is started directly: desktop services drop the query of a local file's URL.
     QUrl url = QUrl::fromLocalFile(file);
     url.setQuery(QStringLiteral("q=%1").arg(QString::fromLatin1(QUrl::toPercentEncoding(target))));
-    if (!QProcess::startDetached(browser, {QString::fromLatin1(url.toEncoded())}))
-        reportFailure(QStringLiteral("File path: %1").arg(file));
+    QStringList command = python::browserCommand(QString::fromLatin1(url.toEncoded()));
+    if (command.isEmpty()) {
+        reportFailure(QStringLiteral("There is no web browser."), detail);
+        return;
+    }
+    const QString program = command.takeFirst();
+    errno = 0;
+    if (!QProcess::startDetached(program, command))
+        reportFailure(qt_error_string(errno != 0 ? errno : ENOENT), detail);
 }

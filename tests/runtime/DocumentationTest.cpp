@@ -1,3 +1,4 @@
+#include "runtime/DesktopEntry.h"
 #include "runtime/HVPythonDocumentation.h"
 #include "tests/runtime/RuntimeFixture.h"
 
@@ -78,9 +79,9 @@ TEST_F(DocumentationTest, SearchStartsTheBrowserWithTheQuery)
     qunsetenv("BROWSER");
 }
 
-TEST_F(DocumentationTest, FailureIsShownAndPosted)
+/// Answers the next message box and tells what it says.
+void closeNextBox(QString& title, QString& text)
 {
-    QString title, text;
     QTimer::singleShot(0, qApp, [&] {
         auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         ASSERT_NE(box, nullptr);
@@ -88,6 +89,44 @@ TEST_F(DocumentationTest, FailureIsShownAndPosted)
         text = box->text();
         box->accept();
     });
+}
+
+TEST_F(DocumentationTest, BrowserOfADesktopEntryIsStartedWithItsWholeCommand)
+{
+    const auto command = [](const char* exec) {
+        return python::commandOfDesktopEntry(QByteArray("# Exec=no\n[Desktop Entry]\nName=x\nExec = ") + exec +
+                                                 "\n[Desktop Action new]\nExec=other\n",
+                                             "file:///s.html?q=a");
+    };
+    const QString url = "file:///s.html?q=a";
+    EXPECT_EQ(command("firefox"), QStringList({"firefox", url}));
+    EXPECT_EQ(command("env A=b,c /usr/lib/x/firefox %u"), QStringList({"env", "A=b,c", "/usr/lib/x/firefox", url}));
+    EXPECT_EQ(command("/usr/bin/flatpak run --command=launch org.x.Y @@u %U @@"),
+              QStringList({"/usr/bin/flatpak", "run", "--command=launch", "org.x.Y", "@@u", url, "@@"}));
+    EXPECT_EQ(command("\"/opt/a \\\\$b/x\" %i --url=%u 100%% \"\""),
+              QStringList({"/opt/a $b/x", "--url=" + url, "100%", ""}));
+    EXPECT_EQ(python::commandOfDesktopEntry("[Other]\nExec=x\n", url), QStringList());
+}
+
+TEST_F(DocumentationTest, WithoutABrowserTheSearchSaysSo)
+{
+    const QTemporaryDir empty;
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", empty.path().toLocal8Bit());
+    QString title, text;
+    closeNextBox(title, text);
+    HVPythonDocumentation::openAndSearchForTargetString("a");
+    qputenv("PATH", path);
+    EXPECT_EQ(title, "Python Documentation");
+    EXPECT_EQ(text, "Unable to open the Python documentation: There is no web browser.");
+    ASSERT_EQ(recorder.posts.size(), 2U);
+    EXPECT_EQ(recorder.posts[1].text, "File path: " + page("search.html").toStdString());
+}
+
+TEST_F(DocumentationTest, FailureIsShownAndPosted)
+{
+    QString title, text;
+    closeNextBox(title, text);
     HVPythonDocumentation::open(QUrl::fromLocalFile("/nowhere/at/all.html"));
     EXPECT_EQ(title, "Python Documentation");
     EXPECT_EQ(text, "Unable to open the Python documentation: No such file or directory");
