@@ -34,7 +34,8 @@ public:
 
     void restart() override
     {
-        QProcess::startDetached(QCoreApplication::applicationFilePath(), QCoreApplication::arguments());
+        QProcess::startDetached(QCoreApplication::applicationFilePath(),
+                                restartArguments(QCoreApplication::arguments()));
         QThread::msleep(g_restartMilliseconds);
         std::_Exit(EXIT_FAILURE);
     }
@@ -54,6 +55,13 @@ IUnloadFailurePrompt& unloadFailurePrompt()
     const bool windowed =
         qobject_cast<QApplication*>(QCoreApplication::instance()) && !(app && app->isTerminalProgram());
     return windowed ? static_cast<IUnloadFailurePrompt&>(box) : quiet;
+}
+
+QStringList restartArguments(QStringList arguments)
+{
+    if (!arguments.isEmpty())
+        arguments.first() = QCoreApplication::applicationFilePath();
+    return arguments;
 }
 
 UnloadFailurePromptGuard::UnloadFailurePromptGuard(IUnloadFailurePrompt& prompt) : m_before(g_replacement)

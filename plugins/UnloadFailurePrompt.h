@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace python {
 
@@ -20,6 +21,10 @@ public:
 
 /// The prompt in use: a message box, or for a program on a terminal a message that answers itself with "No".
 IUnloadFailurePrompt& unloadFailurePrompt();
+
+/// What the program is started anew with, after it was started with `arguments`: its own name, which stays among them,
+/// is its whole path, by which it knows that this is no script to open.
+QStringList restartArguments(QStringList arguments);
 
 /// Puts another prompt in place for its lifetime; not owned.
 class UnloadFailurePromptGuard

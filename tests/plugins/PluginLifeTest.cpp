@@ -196,6 +196,8 @@ TEST_F(PluginLife, theCriticalDialog)
         "plugin.<br></br><br></br>It is recommended that Strativo be restarted to avoid any instability caused by "
         "an inconsistent plugin state.<br></br><br></br><b>Restart Strativo?</b>");
     EXPECT_EQ(prompt.restarts, 1);
+    const QStringList restart = python::restartArguments({"bin/strativo", "--execute", "bin/strativo"});
+    EXPECT_EQ(restart, QStringList({QCoreApplication::applicationFilePath(), "--execute", "bin/strativo"}));
     QFile::remove(plugin.directory() + "/plugin.info");
     plugin.handleUnloadError();
     EXPECT_TRUE(prompt.text.contains("Strativo is unable to disable autoload for this plugin. This is likely due to "
