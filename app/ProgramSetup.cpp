@@ -6,10 +6,18 @@
 #include <QApplication>
 #include <QFileInfo>
 
+#include <cerrno>
 #include <clocale>
 #include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace program {
+
+namespace {
+constexpr char g_invisible[] = "offscreen";
+bool g_isInvisibleWanted = false; // NOLINT: known before there is an application object
+} // namespace
 
 void coerceLocale()
 {
@@ -25,16 +33,32 @@ void coerceLocale()
     std::setlocale(LC_NUMERIC, "C");
 }
 
+void openStandardStreams()
+{
+    for (int number = STDIN_FILENO; number <= STDERR_FILENO; ++number)
+        if (::fcntl(number, F_GETFD) == -1 && errno == EBADF)
+            ::open("/dev/null", O_RDWR); // takes the lowest free number, which is this one
+}
+
 void choosePlatform()
 {
-    if (qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        return;
-    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
+    const QByteArray asked = qgetenv("QT_QPA_PLATFORM");
+    if (!asked.isEmpty()) {
+        g_isInvisibleWanted = asked.startsWith(g_invisible);
+        // Qt ends a process whose platforms all fail.
+        if (!asked.contains(g_invisible))
+            qputenv("QT_QPA_PLATFORM", asked + ';' + g_invisible);
+    } else if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
         qputenv("QT_QPA_PLATFORM", "wayland;xcb;offscreen");
     else if (qEnvironmentVariableIsSet("DISPLAY"))
         qputenv("QT_QPA_PLATFORM", "xcb;offscreen");
     else
         qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+bool hasDisplay()
+{
+    return g_isInvisibleWanted || QGuiApplication::platformName() != QLatin1String(g_invisible);
 }
 
 void setUp()

@@ -8,8 +8,16 @@ namespace program {
 /// Gives a process that was started in the plain "C" locale UTF-8 text. Before the application object.
 void coerceLocale();
 
+/// Gives a process that was started with closed standard streams streams that lead nowhere, before some other file
+/// takes their numbers. First of all.
+void openStandardStreams();
+
 /// Lets a process without a display run all the same. Before the application object.
 void choosePlatform();
+
+/// Whether windows can be seen, or are drawn without a screen because the user has asked for that. After the
+/// application object.
+bool hasDisplay();
 
 /// Names the application, keeps its settings in the user-data folder and tells the scripting layer where it lies.
 /// After the application object.

@@ -63,7 +63,10 @@ CompletionEngine::CompletionEngine()
         return;
     }
     const python::GilLock lock;
+    // jedi raises the limit for all scripts when it is imported.
+    const int recursionLimit = Py_GetRecursionLimit();
     load();
+    Py_SetRecursionLimit(recursionLimit);
     if (!isAvailable())
         release();
 }

@@ -1,6 +1,7 @@
 #include "runtime/ForkedChild.h"
 
 #include "runtime/Errors.h"
+#include "runtime/ExitStatus.h"
 #include "runtime/GuiThread.h"
 #include "runtime/RunMonitor.h"
 
@@ -15,19 +16,6 @@ namespace python {
 
 namespace {
 
-/// The status that a SystemExit asks for; a text is printed, as at the end of any program.
-int statusOfExit(PyObject* exit)
-{
-    const bp::object code = owned(PyObject_GetAttrString(exit, "code"));
-    if (code.is_none())
-        return 0;
-    if (isInt(code.ptr()))
-        return static_cast<int>(PyLong_AsLongLong(code.ptr()));
-    PyFile_WriteObject(code.ptr(), PySys_GetObject("stderr"), Py_PRINT_RAW);
-    PySys_WriteStderr("\n");
-    return 1;
-}
-
 int statusOfPending()
 {
     if (!PyErr_Occurred())
@@ -39,11 +27,7 @@ int statusOfPending()
     PyObject *type, *value, *traceback;
     PyErr_Fetch(&type, &value, &traceback);
     PyErr_NormalizeException(&type, &value, &traceback);
-    try {
-        return statusOfExit(value);
-    } catch (const bp::error_already_set&) {
-        return 1;
-    }
+    return exitStatus(value, true);
 }
 
 /// A script may have put a stream with a buffer in place.
@@ -99,15 +83,16 @@ void ForkedChild::leave()
     ::_exit(status);
 }
 
-void ForkedChild::write(int file, std::string_view text)
+int ForkedChild::write(int file, std::string_view text)
 {
     while (!text.empty()) {
         const ssize_t written = ::write(file, text.data(), text.size());
         if (written >= 0)
             text.remove_prefix(static_cast<std::size_t>(written));
         else if (errno != EINTR && errno != EAGAIN)
-            return;
+            return errno;
     }
+    return 0;
 }
 
 } // namespace python

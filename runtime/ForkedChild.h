@@ -25,8 +25,9 @@ public:
     /// Nothing of the application's own end happens.
     [[noreturn]] static void leave();
 
-    /// Writes to the process's own stream, for the application's messages end in a window of the parent.
-    static void write(int file, std::string_view text);
+    /// Writes to the process's own stream, for the application's messages end in a window of the parent. The system's
+    /// error number when that is not possible, else 0.
+    static int write(int file, std::string_view text);
 
 private:
     static PyObject* begin(PyObject* exitFunction, PyObject* arguments);

@@ -85,6 +85,7 @@ bool HVPythonExecutionContext::executePythonCode(const QString& code, python::Co
 {
     const QString text = code.isEmpty() && editor ? editor->plainText() : code;
     m_lastRunEnd = RunEnd::NotRun;
+    m_lastExitStatus = 0;
     if (text.isEmpty()) {
         if (editor)
             editor->clearErrors();
@@ -97,6 +98,7 @@ bool HVPythonExecutionContext::executePythonCode(const QString& code, python::Co
     if (!program) {
         python::reportSyntaxError(editor);
         m_lastRunEnd = RunEnd::CompileError;
+        m_lastExitStatus = 1;
         return false;
     }
 
@@ -108,7 +110,7 @@ bool HVPythonExecutionContext::executePythonCode(const QString& code, python::Co
     if (python::ForkedChild::isHere())
         python::ForkedChild::leave();
     if (!result) {
-        m_lastRunEnd = python::handleRunTimeError(editor);
+        m_lastRunEnd = python::handleRunTimeError(editor, &m_lastExitStatus);
         PyErr_Clear();
         return false;
     }

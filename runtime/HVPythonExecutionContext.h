@@ -52,6 +52,9 @@ public:
     /// How the last executePythonCode() ended.
     python::RunEnd lastRunEnd() const { return m_lastRunEnd; }
 
+    /// The status that a process of its own would have ended the last run with: 0, 1, or what sys.exit() was given.
+    int lastExitStatus() const { return m_lastExitStatus; }
+
 private:
     void removeDangerousFunctions();
     void installStreamsAndBuiltins();
@@ -61,4 +64,5 @@ private:
     HVPythonStreamCapture m_stdout{true};
     HVPythonStreamCapture m_stderr{false};
     mutable python::RunEnd m_lastRunEnd = python::RunEnd::NotRun;
+    mutable int m_lastExitStatus = 0;
 };

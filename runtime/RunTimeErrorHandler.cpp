@@ -6,6 +6,7 @@
 #include "runtime/AskedStop.h"
 #include "runtime/CodeEditor.h"
 #include "runtime/Errors.h"
+#include "runtime/ExitStatus.h"
 #include "runtime/GilLock.h"
 #include "runtime/GuiThread.h"
 
@@ -106,6 +107,12 @@ Location innermostLocation(PyObject* traceback)
     return location;
 }
 
+bool isTerminalProgram()
+{
+    const IAppWrapper* app = applicationInterface();
+    return app && app->isTerminalProgram();
+}
+
 /// GUI thread only.
 void closeWhatTheScriptLeftOpen()
 {
@@ -118,17 +125,6 @@ void closeWhatTheScriptLeftOpen()
     // Not the event alone, which only a dialog answers by going away.
     if (QWidget* modal = QApplication::activeModalWidget())
         modal->close();
-}
-
-/// A SystemExit whose code stands for success.
-bool exitedWithZero(const FetchedException& exception)
-{
-    PyObject* code = exception.attribute("code");
-    if (!code)
-        return false;
-    const bool zero = code == Py_None || (PyLong_Check(code) && Py_SIZE(code) == 0);
-    Py_DECREF(code);
-    return zero;
 }
 
 /// The built-in exit() closes sys.stdin, which only a process that ends can do without.
@@ -159,6 +155,15 @@ void reportSystemExit(const Location& location)
                     true);
 }
 
+/// No package brings a module that is the standard library's but not part of the shipped tree.
+bool isOfTheLibrary(PyObject* name)
+{
+    PyObject* names = PySys_GetObject("stdlib_module_names");
+    const bool found = names && PySequence_Contains(names, name) == 1;
+    PyErr_Clear();
+    return found;
+}
+
 void reportMissingModule(FetchedException& exception, CodeEditor* editor)
 {
     PyObject* name = exception.attribute("name");
@@ -168,7 +173,7 @@ void reportMissingModule(FetchedException& exception, CodeEditor* editor)
         exception.restore();
         return;
     }
-    const QString moduleName = QString::fromStdString(utf8Of(name));
+    const QString moduleName = isOfTheLibrary(name) ? QString() : QString::fromStdString(utf8Of(name));
     Py_DECREF(name);
     const bool installed = moduleFinder() && !moduleName.isEmpty() && moduleFinder()(moduleName);
     if (installed) {
@@ -213,12 +218,14 @@ void reportSyntaxError(CodeEditor* editor)
     printPendingError();
 }
 
-RunEnd handleRunTimeError(CodeEditor* editor)
+RunEnd handleRunTimeError(CodeEditor* editor, int* status)
 {
     const GilLock lock;
     PyObject* pending = PyErr_Occurred();
     if (!pending)
         return RunEnd::Finished;
+    if (status)
+        *status = 1;
 
     const bool mayOpenAndCloseWindows = isGuiThread();
     // Closing a window may run Python code, which must not find an exception pending.
@@ -249,11 +256,14 @@ RunEnd handleRunTimeError(CodeEditor* editor)
     }
 
     if (exception.isA(PyExc_SystemExit)) {
-        const bool zero = exitedWithZero(exception);
-        reportSystemExit(location);
+        const int exit = exitStatus(exception.value(), isTerminalProgram());
+        if (status)
+            *status = exit;
+        if (!isTerminalProgram())
+            reportSystemExit(location);
         reopenStandardInput();
         PyGC_Collect();
-        return zero ? RunEnd::ExitedZero : RunEnd::ExitedNonZero;
+        return exit == 0 ? RunEnd::ExitedZero : RunEnd::ExitedNonZero;
     }
     // A copy: the observer may be replaced while it looks.
     const ErrorObserver observer = errorObserver();

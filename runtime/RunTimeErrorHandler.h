@@ -11,8 +11,11 @@ namespace python {
 /// Handles the pending exception of code that ran for `editor` (null: for none): closes progress bars and the modal
 /// dialog the script left open, marks the line, offers to install a missing module, and reports the error on standard
 /// error. Afterwards no exception is pending. Works with or without the interpreter lock, and on any thread, where it
-/// only reports: windows and the editor belong to the GUI thread.
-RunEnd handleRunTimeError(CodeEditor* editor);
+/// only reports: windows and the editor belong to the GUI thread. `status`, when not null, becomes the status that a
+/// process would end with.
+///
+/// A SystemExit is reported on the event bus; for a user at a terminal it shows what plain Python shows.
+RunEnd handleRunTimeError(CodeEditor* editor, int* status = nullptr);
 
 /// Marks a pending SyntaxError-like exception in `editor`, prints it and clears it.
 void reportSyntaxError(CodeEditor* editor);

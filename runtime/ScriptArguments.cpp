@@ -9,19 +9,48 @@ namespace bp = boost::python;
 
 namespace python {
 
-void setScriptArguments(const QStringList& arguments, const QString& directory, const QString& file)
+namespace {
+
+/// sys.path, borrowed; null when a script has made something else of it.
+PyObject* searchPath()
+{
+    PyObject* path = PySys_GetObject("path");
+    return path && PyList_Check(path) ? path : nullptr;
+}
+
+} // namespace
+
+ScriptArguments::ScriptArguments(const QStringList& arguments, const QString& directory, const QString& file)
 {
     const GilLock lock;
     bp::list argv;
     for (const QString& argument : arguments)
         argv.append(unicodeText(argument));
-    bp::object sys = bp::import("sys");
-    sys.attr("argv") = argv;
-    sys.attr("path").attr("insert")(0, unicodeText(directory));
-    if (!file.isEmpty()) {
-        bp::object main = bp::import("__main__");
-        main.attr("__file__") = unicodeText(file);
+    PySys_SetObject("argv", argv.ptr());
+    if (PyObject* path = searchPath(); path && !directory.isNull()) {
+        m_directory = bp::incref(unicodeText(directory).ptr());
+        PyList_Insert(path, 0, m_directory);
     }
+    PyObject* names = PyModule_GetDict(PyImport_AddModule("__main__"));
+    if (file.isEmpty())
+        PyDict_DelItemString(names, "__file__");
+    else
+        PyDict_SetItemString(names, "__file__", unicodeText(file).ptr());
+    PyErr_Clear();
+}
+
+ScriptArguments::~ScriptArguments()
+{
+    const LateGilLock lock;
+    if (!m_directory || !lock)
+        return;
+    PyObject* path = searchPath();
+    for (Py_ssize_t i = 0; path && i < PyList_GET_SIZE(path); ++i)
+        if (PyList_GET_ITEM(path, i) == m_directory) {
+            PyList_SetSlice(path, i, i + 1, nullptr);
+            break;
+        }
+    Py_DECREF(m_directory);
 }
 
 } // namespace python

@@ -8,6 +8,7 @@
 #include <boost/python.hpp>
 #include <boost/python/stl_iterator.hpp>
 
+#include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -36,20 +37,25 @@ int fileNumber(int level)
     return level == static_cast<int>(MessageLevel::StandardOutput) ? STDOUT_FILENO : STDERR_FILENO;
 }
 
-void post(int level, std::string_view utf8)
+int send(int level, std::string_view utf8)
 {
-    if (ForkedChild::isHere()) {
-        ForkedChild::write(fileNumber(level), utf8);
-        return;
-    }
+    if (ForkedChild::isHere())
+        return ForkedChild::write(fileNumber(level), utf8);
     HVEventBus& bus = HVEventBus::instance();
-    if (!bus.mayBlock()) {
-        bus.sendUtf8(level, utf8, false);
-        return;
-    }
+    if (!bus.mayBlock())
+        return bus.sendUtf8(level, utf8, false);
     // The reader at the other end of a pipe may need the lock before it reads on.
     const GilRelease unlocked;
-    bus.sendUtf8(level, utf8, false);
+    return bus.sendUtf8(level, utf8, false);
+}
+
+/// None, or null with an OSError pending when the text is lost (a full disk, a pipe without a reader).
+PyObject* post(int level, std::string_view utf8)
+{
+    errno = send(level, utf8);
+    if (errno != 0)
+        return PyErr_SetFromErrno(PyExc_OSError);
+    Py_RETURN_NONE;
 }
 
 /// A plain METH_O function: `print` calls it twice a line, and the class's own call path costs as much as the rest.
@@ -58,23 +64,23 @@ PyObject* write(PyObject* self, PyObject* text)
     if (!PyUnicode_Check(text))
         return PyErr_Format(PyExc_TypeError, "write() argument must be str, not %.200s", typeName(text));
     Py_ssize_t size = 0;
-    if (const char* utf8 = PyUnicode_AsUTF8AndSize(text, &size)) {
-        post(levelOf(self), {utf8, static_cast<std::size_t>(size)});
-        Py_RETURN_NONE;
-    }
+    if (const char* utf8 = PyUnicode_AsUTF8AndSize(text, &size))
+        return post(levelOf(self), {utf8, static_cast<std::size_t>(size)});
     // Lone surrogates have no UTF-8 form; they are shown escaped rather than lost.
     PyErr_Clear();
     PyObject* escaped = PyUnicode_AsEncodedString(text, "utf-8", "backslashreplace");
     if (!escaped)
         return nullptr;
-    post(levelOf(self), {PyBytes_AS_STRING(escaped), static_cast<std::size_t>(PyBytes_GET_SIZE(escaped))});
+    PyObject* result =
+        post(levelOf(self), {PyBytes_AS_STRING(escaped), static_cast<std::size_t>(PyBytes_GET_SIZE(escaped))});
     Py_DECREF(escaped);
-    Py_RETURN_NONE;
+    return result;
 }
 
 PyMethodDef g_write = {"write", write, METH_O,
                        "write(text: str) -> None\n\nPosts the text to the message window, exactly as it is.\n\n"
-                       "Raises TypeError when text is not a str. Lone surrogates are shown as escapes."};
+                       "Raises TypeError when text is not a str, and under strativo run OSError when it can not be\n"
+                       "written. Lone surrogates are shown as escapes."};
 
 void doNothing(const HVPythonStreamCapture& /*capture*/) {}
 

@@ -19,6 +19,8 @@ CommandLine parseCommandLine(const QStringList& words)
         }
         if (word == QLatin1String("--verbose")) {
             line.verbose = true;
+        } else if (word == QLatin1String("--current-folder")) {
+            line.currentFolder = true;
         } else if (word == QLatin1String("--no-autoload")) {
             line.autoLoad = false;
         } else if (word == QLatin1String("--unicode-text")) {
@@ -54,20 +56,24 @@ CommandLine parseCommandLine(const QStringList& words)
 
 QString usage()
 {
-    return QStringLiteral("usage: strativo run [--project DIR] [--plugin DIR]... [options] SCRIPT [ARGS...]\n"
-                          "       strativo run [options] -c CODE [ARGS...]\n"
-                          "\n"
-                          "Runs a Python script with the application's scripting module and without a window.\n"
-                          "\n"
-                          "  SCRIPT         a Python file, or - to read the script from standard input\n"
-                          "  -c CODE        run CODE\n"
-                          "  --project DIR  open the project in DIR first; made when the folder is missing or empty\n"
-                          "  --plugin DIR   load the plug-in in DIR first; may be given several times\n"
-                          "  --no-autoload  opening the project loads no plug-ins\n"
-                          "  --unicode-text texts of the application reach the script whole, not in ASCII only\n"
-                          "  --verbose      show notices that are not errors, on standard error\n"
-                          "\n"
-                          "Exit status: 0 the script ran to its end, 1 it failed, 2 it was not started.\n");
+    return QStringLiteral(
+        "usage: strativo run [--project DIR] [--plugin DIR]... [options] SCRIPT [ARGS...]\n"
+        "       strativo run [options] -c CODE [ARGS...]\n"
+        "\n"
+        "Runs a Python script with the application's scripting module and without a window.\n"
+        "\n"
+        "  SCRIPT         a Python file, or - to read the script from standard input\n"
+        "  -c CODE        run CODE\n"
+        "  --project DIR  open the project in DIR first; made when the folder is missing or empty\n"
+        "  --plugin DIR   load the plug-in in DIR first; may be given several times\n"
+        "  --no-autoload  opening the project loads no plug-ins\n"
+        "  --unicode-text texts of the application reach the script whole, not in ASCII only\n"
+        "  --current-folder\n"
+        "                 -c and - import modules from the current folder, too\n"
+        "  --verbose      show notices that are not errors, on standard error\n"
+        "\n"
+        "Exit status: 0 the script ran to its end, 1 it failed, n it left with sys.exit(n), 2 it was\n"
+        "not started.\n");
 }
 
 } // namespace headless

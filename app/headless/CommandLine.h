@@ -27,6 +27,8 @@ struct CommandLine
     /// Whether texts of the application reach the script whole, see TextSetting.h.
     bool unicodeText = false;
     bool verbose = false;
+    /// The current folder is searched first for modules; for a script file it is the script's folder in any case.
+    bool currentFolder = false;
     bool help = false;
     /// One sentence when the command line cannot be understood, else empty.
     QString error;

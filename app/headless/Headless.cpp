@@ -22,6 +22,7 @@
 #include <QFileInfo>
 
 #include <cstdio>
+#include <optional>
 #include <unistd.h>
 
 namespace headless {
@@ -33,7 +34,7 @@ struct Script
     QByteArray source;
     /// The name under which it is compiled.
     QString name;
-    /// sys.argv[0], the first folder of the search path, `__file__`.
+    /// sys.argv[0], the first folder of the search path (null for none), `__file__`.
     QString argument;
     QString directory;
     QString file;
@@ -42,15 +43,16 @@ struct Script
 /// A sentence when the script cannot be read, else empty.
 QString readScript(const CommandLine& line, Script& script)
 {
+    const QString current = line.currentFolder ? QStringLiteral("") : QString();
     switch (line.source) {
     case CommandLine::Source::Code:
-        script = {line.script.toUtf8(), QStringLiteral("<string>"), QStringLiteral("-c"), QString(), QString()};
+        script = {line.script.toUtf8(), QStringLiteral("<string>"), QStringLiteral("-c"), current, QString()};
         return {};
     case CommandLine::Source::StandardInput: {
         QFile input;
         if (!input.open(stdin, QIODevice::ReadOnly))
             return QStringLiteral("cannot read standard input: %1").arg(input.errorString());
-        script = {input.readAll(), QStringLiteral("<stdin>"), QStringLiteral("-"), QString(), QString()};
+        script = {input.readAll(), QStringLiteral("<stdin>"), QStringLiteral("-"), current, QString()};
         return {};
     }
     case CommandLine::Source::File:
@@ -63,7 +65,9 @@ QString readScript(const CommandLine& line, Script& script)
     if (info.isDir() || !file.open(QIODevice::ReadOnly))
         return QStringLiteral("cannot read %1: %2")
             .arg(line.script, info.isDir() ? QStringLiteral("it is a directory") : file.errorString());
-    script = {file.readAll(), line.script, line.script, info.absolutePath(), line.script};
+    // Whole, so that the script finds itself after a change of the current folder.
+    const QString whole = info.absoluteFilePath();
+    script = {file.readAll(), whole, line.script, info.absolutePath(), whole};
     return {};
 }
 
@@ -92,7 +96,8 @@ QString openProject(HVProjectService& projects, const QString& folder)
     return opened ? QString() : error;
 }
 
-int runScript(const HVPythonExecutionContext& context, const Script& script, const QStringList& arguments)
+int runScript(const HVPythonExecutionContext& context, const Script& script, const QStringList& arguments,
+              std::optional<python::ScriptArguments>& presented)
 {
     QString code;
     QString error;
@@ -102,16 +107,10 @@ int runScript(const HVPythonExecutionContext& context, const Script& script, con
                      script.name.toLocal8Bit().constData(), error.toLocal8Bit().constData());
         return g_statusFailed;
     }
-    python::setScriptArguments(QStringList(script.argument) + arguments, script.directory, script.file);
+    presented.emplace(QStringList(script.argument) + arguments, script.directory, script.file);
     // An empty program is a program; to the context no code at all means "nothing to run".
     context.executePythonCode(code.isEmpty() ? QStringLiteral("\n") : code, nullptr, script.name);
-    switch (context.lastRunEnd()) {
-    case python::RunEnd::Finished:
-    case python::RunEnd::ExitedZero:
-        return g_statusRan;
-    default:
-        return g_statusFailed;
-    }
+    return context.lastExitStatus();
 }
 
 } // namespace
@@ -154,6 +153,8 @@ int run(int argc, char** argv)
             return refuse(error);
     TerminalApp app(window);
     progress.watch(app.progress());
+    // Outlives the interpreter: threads that it waits for import from the script's folder, too.
+    std::optional<python::ScriptArguments> presented;
     const HVPythonExecutionContext context(&app);
     if (line.unicodeText)
         python::setTextsWhole(true);
@@ -168,7 +169,7 @@ int run(int argc, char** argv)
     // After those that were asked for: of two plug-ins with one name the automatic one steps back.
     if (line.autoLoad)
         plugins.followProjects(*window.projects());
-    return runScript(context, script, line.arguments);
+    return runScript(context, script, line.arguments, presented);
 }
 
 } // namespace headless

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QDir>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace headless {
@@ -89,7 +90,8 @@ int check(const QString& directory)
 int runPluginCommand(int argc, char** argv)
 {
     const QByteArray command = argc > 2 ? argv[2] : "";
-    if (command == "--help" || command == "-h") {
+    const auto asksForHelp = [](const char* word) { return qstrcmp(word, "--help") == 0 || qstrcmp(word, "-h") == 0; };
+    if (std::any_of(argv + std::min(argc, 2), argv + argc, asksForHelp)) {
         std::fputs(g_usage, stdout);
         return g_statusRan;
     }

@@ -6,8 +6,8 @@ namespace headless {
 
 class TerminalProgress;
 
-/// Writes everything or gives up when nobody can read any more.
-void writeAll(int file, std::string_view text);
+/// Writes everything; the system's error number when that is not possible, else 0.
+int writeAll(int file, std::string_view text);
 
 /// Sends the event bus to the process's streams as it comes: what scripts write to standard output goes there, all else
 /// to standard error. Nothing is buffered, so nothing is lost however the process ends.
@@ -23,12 +23,14 @@ public:
 
     void receive(const HVEventBus::Message& message) override;
     bool mayBlock() const override { return true; }
+    int failure() const override { return m_failure; }
 
 private:
     void makeWay(std::string_view text);
 
     const bool m_verbose;
     TerminalProgress* const m_progress;
+    int m_failure = 0;
 };
 
 } // namespace headless

@@ -5,7 +5,9 @@
 #include "app/workbench/ScriptName.h"
 #include "editor/HVPythonTextEdit.h"
 #include "runtime/HVPythonExecutionContext.h"
+#include "runtime/ScriptArguments.h"
 
+#include <QFileInfo>
 #include <QStatusBar>
 
 namespace workbench {
@@ -53,6 +55,10 @@ void ScriptRunner::execute(HVPythonTextEdit& editor)
         m_window.statusBar()->showMessage(tr("A script is running already."));
         return;
     }
+    // A script without a file has no place of its own, and the application's current folder is nobody's choice.
+    const QString file = editor.filename();
+    const QString folder = file.isEmpty() ? QString() : QFileInfo(file).absolutePath();
+    const python::ScriptArguments presented({file}, folder, file);
     m_context.executePythonCode(editor.plainText(), &editor, scriptName(editor));
     m_window.statusBar()->showMessage(sentence(m_context.lastRunEnd()));
 }

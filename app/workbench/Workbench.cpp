@@ -38,6 +38,8 @@ struct Options
     QString project;
     bool execute = false;
     QString screenshot;
+    /// One sentence when the command line cannot be understood, else empty.
+    QString error;
 };
 
 Options parseArguments(const QStringList& arguments)
@@ -46,8 +48,8 @@ Options parseArguments(const QStringList& arguments)
     parser.setApplicationDescription(
         QStringLiteral("Seismic interpretation with Python scripting.\n\n"
                        "To run a script without the window: strativo run SCRIPT (see strativo run --help)."));
-    parser.addHelpOption();
-    parser.addVersionOption();
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("scripts"), QStringLiteral("Python scripts to open."),
                                  QStringLiteral("[scripts...]"));
     const QCommandLineOption execute(QStringLiteral("execute"),
@@ -58,11 +60,22 @@ Options parseArguments(const QStringList& arguments)
                                         QStringLiteral("Save a picture of the window and leave."),
                                         QStringLiteral("file"));
     parser.addOptions({execute, project, screenshot});
-    parser.process(arguments);
+    Options read;
+    if (!parser.parse(arguments)) {
+        read.error = parser.errorText();
+        return read;
+    }
+    if (parser.isSet(version))
+        parser.showVersion();
+    if (parser.isSet(help))
+        parser.showHelp();
     // A restart after a plug-in's failure hands over all of the arguments, the program's own path among them.
-    QStringList scripts = parser.positionalArguments();
-    scripts.removeAll(QCoreApplication::applicationFilePath());
-    return {scripts, parser.value(project), parser.isSet(execute), parser.value(screenshot)};
+    read.scripts = parser.positionalArguments();
+    read.scripts.removeAll(QCoreApplication::applicationFilePath());
+    read.project = parser.value(project);
+    read.execute = parser.isSet(execute);
+    read.screenshot = parser.value(screenshot);
+    return read;
 }
 
 int refuseToStart(const QString& sentence)
@@ -94,6 +107,12 @@ int run(int& argc, char** argv)
     QApplication application(argc, argv);
     program::setUp();
     const Options options = parseArguments(QCoreApplication::arguments());
+    if (!options.error.isEmpty())
+        return refuseToStart(options.error);
+    // A picture needs none.
+    if (!program::hasDisplay() && options.screenshot.isEmpty())
+        return refuseToStart(QStringLiteral(
+            "there is no display to show the workbench on; strativo run SCRIPT runs a script without it"));
     if (const QString missing = program::missingPythonTree(); !missing.isEmpty())
         return refuseToStart(missing);
 

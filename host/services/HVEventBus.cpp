@@ -20,12 +20,17 @@ void HVEventBus::sendMessage(MessageLevel level, const QString& text, bool revea
     sendMessage(static_cast<int>(level), text, reveal);
 }
 
-void HVEventBus::sendUtf8(int level, std::string_view utf8, bool reveal)
+int HVEventBus::sendUtf8(int level, std::string_view utf8, bool reveal)
 {
     const Message message{level, utf8, reveal};
+    int failure = 0;
     const std::lock_guard lock(m_mutex);
-    for (Sink* sink : m_sinks)
+    for (Sink* sink : m_sinks) {
         sink->receive(message);
+        if (failure == 0)
+            failure = sink->failure();
+    }
+    return failure;
 }
 
 void HVEventBus::addSink(Sink* sink)

@@ -46,6 +46,8 @@ public:
         virtual void receive(const Message& message) = 0;
         /// True for a sink that writes to a pipe or a terminal: senders then give up locks that a reader may need.
         virtual bool mayBlock() const { return false; }
+        /// The system's error number when the last receive() could not keep its text, else 0.
+        virtual int failure() const { return 0; }
 
     protected:
         ~Sink() = default;
@@ -56,8 +58,9 @@ public:
     void sendMessage(int level, const QString& text, bool reveal = false);
     void sendMessage(MessageLevel level, const QString& text, bool reveal = false);
 
-    /// The path of captured streams: no conversion, no allocation here. `utf8` must be valid UTF-8.
-    void sendUtf8(int level, std::string_view utf8, bool reveal = false);
+    /// The path of captured streams: no conversion, no allocation here. `utf8` must be valid UTF-8. The failure of a
+    /// sink, 0 when all have taken the text.
+    int sendUtf8(int level, std::string_view utf8, bool reveal = false);
 
     /// Sinks are not owned. removeSink() returns only after a call that is under way has ended.
     void addSink(Sink* sink);

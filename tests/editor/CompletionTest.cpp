@@ -1,5 +1,6 @@
 // Completion: jedi in the interpreter, the thread, and the popup in a real window.
 #include "editor/HVPythonCodeCompleter.h"
+#include "runtime/GilLock.h"
 #include "tests/editor/EditorFixture.h"
 
 #include <QAbstractItemView>
@@ -62,6 +63,13 @@ TEST_F(Completion, threeLettersAfterADotBringThePopup)
     QTest::keyClick(completer->popup(), Qt::Key_Return);
     EXPECT_EQ(text(), "import os\nos.pathconf");
     EXPECT_FALSE(completer->popup()->isVisible());
+}
+
+TEST_F(Completion, theRecursionLimitOfScriptsStaysAsItWas)
+{
+    const python::GilLock lock;
+    EXPECT_EQ(Py_GetRecursionLimit(), 1000); // jedi has been imported by the fixture's editor
+    ASSERT_NE(PyDict_GetItemString(PyImport_GetModuleDict(), "jedi"), nullptr);
 }
 
 TEST_F(Completion, controlSpaceShowsTheNamesWhateverWasTyped)

@@ -72,6 +72,7 @@ TEST_F(ExecutionTest, SystemExitEndsOnlyTheScript)
     EXPECT_EQ(context().lastRunEnd(), RunEnd::ExitedZero);
     EXPECT_FALSE(run("exit(3)"));
     EXPECT_EQ(context().lastRunEnd(), RunEnd::ExitedNonZero);
+    EXPECT_EQ(context().lastExitStatus(), 3);
     EXPECT_FALSE(run("import sys; sys.exit(object())"));
     EXPECT_EQ(context().lastRunEnd(), RunEnd::ExitedNonZero);
     const std::vector<Recorder::Post> first(recorder.posts.begin(), recorder.posts.begin() + 2);
