@@ -4,6 +4,7 @@
 #include "host/services/IAppWrapper.h"
 #include "host/widgets/HVPluginContributions.h"
 #include "plugins/PluginFolderModules.h"
+#include "plugins/PluginFolders.h"
 #include "plugins/PluginInfo.h"
 #include "plugins/PluginModule.h"
 #include "plugins/UnloadFailurePrompt.h"
@@ -173,6 +174,7 @@ bool HVPythonPlugin::executeAndRegister(const QString& startupPath, const QStrin
         python::printPendingError();
         return false;
     }
+    python::enterPluginFolder(nativeDirectory(), m_data.directory.path());
     const python::PluginSearchPath searchPath(searchPathEntry());
     if (!searchPath.isAdded()) {
         setErrorMessage(QStringLiteral("unable to decode '%1' to unicode").arg(searchPathEntry()));
@@ -275,6 +277,7 @@ void HVPythonPlugin::forgetTraces()
 {
     HVPluginContributions::instance().removeAll(nativeDirectory());
     const GilLock lock;
+    python::leavePluginFolder(nativeDirectory());
     python::forgetModulesOfFolder(m_data.directory.path(), m_data.init);
 }
 

@@ -1,10 +1,9 @@
 #include "plugins/PluginFolderModules.h"
 
+#include "plugins/PluginFolders.h"
 #include "runtime/Errors.h"
 
 #include <boost/python.hpp>
-
-#include <QDir>
 
 namespace bp = boost::python;
 
@@ -28,21 +27,12 @@ Py_ssize_t lastIndex(PyObject* sequence, PyObject* entry)
     return -1;
 }
 
-/// A path as its characters, for comparing its beginning.
-bool liesIn(PyObject* path, const QByteArray& folder)
-{
-    Py_ssize_t size = 0;
-    const char* utf8 = path && PyUnicode_Check(path) ? PyUnicode_AsUTF8AndSize(path, &size) : nullptr;
-    PyErr_Clear();
-    return utf8 && size >= folder.size() && std::memcmp(utf8, folder.constData(), folder.size()) == 0;
-}
-
-bool anyLiesIn(PyObject* list, const QByteArray& folder)
+bool anyLiesIn(PyObject* list, const FolderPrefix& folder)
 {
     const bp::handle<> items = nullable(list ? PySequence_Fast(list, "") : nullptr);
     PyErr_Clear();
     for (Py_ssize_t i = 0; items && i < PySequence_Fast_GET_SIZE(items.get()); ++i)
-        if (liesIn(PySequence_Fast_GET_ITEM(items.get(), i), folder))
+        if (folder.contains(PySequence_Fast_GET_ITEM(items.get(), i)))
             return true;
     return false;
 }
@@ -51,14 +41,14 @@ bool anyLiesIn(PyObject* list, const QByteArray& folder)
 class ModuleLocation
 {
 public:
-    bool isIn(PyObject* module, const QByteArray& folder) const
+    bool isIn(PyObject* module, const FolderPrefix& folder) const
     {
         if (!PyModule_Check(module))
             return false;
         PyObject* names = PyModule_GetDict(module);
         PyObject* file = PyDict_GetItemWithError(names, m_file.get());
         if (file && file != Py_None)
-            return liesIn(file, folder);
+            return folder.contains(file);
         return anyLiesIn(PyDict_GetItemWithError(names, m_path.get()), folder);
     }
 
@@ -126,16 +116,14 @@ PluginSearchPath::~PluginSearchPath()
 
 void forgetModulesOfFolder(const QString& folder, const QString& init)
 {
-    const QByteArray absolute =
-        QDir::toNativeSeparators(QDir::cleanPath(QDir(folder).absolutePath()) + QLatin1Char('/')).toUtf8();
-    const QByteArray given = QDir::toNativeSeparators(folder + QLatin1Char('/')).toUtf8();
+    const FolderPrefix prefix(folder);
     const QByteArray pluginPrefix = init.toUtf8() + '_';
     const ModuleLocation location;
     removeFromDict(PyImport_GetModuleDict(), [&](PyObject* name, PyObject* module) {
-        return (location.isIn(module, absolute) || location.isIn(module, given)) && !isPluginModule(name, pluginPrefix);
+        return location.isIn(module, prefix) && !isPluginModule(name, pluginPrefix);
     });
     removeFromDict(PySys_GetObject("path_importer_cache"),
-                   [&](PyObject* path, PyObject* /*finder*/) { return liesIn(path, absolute) || liesIn(path, given); });
+                   [&](PyObject* path, PyObject* /*finder*/) { return prefix.contains(path); });
 }
 
 } // namespace python

@@ -63,10 +63,10 @@ bp::object addMainWindowMenu(const bp::object& title)
     if (!menu) {
         menu = bar->addMenu(text);
         menu->setToolTipsVisible(true);
-        HVPluginContributions::instance().add(callingPluginFolder(), menu);
+        noteContribution(menu);
     } else if (HVPluginContributions::instance().contains(menu)) {
         // A menu that another plug-in made lasts as long as both.
-        HVPluginContributions::instance().add(callingPluginFolder(), menu);
+        noteContribution(menu);
     }
     return wrapObject<MenuHandle>(menu);
 }
@@ -106,7 +106,7 @@ bp::object addMainWindowToolBar(const bp::object& name)
         raise(PyExc_RuntimeError, "Toolbar already exists: %s", text.toUtf8().constData());
     QToolBar* bar = window->addToolBar(text);
     bar->setObjectName(text);
-    HVPluginContributions::instance().add(callingPluginFolder(), bar);
+    noteContribution(bar);
     return wrapObject<ToolBarHandle>(bar);
 }
 
@@ -142,7 +142,7 @@ bp::object addSubWindow(const bp::object& widget)
         window = app->addSubWindow(&content);
     if (!window)
         raise(PyExc_RuntimeError, "%s, the application has no document area", function);
-    HVPluginContributions::instance().add(callingPluginFolder(), window);
+    noteContribution(window);
     return wrapObject<SubWindowHandle>(window);
 }
 

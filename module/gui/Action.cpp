@@ -1,4 +1,3 @@
-#include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
 #include "module/gui/Connector.h"
 #include "module/gui/Property.h"
@@ -26,7 +25,7 @@ bp::object addAction(QWidget& place, const char* function, const bp::object& tex
         action->setIcon(given().icon);
     connectCall(*action, &QAction::triggered, callable, function);
     place.addAction(action);
-    HVPluginContributions::instance().add(callingPluginFolder(), action);
+    noteContribution(action);
     return wrapObject<ActionHandle>(action);
 }
 

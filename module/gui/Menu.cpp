@@ -1,4 +1,3 @@
-#include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
 #include "module/gui/Construction.h"
 #include "module/gui/Property.h"
@@ -39,7 +38,7 @@ bp::object addMenuAction(const Handle<QMenu>& handle, const bp::object& text, co
 
 void addSeparator(const Handle<QMenu>& handle)
 {
-    HVPluginContributions::instance().add(callingPluginFolder(), handle.get().addSeparator());
+    noteContribution(handle.get().addSeparator());
 }
 
 /// A menu in `place`, which is given one or the title of a new one.
@@ -58,7 +57,7 @@ bp::object addMenu(Place& place, const bp::object& given, const char* method)
             place.addMenu(requireStr(given, (std::string(method) + ", expected 'str' but got '%s' instead").c_str()));
     }
     // Its entry is a command of the menu above and goes with the plug-in even when that menu stays.
-    HVPluginContributions::instance().add(callingPluginFolder(), menu->menuAction());
+    noteContribution(menu->menuAction());
     return wrapWidget(menu);
 }
 

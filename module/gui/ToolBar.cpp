@@ -1,4 +1,3 @@
-#include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
 #include "module/gui/Property.h"
 #include "module/gui/Widgets.h"
@@ -25,7 +24,7 @@ bp::object addToolBarAction(const Handle<QToolBar>& handle, const bp::object& te
 
 void addSeparator(const Handle<QToolBar>& handle)
 {
-    HVPluginContributions::instance().add(callingPluginFolder(), handle.get().addSeparator());
+    noteContribution(handle.get().addSeparator());
 }
 
 } // namespace

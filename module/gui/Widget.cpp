@@ -1,4 +1,3 @@
-#include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
 #include "module/gui/Construction.h"
 #include "module/gui/LayoutParts.h"
@@ -25,7 +24,7 @@ constexpr ConstructorArguments g_arguments = {{"parent", "parentWidget"}};
 void setVisible(QWidget& self, bool visible)
 {
     if (visible && self.isWindow() && dynamic_cast<WidgetPeer*>(&self))
-        HVPluginContributions::instance().add(callingPluginFolder(), &self);
+        noteContribution(&self);
     self.setVisible(visible);
 }
 

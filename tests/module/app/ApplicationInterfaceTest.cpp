@@ -207,6 +207,57 @@ TEST_F(Application, whatAPluginLeavesIsTakenAway)
     EXPECT_FALSE(menu("Shared"));
 }
 
+TEST_F(Application, whatHelperModulesOfAPluginMakeGoesWithIt)
+{
+    QMenu* shared = window.menuBar()->addMenu("Shared");
+    const QString path = makePlugin("import helper\n"
+                                    "def register():\n"
+                                    "  helper.build()\n"
+                                    "  helper.refused()\n"
+                                    "  return True\n"
+                                    "def unregister():\n"
+                                    "  return True\n",
+                                    "with helper");
+    writeFile(path + "/helper.py", "import strativo_python as sp\n"
+                                   "early = sp.Widget(windowTitle='Early')\n"
+                                   "early.show()\n"
+                                   "def build():\n"
+                                   "  menu = sp.getMainWindowMenu('Shared')\n"
+                                   "  menu.addAction('of the helper', print)\n"
+                                   "  sp.Widget(windowTitle='Late').show()\n"
+                                   "  sp.addSubWindow(sp.TextEdit(windowTitle='Document'))\n"
+                                   "def refused():\n"
+                                   "  try:\n"
+                                   "    sp.addMainWindowMenu('Mine')\n"
+                                   "  except RuntimeError as error:\n"
+                                   "    print(error, sp.pluginDirectory(), end='')\n");
+    // A neighbour's name begins like the plug-in's.
+    writeFile(path + " too/outside.py", "import strativo_python as sp\nkept = sp.Widget(windowTitle='Outside')\n"
+                                        "kept.show()\n");
+    HVPythonPlugin other;
+    ASSERT_TRUE(other.initialize(path));
+    recorder.posts.clear();
+    ASSERT_TRUE(other.load()) << recorder.textOf(6);
+    EXPECT_EQ(recorder.textOf(5), "addMainWindowMenu() can only be executed from the context of a plugin None");
+    ASSERT_TRUE(run(("import sys\nsys.path.append('" + path +
+                     " too')\nimport outside, helper\nsys.path.pop()\n"
+                     "mine = sp.Widget(windowTitle='Of the editor')\n"
+                     "mine.show()\nshown = [outside.kept, mine, helper.early]\n")
+                        .toUtf8()
+                        .constData()))
+        << recorder.textOf(6);
+    EXPECT_EQ(evaluate("[w.visible for w in shown]"), "[True, True, True]");
+    recorder.posts.clear();
+    ASSERT_TRUE(other.unload());
+    EXPECT_NE(recorder.textOf(3).find("left behind: window Early, window Late, window Document"), std::string::npos)
+        << recorder.textOf(3);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(shared->actions().isEmpty());
+    EXPECT_TRUE(area->subWindowList().isEmpty());
+    EXPECT_EQ(evaluate("[not w.deleted and w.visible for w in shown]"), "[True, True, False]");
+    ASSERT_TRUE(run("outside.kept.close()\nmine.close()\ndel outside, mine, shown, helper"));
+}
+
 TEST_F(Application, subWindows)
 {
     EXPECT_EQ(errorOf("addSubWindow(None)"),
