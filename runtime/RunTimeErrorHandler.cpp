@@ -5,6 +5,7 @@
 #include "runtime/ApplicationInterface.h"
 #include "runtime/AskedStop.h"
 #include "runtime/CodeEditor.h"
+#include "runtime/ErrorLocation.h"
 #include "runtime/Errors.h"
 #include "runtime/ExitStatus.h"
 #include "runtime/GilLock.h"
@@ -74,39 +75,6 @@ private:
     PyObject* m_traceback = nullptr;
 };
 
-/// Empty for anything but a str with a UTF-8 form.
-std::string utf8Of(PyObject* object)
-{
-    const char* utf8 = object && PyUnicode_Check(object) ? PyUnicode_AsUTF8(object) : nullptr;
-    PyErr_Clear();
-    return utf8 ? utf8 : std::string();
-}
-
-struct Location
-{
-    std::string file;
-    std::string function;
-    long line = -1;
-};
-
-/// Where the innermost call stood when the exception was raised.
-Location innermostLocation(PyObject* traceback)
-{
-    auto* entry = reinterpret_cast<PyTracebackObject*>(traceback);
-    while (entry->tb_next)
-        entry = entry->tb_next;
-    PyCodeObject* code = PyFrame_GetCode(entry->tb_frame);
-    Location location{utf8Of(code->co_filename), utf8Of(code->co_name), -1};
-    // The field is filled lazily, so it is read as an attribute; the frame itself may have run on since.
-    if (PyObject* line = PyObject_GetAttrString(reinterpret_cast<PyObject*>(entry), "tb_lineno")) {
-        location.line = PyLong_AsLong(line);
-        Py_DECREF(line);
-    }
-    PyErr_Clear();
-    Py_DECREF(code);
-    return location;
-}
-
 bool isTerminalProgram()
 {
     const IAppWrapper* app = applicationInterface();
@@ -142,7 +110,7 @@ void reopenStandardInput()
     PyErr_Clear();
 }
 
-void reportSystemExit(const Location& location)
+void reportSystemExit(const ErrorLocation& location)
 {
     HVEventBus& bus = HVEventBus::instance();
     const QString file =
@@ -249,7 +217,7 @@ RunEnd handleRunTimeError(CodeEditor* editor, int* status)
     }
 
     FetchedException exception;
-    Location location;
+    ErrorLocation location;
     if (exception.traceback() && editor) {
         location = innermostLocation(exception.traceback());
         editor->errorDetected(location.file, location.function, location.line);
