@@ -1,17 +1,16 @@
 #include "app/workbench/DebuggerDock.h"
 
+#include "app/workbench/Commands.h"
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/RunIndicator.h"
 #include "app/workbench/ScriptName.h"
 #include "editor/HVPythonDebugger.h"
 #include "editor/HVPythonTextEdit.h"
-#include "host/services/HVIconStore.h"
 
 #include <QAction>
 #include <QFileInfo>
 #include <QMdiArea>
 #include <QMdiSubWindow>
-#include <QMenuBar>
 #include <QStatusBar>
 #include <QTextBlock>
 
@@ -40,14 +39,6 @@ void connectBreakpoints(HVPythonTextEdit* editor, HVPythonDebugger* debugger)
     });
 }
 
-QMenu* findMenu(const QMenuBar& bar, const QString& title)
-{
-    for (QAction* action : bar.actions())
-        if (action->menu() && action->text() == title)
-            return action->menu();
-    return nullptr;
-}
-
 } // namespace
 
 DebuggerDock::DebuggerDock(MainWindow& window)
@@ -66,48 +57,32 @@ DebuggerDock::DebuggerDock(MainWindow& window)
         addEditor(editor);
     connect(window.runIndicator(), &RunIndicator::stopAskedWhilePaused, m_debugger, &HVPythonDebugger::stop);
     connect(m_debugger->commands().last(), &QAction::triggered, window.runIndicator(), &RunIndicator::noteStop);
-    addCommands();
+    handleCommands();
 }
 
-void DebuggerDock::addCommands()
+void DebuggerDock::handleCommands()
 {
-    QAction* shown = toggleViewAction();
-    shown->setIcon(HVIconStore::icon(QStringLiteral("pythondebug24")));
-    shown->setShortcut(tr("Alt+3"));
-    shown->setToolTip(tr("Show or hide the debugger (Alt+3)"));
-    if (QMenu* view = findMenu(*m_window.menuBar(), tr("View")))
-        view->insertAction(view->actions().value(1), shown);
-    QMenu* tools = findMenu(*m_window.menuBar(), tr("Tools"));
-    if (!tools)
-        return;
-
-    const auto add = [&](const QString& text, const QString& keys, const QString& tip, auto handler) {
-        QAction* action = tools->addAction(text, this, [this, handler] {
+    Commands& commands = m_window.commands();
+    const auto handle = [&](const char* id, auto handler) {
+        commands.handle(id, this, [this, handler] {
             if (HVPythonTextEdit* editor = m_window.activeEditor())
                 handler(*editor);
         });
-        action->setShortcut(keys);
-        action->setToolTip(QStringLiteral("%1 (%2)").arg(tip, keys));
-        action->setStatusTip(tip);
-        return action;
     };
-    tools->addSeparator();
-    QAction* debug = add(tr("Debug Script"), tr("Ctrl+F5"), tr("Run the script with the debugger enabled"),
-                         [this](HVPythonTextEdit& editor) {
-                             m_debugger->setDebuggingEnabled(true);
-                             editor.execute();
-                         });
-    debug->setIcon(HVIconStore::icon(QStringLiteral("pythondebug24")));
-    connect(m_window.runIndicator(), &RunIndicator::runningChanged, debug, &QAction::setDisabled);
-    add(tr("Toggle Breakpoint"), tr("F9"), tr("Set or remove a breakpoint at the cursor's line"),
-        [](HVPythonTextEdit& editor) { editor.toggleBreakpoint(editor.textCursor().blockNumber() + 1); });
-    tools->addActions(m_debugger->commands().mid(0, 4));
-    QAction* runTo = add(tr("Run to Cursor"), tr("Ctrl+F10"), tr("Let the script go on to the cursor's line"),
-                         [this](HVPythonTextEdit& editor) {
-                             m_debugger->runTo(scriptName(editor), editor.textCursor().blockNumber() + 1);
-                         });
-    runTo->setEnabled(false);
-    connect(m_debugger, &HVPythonDebugger::waitingChanged, runTo, &QAction::setEnabled);
+    commands.adopt("view.debugger", toggleViewAction());
+    handle("debug.run", [this](HVPythonTextEdit& editor) {
+        m_debugger->setDebuggingEnabled(true);
+        editor.execute();
+    });
+    handle("debug.toggle-breakpoint",
+           [](HVPythonTextEdit& editor) { editor.toggleBreakpoint(editor.textCursor().blockNumber() + 1); });
+    const QList<QAction*> steps = m_debugger->commands();
+    int step = 0;
+    for (const char* id : {"debug.continue", "debug.step-over", "debug.step-into", "debug.step-out"})
+        commands.adopt(id, steps.at(step++));
+    handle("debug.run-to-cursor", [this](HVPythonTextEdit& editor) {
+        m_debugger->runTo(scriptName(editor), editor.textCursor().blockNumber() + 1);
+    });
 }
 
 void DebuggerDock::addEditor(HVPythonTextEdit* editor)

@@ -22,7 +22,7 @@ public:
     HVPythonDebugger* debugger() const { return m_debugger; }
 
 private:
-    void addCommands();
+    void handleCommands();
     void addEditor(HVPythonTextEdit* editor);
     void showStoppedLine(int line);
     void showWaiting(bool waiting);

@@ -1,5 +1,6 @@
 #include "app/workbench/EmptyWorkspace.h"
 
+#include "app/workbench/Commands.h"
 #include "app/workbench/RecentScripts.h"
 
 #include <QEvent>
@@ -18,7 +19,8 @@ const QString g_recentPrefix = QStringLiteral("recent:");
 
 } // namespace
 
-EmptyWorkspace::EmptyWorkspace(QMdiArea* area) : QWidget(area->viewport()), m_area(area), m_text(new QLabel)
+EmptyWorkspace::EmptyWorkspace(QMdiArea* area, const Commands& commands)
+    : QWidget(area->viewport()), m_area(area), m_commands(commands), m_text(new QLabel)
 {
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Window);
@@ -61,8 +63,8 @@ void EmptyWorkspace::fill()
     };
     QString html = QStringLiteral("<table cellpadding=\"3\"><tr><td colspan=\"2\"><h2>%1</h2></td></tr>")
                        .arg(tr("No script is open"));
-    html += row(QStringLiteral("new"), tr("New Script"), tr("Ctrl+N"));
-    html += row(QStringLiteral("open"), tr("Open Script..."), tr("Ctrl+O"));
+    html += row(QStringLiteral("new"), tr("New Script"), m_commands.keyText("script.new"));
+    html += row(QStringLiteral("open"), tr("Open Script..."), m_commands.keyText("script.open"));
     const QStringList recent = recentScripts().mid(0, g_recentShown);
     if (!recent.isEmpty())
         html += QStringLiteral("<tr><td colspan=\"2\"><br/><b>%1</b></td></tr>").arg(tr("Recent Scripts"));

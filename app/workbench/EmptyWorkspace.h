@@ -7,6 +7,8 @@ class QMdiArea;
 
 namespace workbench {
 
+class Commands;
+
 /// What the document area shows while no document is open: how to begin. Covers the area's viewport and shows and
 /// hides itself.
 class EmptyWorkspace : public QWidget
@@ -14,7 +16,7 @@ class EmptyWorkspace : public QWidget
     Q_OBJECT
 
 public:
-    explicit EmptyWorkspace(QMdiArea* area);
+    EmptyWorkspace(QMdiArea* area, const Commands& commands);
 
 Q_SIGNALS:
     void newScriptRequested();
@@ -31,6 +33,7 @@ private:
     void followLink(const QString& link);
 
     QMdiArea* m_area;
+    const Commands& m_commands;
     QLabel* m_text;
 };
 

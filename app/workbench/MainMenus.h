@@ -2,17 +2,16 @@
 
 #include <QObject>
 
-class QAction;
 class QMenu;
 
 namespace workbench {
 
+class Commands;
 class MainWindow;
 
-/// The main window's menus and the tool bar's buttons. Menus whose contents are known only when they are looked at
-/// (recent scripts, windows) are filled then.
-///
-/// The titles have no mnemonics: scripts ask for menus by the title.
+/// Carries out the main window's commands, but for those of the project, the debugger and plug-ins, and says which are
+/// of use at the moment. Menus whose contents are known only when they are looked at (recent scripts, windows) are
+/// filled then.
 class MainMenus : public QObject
 {
     Q_OBJECT
@@ -22,15 +21,15 @@ public:
     explicit MainMenus(MainWindow& window);
 
 private:
-    void makeFileMenu();
-    void makeEditMenu();
-    void makeViewMenu();
-    void makeToolsMenu();
-    void makeSettingsMenu();
-    void makeWindowMenu();
-    void makeHelpMenu();
+    void handleFileCommands();
+    void handleEditorCommands();
+    void handleViewCommands();
+    void handleWindowCommands();
+    void handleHelpCommands();
+    template <typename Function>
+    void handleWithEditor(const char* id, Function function);
+    void updateContexts();
 
-    QMenu* addMenu(const QString& title);
     void explainWhenEmpty(QMenu* menu, const QString& explanation);
     void fillScripts(QMenu* menu, const QStringList& paths, const QString& none);
     void fillRecentScripts(QMenu* menu);
@@ -39,12 +38,7 @@ private:
     void showAbout();
 
     MainWindow& m_window;
-    QAction* m_new = nullptr;
-    QAction* m_open = nullptr;
-    QAction* m_save = nullptr;
-    QAction* m_run = nullptr;
-    QList<QAction*> m_editorActions; // of the Edit menu, for scripts only
-    QList<QAction*> m_windowActions; // of the Window menu, above its list
+    Commands& m_commands;
 };
 
 } // namespace workbench

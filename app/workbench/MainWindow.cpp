@@ -1,5 +1,6 @@
 #include "app/workbench/MainWindow.h"
 
+#include "app/workbench/Commands.h"
 #include "app/workbench/EmptyWorkspace.h"
 #include "app/workbench/JobsDock.h"
 #include "app/workbench/MainMenus.h"
@@ -49,6 +50,7 @@ MainWindow::MainWindow()
       m_messageDock(new QDockWidget(tr("Messages"))), m_projectDock(new QDockWidget(tr("Project"))),
       m_jobsDock(new JobsDock(*m_jobs, this)), m_toolBar(new QToolBar(tr("Main Tool Bar")))
 {
+    m_commands = new Commands(this);
     m_title = std::make_unique<WindowTitle>(*this);
     setWindowIcon(HVIconStore::icon(QStringLiteral("horizon_24")));
     setObjectName(QStringLiteral("mainWindow"));
@@ -62,7 +64,7 @@ MainWindow::MainWindow()
         new TabTips(*m_workspace, tabs);
     }
     setCentralWidget(m_workspace);
-    auto* empty = new EmptyWorkspace(m_workspace);
+    auto* empty = new EmptyWorkspace(m_workspace, *m_commands);
     connect(empty, &EmptyWorkspace::newScriptRequested, this, &MainWindow::newScript);
     connect(empty, &EmptyWorkspace::openScriptRequested, this, &MainWindow::chooseScript);
     connect(empty, &EmptyWorkspace::recentScriptRequested, this, &MainWindow::openScript);
@@ -86,8 +88,8 @@ MainWindow::MainWindow()
     m_toolBar->setIconSize({20, 20});
     addToolBar(m_toolBar);
 
-    m_runIndicator = new RunIndicator(this, *m_title, m_messages);
-    m_menus = new MainMenus(*this);
+    m_runIndicator = new RunIndicator(this, *m_commands, *m_title, m_messages);
+    new MainMenus(*this);
     m_runIndicator->setStopButton(m_toolBar->widgetForAction(m_runIndicator->stopAction()));
     connect(m_runIndicator, &RunIndicator::stopIgnored, this,
             [this](const QString& script) { offerToEnd(*this, script); });

@@ -20,8 +20,8 @@ class JobManager;
 
 namespace workbench {
 
+class Commands;
 class JobsDock;
-class MainMenus;
 class RunIndicator;
 class ScriptFiles;
 class WindowTitle;
@@ -49,6 +49,7 @@ public:
     QDockWidget* projectDock() const { return m_projectDock; }
     JobsDock* jobsDock() const { return m_jobsDock; }
     QToolBar* toolBar() const { return m_toolBar; }
+    Commands& commands() const { return *m_commands; }
     WindowTitle& title() const { return *m_title; }
     RunIndicator* runIndicator() const { return m_runIndicator; }
     /// Where documents send their actions; the program adds the handlers.
@@ -116,9 +117,9 @@ private:
     QDockWidget* m_projectDock;
     JobsDock* m_jobsDock;
     QToolBar* m_toolBar;
+    Commands* m_commands;
     std::unique_ptr<WindowTitle> m_title;
     RunIndicator* m_runIndicator;
-    MainMenus* m_menus;
     HVActionDispatcher m_dispatcher;
     bool m_closeAfterRun = false;
 };

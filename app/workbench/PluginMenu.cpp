@@ -1,45 +1,21 @@
 #include "app/workbench/PluginMenu.h"
 
+#include "app/workbench/Commands.h"
 #include "app/workbench/MainWindow.h"
-#include "host/services/HVIconStore.h"
 #include "plugins/HVPythonPluginCollection.h"
 
 #include <QFileDialog>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
 
 namespace workbench {
 
-namespace {
-
-QMenu* extensionsMenu(const MainWindow& window)
+PluginMenu::PluginMenu(MainWindow& window, HVPythonPluginCollection& plugins) : m_window(window), m_plugins(plugins)
 {
-    for (QAction* action : window.menuBar()->actions())
-        if (action->menu() && action->text() == MainWindow::tr("Extensions"))
-            return action->menu();
-    return window.menuBar()->addMenu(MainWindow::tr("Extensions"));
-}
-
-} // namespace
-
-PluginMenu::PluginMenu(MainWindow& window, HVPythonPluginCollection& plugins)
-    : m_window(window), m_plugins(plugins), m_list(tr("Plug-ins")), m_load(tr("Load Plug-in..."))
-{
-    m_load.setIcon(HVIconStore::icon(QStringLiteral("pythonplugins24")));
-    m_load.setToolTip(tr("Load a plug-in from any folder"));
-    m_load.setStatusTip(m_load.toolTip());
-    m_list.setToolTipsVisible(true);
-    QMenu* extensions = extensionsMenu(window);
-    QAction* first = extensions->actions().value(0);
-    extensions->insertAction(first, &m_load);
-    extensions->insertMenu(first, &m_list);
-    connect(&m_load, &QAction::triggered, this, &PluginMenu::choosePlugin);
-    connect(&m_list, &QMenu::aboutToShow, this, &PluginMenu::fill);
+    window.commands().handle("plugin.load", this, &PluginMenu::choosePlugin);
+    window.commands().handleMenu("plug-ins", this, &PluginMenu::fill);
     m_plugins.scan();
 }
-
-PluginMenu::~PluginMenu() = default;
 
 void PluginMenu::choosePlugin()
 {
@@ -55,13 +31,13 @@ void PluginMenu::choosePlugin()
         toggle(*plugin);
 }
 
-void PluginMenu::fill()
+void PluginMenu::fill(QMenu* menu)
 {
-    m_list.clear();
+    menu->clear();
     m_plugins.scan();
     for (const auto& [name, plugin] : m_plugins.plugins()) {
         // Ampersands of the name are no mnemonics.
-        QAction* entry = m_list.addAction(QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
+        QAction* entry = menu->addAction(QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
         entry->setCheckable(true);
         entry->setChecked(plugin->isLoaded());
         const QString state = plugin->isLoaded() ? tr("Loaded; choose to unload") : tr("Choose to load");
@@ -74,8 +50,7 @@ void PluginMenu::fill()
         });
     }
     if (m_plugins.plugins().empty())
-        m_list
-            .addAction(
+        menu->addAction(
                 tr("No plug-ins in %1").arg(QDir::toNativeSeparators(HVPythonPluginCollection::defaultDirectory())))
             ->setEnabled(false);
 }

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QMenu>
 #include <QObject>
 
 class HVPythonPlugin;
 class HVPythonPluginCollection;
+class QMenu;
 
 namespace workbench {
 
@@ -17,21 +17,18 @@ class PluginMenu : public QObject
     Q_OBJECT
 
 public:
-    /// Adds the entries; both outlive the object.
+    /// Both outlive the object.
     PluginMenu(MainWindow& window, HVPythonPluginCollection& plugins);
-    ~PluginMenu() override;
 
 private:
     void choosePlugin();
-    void fill();
+    void fill(QMenu* menu);
     /// Loads or unloads and tells the user when that fails.
     void toggle(HVPythonPlugin& plugin);
     void complain(const QString& sentence, const QString& reason);
 
     MainWindow& m_window;
     HVPythonPluginCollection& m_plugins;
-    QMenu m_list;
-    QAction m_load;
 };
 
 } // namespace workbench

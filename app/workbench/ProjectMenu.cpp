@@ -1,5 +1,6 @@
 #include "app/workbench/ProjectMenu.h"
 
+#include "app/workbench/Commands.h"
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/NewProjectDialog.h"
 #include "app/workbench/WindowTitle.h"
@@ -25,23 +26,13 @@ QString projectsFolder()
 
 } // namespace
 
-ProjectMenu::ProjectMenu(MainWindow& window, QMenu& menu) : QObject(&window), m_window(window)
+ProjectMenu::ProjectMenu(MainWindow& window) : QObject(&window), m_window(window)
 {
-    const auto add = [&](const char* icon, const QString& text, const QKeySequence& keys, const QString& tip,
-                         auto slot) {
-        QAction* action = menu.addAction(HVIconStore::icon(QLatin1String(icon)), text, this, slot, keys);
-        const QString shown = keys.toString(QKeySequence::NativeText);
-        action->setToolTip(shown.isEmpty() ? tip : QStringLiteral("%1 (%2)").arg(tip, shown));
-        action->setStatusTip(tip);
-        return action;
-    };
-    add("add_16", tr("New Project..."), tr("Ctrl+Shift+N"), tr("Make a folder for a new project"),
-        &ProjectMenu::createProject);
-    add("folder_24", tr("Open Project..."), tr("Ctrl+Shift+O"), tr("Open a project"), &ProjectMenu::chooseProject);
-    QMenu* recent = menu.addMenu(HVIconStore::icon(QStringLiteral("recent_24")), tr("Recent Projects"));
-    connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentProjects(*recent); });
-    m_close =
-        add("close_16", tr("Close Project"), {}, tr("Close the project"), [this] { m_window.projects()->close(); });
+    Commands& commands = window.commands();
+    commands.handle("project.new", this, &ProjectMenu::createProject);
+    commands.handle("project.open", this, &ProjectMenu::chooseProject);
+    commands.handle("project.close", this, [this] { m_window.projects()->close(); });
+    commands.handleMenu("recent-projects", this, &ProjectMenu::fillRecentProjects);
 
     connect(m_window.projects(), &HVProjectService::projectChanged, this, [this](HVProject* project) {
         if (project)
@@ -78,14 +69,13 @@ void ProjectMenu::chooseProject()
         m_window.openProject(path);
 }
 
-void ProjectMenu::fillRecentProjects(QMenu& menu)
+void ProjectMenu::fillRecentProjects(QMenu* menu)
 {
-    menu.clear();
-    menu.setToolTipsVisible(true);
+    menu->clear();
     int number = 0;
     for (const QString& path : HVProjectService::recentProjects()) {
         QString name = QFileInfo(path).fileName().replace(QLatin1Char('&'), QLatin1String("&&"));
-        QAction* action = menu.addAction(QStringLiteral("&%1  %2").arg(++number % 10).arg(name), this, [this, path] {
+        QAction* action = menu->addAction(QStringLiteral("&%1  %2").arg(++number % 10).arg(name), this, [this, path] {
             if (!m_window.openProject(path) && !QFileInfo::exists(path))
                 HVProjectService::removeRecentProject(path);
         });
@@ -93,18 +83,17 @@ void ProjectMenu::fillRecentProjects(QMenu& menu)
         action->setStatusTip(path);
     }
     if (number == 0) {
-        menu.addAction(tr("No projects were opened yet"))->setEnabled(false);
+        menu->addAction(tr("No projects were opened yet"))->setEnabled(false);
         return;
     }
-    menu.addSeparator();
-    menu.addAction(HVIconStore::icon(QStringLiteral("clear_24")), tr("Clear List"),
-                   &HVProjectService::clearRecentProjects);
+    menu->addSeparator();
+    menu->addAction(HVIconStore::icon(QStringLiteral("clear_24")), tr("Clear List"),
+                    &HVProjectService::clearRecentProjects);
 }
 
 void ProjectMenu::showTitle()
 {
     const HVProject* project = m_window.projects()->project();
-    m_close->setEnabled(project);
     m_window.title().setProject(project ? project->name() : QString());
 }
 

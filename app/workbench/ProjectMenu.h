@@ -2,7 +2,6 @@
 
 #include <QObject>
 
-class QAction;
 class QMenu;
 
 namespace workbench {
@@ -15,17 +14,16 @@ class ProjectMenu : public QObject
     Q_OBJECT
 
 public:
-    /// Adds the commands at the end of `menu`; owned by the window.
-    ProjectMenu(MainWindow& window, QMenu& menu);
+    /// Owned by the window.
+    explicit ProjectMenu(MainWindow& window);
 
 private:
     void createProject();
     void chooseProject();
-    void fillRecentProjects(QMenu& menu);
+    void fillRecentProjects(QMenu* menu);
     void showTitle();
 
     MainWindow& m_window;
-    QAction* m_close;
 };
 
 } // namespace workbench

@@ -1,7 +1,7 @@
 #include "app/workbench/RunIndicator.h"
 
+#include "app/workbench/Commands.h"
 #include "app/workbench/WindowTitle.h"
-#include "host/services/HVIconStore.h"
 #include "host/widgets/HVMessageWindow.h"
 
 #include <QAction>
@@ -22,16 +22,10 @@ constexpr qint64 g_timeToEnd = 2000; // milliseconds
 
 } // namespace
 
-RunIndicator::RunIndicator(QMainWindow* window, WindowTitle& title, HVMessageWindow* messages)
-    : QObject(window), m_window(window), m_title(title), m_messages(messages),
-      m_stop(new QAction(HVIconStore::icon(QStringLiteral("pythonstop24")), tr("Stop Script"), this)),
-      m_label(new QLabel)
+RunIndicator::RunIndicator(QMainWindow* window, Commands& commands, WindowTitle& title, HVMessageWindow* messages)
+    : QObject(window), m_window(window), m_commands(commands), m_title(title), m_messages(messages),
+      m_stop(commands.handle("script.stop", this, &RunIndicator::askToStop)), m_label(new QLabel)
 {
-    m_stop->setShortcut(tr("Shift+F5"));
-    m_stop->setToolTip(tr("Stop the running script (Shift+F5, or Esc twice)"));
-    m_stop->setStatusTip(tr("Interrupts the running script with KeyboardInterrupt"));
-    m_stop->setEnabled(false);
-    connect(m_stop, &QAction::triggered, this, &RunIndicator::askToStop);
     connect(&m_input, &HeldInput::stopKeysPressed, this, &RunIndicator::askToStop);
     m_label->setContentsMargins(6, 0, 6, 0);
     m_label->hide();
@@ -66,7 +60,9 @@ void RunIndicator::setPaused(const QString& place)
     m_shown = true;
     m_window->statusBar()->clearMessage();
     m_title.setState(tr("paused"));
-    m_label->setText(tr("Paused at %1. F5 goes on, F10 steps, Shift+F5 stops.").arg(place));
+    m_label->setText(tr("Paused at %1. %2 goes on, %3 steps, %4 stops.")
+                         .arg(place, m_commands.keyText("debug.continue"), m_commands.keyText("debug.step-over"),
+                              m_commands.keyText("script.stop")));
     m_label->show();
     m_messages->flush();
 }
@@ -81,7 +77,6 @@ void RunIndicator::runStarted(const QString& fileName)
     m_interrupted = -1;
     m_input.forgetEscape();
     m_nextMessages = 0;
-    m_stop->setEnabled(true);
     Q_EMIT runningChanged(true);
 }
 
@@ -125,7 +120,6 @@ void RunIndicator::runFinished()
 {
     m_running = false;
     m_stopped = false;
-    m_stop->setEnabled(false);
     hideState();
     Q_EMIT runningChanged(false);
 }

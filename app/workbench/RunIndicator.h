@@ -13,6 +13,7 @@ class QMainWindow;
 
 namespace workbench {
 
+class Commands;
 class WindowTitle;
 
 /// Shows that a script is running and lets the user stop it. GUI thread only.
@@ -24,9 +25,9 @@ class RunIndicator final : public QObject, public IRunObserver
 
 public:
     /// `window` owns the indicator; the others live as long as the window.
-    RunIndicator(QMainWindow* window, WindowTitle& title, HVMessageWindow* messages);
+    RunIndicator(QMainWindow* window, Commands& commands, WindowTitle& title, HVMessageWindow* messages);
 
-    /// Enabled during a run; asks for the script to be interrupted.
+    /// Asks for the script to be interrupted.
     QAction* stopAction() const { return m_stop; }
     /// The button of stopAction(), which works while the script runs.
     void setStopButton(QWidget* button);
@@ -62,6 +63,7 @@ private:
     void hideState();
 
     QMainWindow* m_window;
+    Commands& m_commands;
     WindowTitle& m_title;
     HVMessageWindow* m_messages;
     QAction* m_stop;

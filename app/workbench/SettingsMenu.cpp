@@ -1,25 +1,17 @@
 #include "app/workbench/SettingsMenu.h"
 
-#include "host/services/HVIconStore.h"
+#include "app/workbench/Commands.h"
 #include "runtime/TextSetting.h"
-
-#include <QCoreApplication>
-#include <QMenu>
 
 namespace workbench {
 
-void fillSettingsMenu(QMenu& menu)
+void handleSettings(Commands& commands)
 {
-    const auto tr = [](const char* text) { return QCoreApplication::translate("workbench::SettingsMenu", text); };
-    QMenu* submenu = menu.addMenu(HVIconStore::icon(QStringLiteral("python_24")), tr("Python"));
-    submenu->setToolTipsVisible(true);
-    QAction* whole = submenu->addAction(tr("Whole Unicode texts"));
+    QAction* whole = commands.handle("settings.whole-texts", &commands, [](bool on) { python::storeTextSetting(on); });
     whole->setCheckable(true);
-    whole->setToolTip(tr("Hand names and other texts over to scripts with all their characters"));
-    whole->setStatusTip(whole->toolTip());
     whole->setChecked(python::areTextsWhole());
-    QObject::connect(submenu, &QMenu::aboutToShow, whole, [whole] { whole->setChecked(python::areTextsWhole()); });
-    QObject::connect(whole, &QAction::triggered, whole, [](bool on) { python::storeTextSetting(on); });
+    QObject::connect(commands.menu("settings-python"), &QMenu::aboutToShow, whole,
+                     [whole] { whole->setChecked(python::areTextsWhole()); });
 }
 
 } // namespace workbench

@@ -1,10 +1,10 @@
 #pragma once
 
-class QMenu;
-
 namespace workbench {
 
-/// Puts the switches into the Settings menu that have no place in a panel. They show what holds when the menu opens.
-void fillSettingsMenu(QMenu& menu);
+class Commands;
+
+/// The switches of the Settings menu, which have no place in a panel. They show what holds when the menu opens.
+void handleSettings(Commands& commands);
 
 } // namespace workbench

@@ -16,7 +16,8 @@ namespace {
 
 QString listed(const HVPythonTextEdit& script)
 {
-    return script.filename().isEmpty() ? tabTitle(script).trimmed() : QDir::toNativeSeparators(script.filename());
+    return script.filename().isEmpty() ? tabTitle(script).section(QStringLiteral(" ["), 0, 0)
+                                       : QDir::toNativeSeparators(script.filename());
 }
 
 } // namespace

@@ -55,19 +55,6 @@ protected:
     std::function<void()> whilePaused;
 };
 
-TEST_F(DebuggerDockTest, NoTwoCommandsThatAreEnabledShareKeys)
-{
-    QStringList keys, twice;
-    for (const QAction* action : window.findChildren<QAction*>())
-        for (const QKeySequence& key : action->isEnabled() ? action->shortcuts() : QList<QKeySequence>()) {
-            if (keys.contains(key.toString()))
-                twice << key.toString();
-            keys << key.toString();
-        }
-    EXPECT_GT(keys.size(), 20);
-    EXPECT_EQ(twice.join(' ').toStdString(), "");
-}
-
 TEST_F(DebuggerDockTest, PauseOpensTheFileAndIsSeenEverywhere)
 {
     EXPECT_TRUE(window.editors().isEmpty());

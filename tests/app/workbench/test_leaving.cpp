@@ -146,13 +146,14 @@ TEST_F(Leaving, savesAllOrDiscardsAll)
 TEST_F(Leaving, aScriptThatGetsNoNameStays)
 {
     HVPythonTextEdit* unnamed = window.newScript();
+    const QString name = tabTitle(*unnamed);
     unnamed->insertPlainText(QStringLiteral("x"));
     window.showEditor(*clean);
     reply = QDialogButtonBox::Save;
     EXPECT_FALSE(window.close());
     ASSERT_EQ(questions.size(), 2) << asked();
-    EXPECT_TRUE(questions[0].endsWith(tabTitle(*unnamed).trimmed())) << asked();
-    EXPECT_EQ(questions[1], QStringLiteral("Save Script of ") + tabTitle(*unnamed).trimmed());
+    EXPECT_TRUE(questions[0].endsWith(name)) << asked();
+    EXPECT_EQ(questions[1], QStringLiteral("Save Script of ") + name + QStringLiteral(" [EDITED]"));
     EXPECT_TRUE(unnamed->document()->isModified());
     EXPECT_EQ(window.editors().size(), 4);
 }

@@ -1,5 +1,6 @@
 // The workbench as the program puts it together: keys, menus, title and what is said about runs.
 #include "app/workbench/AppWrapper.h"
+#include "app/workbench/Commands.h"
 #include "app/workbench/DebuggerDock.h"
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/PluginMenu.h"
@@ -64,26 +65,6 @@ protected:
         });
     }
 
-    /// Every command of a menu and its sub-menus, filled as if the user looked.
-    static void collectCommands(QMenu* menu, QList<QAction*>& commands)
-    {
-        Q_EMIT menu->aboutToShow();
-        for (QAction* action : menu->actions()) {
-            if (action->menu())
-                collectCommands(action->menu(), commands);
-            else if (!action->isSeparator())
-                commands.append(action);
-        }
-        Q_EMIT menu->aboutToHide();
-    }
-    QList<QAction*> commands() const
-    {
-        QList<QAction*> all;
-        for (QAction* top : window.menuBar()->actions())
-            collectCommands(top->menu(), all);
-        return all;
-    }
-
     /// Keys that two enabled commands of the window claim.
     std::string contestedKeys() const
     {
@@ -134,79 +115,78 @@ TEST_F(WholeWorkbench, everyKeyReachesItsCommandWhereverTheFocusIs)
     window.projectDock()->show();
     // What the commands do is tested elsewhere; here it is counted.
     QMap<QAction*, int> counts;
-    QMap<QAction*, QList<QKeySequence>> keys;
-    for (QAction* action : commands()) {
-        if (!action->isEnabled() || action->shortcut().isEmpty())
+    std::vector<std::pair<QAction*, const Command*>> pressed;
+    for (const Command& command : commandTable()) {
+        QAction* action = window.commands().action(command.id);
+        if (!action->isEnabled() || command.keysOfDocument)
             continue;
-        keys[action] = action->shortcuts();
+        pressed.emplace_back(action, &command);
         action->setCheckable(false);
         QObject::disconnect(action, &QAction::triggered, nullptr, nullptr);
         QObject::connect(action, &QAction::triggered, action, [&counts, action] { ++counts[action]; });
     }
-    EXPECT_GT(keys.size(), 25);
+    EXPECT_GT(pressed.size(), 25U);
     const auto press = [&](const QKeySequence& sequence) {
         QTest::keyClick(window.windowHandle(), static_cast<Qt::Key>(sequence[0] & ~Qt::KeyboardModifierMask),
                         Qt::KeyboardModifiers(sequence[0] & static_cast<int>(Qt::KeyboardModifierMask)));
         QCoreApplication::processEvents();
     };
-    // Fields of text have the keys of editing for themselves, and the editor those of its commands.
-    const QStringList editing{"Undo", "Redo", "Cut", "Copy", "Paste", "Select All"};
+    // Fields of text have the keys of editing for themselves.
     auto* filter = window.projectBrowser()->findChild<QLineEdit*>();
     window.setFocusPolicy(Qt::StrongFocus);
     for (QWidget* focus : std::initializer_list<QWidget*>{script, filter, &window}) {
-        for (auto it = keys.cbegin(); it != keys.cend(); ++it) {
-            QAction* action = it.key();
-            if (action->shortcutContext() == Qt::WidgetShortcut ||
-                (focus != &window && editing.contains(action->text())))
+        for (const auto& [action, command] : pressed) {
+            if (focus != &window && std::string_view(command->id).starts_with("edit."))
                 continue;
-            for (const QKeySequence& sequence : it.value()) {
+            for (const QKeySequence& sequence : command->keys.sequences()) {
                 focus->setFocus();
                 counts.clear();
                 press(sequence);
-                EXPECT_EQ(counts.value(action), 1)
-                    << action->text().toStdString() << ' ' << sequence.toString().toStdString() << " in "
-                    << focus->metaObject()->className();
+                EXPECT_EQ(counts.value(action), 1) << command->id << ' ' << sequence.toString().toStdString() << " in "
+                                                   << focus->metaObject()->className();
                 EXPECT_LE(counts.size(), 1) << sequence.toString().toStdString();
             }
         }
     }
 }
 
-TEST_F(WholeWorkbench, everyMenuCommandCanBeReached)
+TEST_F(WholeWorkbench, everyCommandIsInItsMenuAndOfUseWhenTheTableSaysSo)
 {
-    QSet<QAction*> unreached;
-    const auto look = [&] {
-        for (QAction* action : commands())
-            if (action->isEnabled())
-                unreached.remove(action);
+    const auto expectEnabled = [&](Contexts now, const char* state) {
+        for (const Command& command : commandTable()) {
+            const QAction* action = window.commands().action(command.id);
+            ASSERT_TRUE(action) << command.id;
+            const QList<QWidget*> places = action->associatedWidgets();
+            EXPECT_TRUE(action->isVisible() && std::any_of(places.begin(), places.end(),
+                                                           [](QWidget* place) { return qobject_cast<QMenu*>(place); }))
+                << command.id;
+            EXPECT_EQ(action->isEnabled(), !(command.needs & ~now)) << command.id << ", " << state;
+        }
     };
-    const QList<QAction*> all = commands();
-    unreached = {all.begin(), all.end()};
-    look();
+    RunIndicator& run = *window.runIndicator();
+    expectEnabled(Context::Idle, "nothing open");
     openProject();
+    expectEnabled(Contexts(Context::Idle) | Context::Project, "a project open");
     window.newScript();
-    look();
-    window.runIndicator()->runStarted(QStringLiteral("script.py"));
-    window.runIndicator()->setPaused(QStringLiteral("line 1"));
+    const Contexts open = Contexts(Context::Project) | Context::Document | Context::Script;
+    expectEnabled(open | Context::Idle, "a script open");
+    run.runStarted(QStringLiteral("script.py"));
+    expectEnabled(open | Context::Running, "running");
+    run.setPaused(QStringLiteral("line 1"));
     dock->debugger()->setIsWaiting(true);
-    look();
+    expectEnabled(open | Context::Running | Context::Paused, "paused");
     dock->debugger()->setIsWaiting(false);
-    window.runIndicator()->setPaused(QString());
-    window.runIndicator()->runFinished();
-    const QList<QAction*> now = commands(); // lists that were filled anew have other entries
-    QStringList left;
-    for (QAction* action : now)
-        if (unreached.contains(action) && !action->text().startsWith(QStringLiteral("No plug-ins in ")))
-            left << action->text();
-    EXPECT_EQ(left.join(QStringLiteral(", ")).toStdString(),
-              "No scripts were opened yet, The project has no scripts yet, No interpretation modules are installed, "
-              "Loaded plug-ins put their commands here")
-        << "what is no sentence is a command";
+    run.setPaused(QString());
+    run.runFinished();
+    expectEnabled(open | Context::Idle, "run over");
+    window.destroyDocuments();
+    window.projects()->close();
+    expectEnabled(Context::Idle, "all closed");
 }
 
 TEST_F(WholeWorkbench, keysOfTheWindowMenuWorkThoughItWasOpenedWhileNothingWas)
 {
-    commands();
+    Q_EMIT window.commands().menu("window")->aboutToShow();
     window.newScript();
     HVPythonTextEdit* second = window.newScript();
     QTest::keyClick(window.windowHandle(), Qt::Key_W, Qt::ControlModifier);
