@@ -1,4 +1,5 @@
-"""A project with ten thousand objects of one kind: opening it, listing and filing them."""
+"""A project with ten thousand objects of one kind: opening it, listing and filing them; with a hundred thousand: the
+first listing, a renaming in the browser, undo and redo."""
 import os
 import re
 import subprocess
@@ -10,6 +11,8 @@ import harness
 
 COUNT = 10_000
 LIMITS_MS = {"open": 500.0, "list": 50.0, "file": 50.0, "list a directory": 50.0}
+MANY_LIMITS_MS = {"list 100000 objects first": 100.0, "rename one of them in the browser": 20.0,
+                  "undo 10000 changes": 1000.0, "redo 10000 changes": 1000.0}
 PROGRAM = Path(sys.executable).parent.parent / "strativo"
 CODE = """
 import time, strativo_python
@@ -52,6 +55,12 @@ with tempfile.TemporaryDirectory() as folder:
               for who, words in (("with", ("--project", folder)), ("without", ()))}
     times = {"open": max(0.0, starts["with"] - starts["without"])}
     times.update((name, float(value)) for name, value in re.findall(r"(.+) ([\d.]+)\n", run("--project", folder, "-c", CODE)))
+with tempfile.TemporaryDirectory() as folder:
+    program = PROGRAM.parent / "objects_cost"
+    many = subprocess.run([program, folder], check=True, capture_output=True, text=True,
+                          env=dict(os.environ, QT_QPA_PLATFORM="offscreen")).stdout
+times.update((name, float(value)) for name, value in re.findall(r"(.+) ([\d.]+)\n", many))
+LIMITS_MS.update(MANY_LIMITS_MS)
 lines = ["| %d objects of one kind | ms | limit |" % COUNT, "|---|---|---|"]
 lines += ["| %s | %.1f | %.0f |" % (name, times[name], limit) for name, limit in LIMITS_MS.items()]
 harness.report("Projects", lines)

@@ -1,5 +1,6 @@
 #include "plugins/HVPythonPlugin.h"
 
+#include "host/changes/ChangeLog.h"
 #include "host/services/HVEventBus.h"
 #include "host/services/IAppWrapper.h"
 #include "host/widgets/HVPluginContributions.h"
@@ -137,6 +138,7 @@ bool HVPythonPlugin::load()
         return false;
     }
     const Clock::time_point start = Clock::now();
+    const hv::ChangeScope step(python::projectChanges(), m_data.directory.dirName());
     const QString startupPath = m_data.directory.path() + QDir::separator() + m_data.init;
     const QFileInfo file(startupPath);
     if (!file.exists()) {
@@ -225,6 +227,7 @@ bool HVPythonPlugin::unload()
         m_data.loaded = false;
         return true;
     }
+    const hv::ChangeScope step(python::projectChanges(), m_data.directory.dirName());
     postAddress(QStringLiteral("Unload Python module %1"), pythonModule());
     if (!callUnregister())
         return false;

@@ -1,5 +1,7 @@
 #include "runtime/ApplicationInterface.h"
 
+#include "host/services/IAppWrapper.h"
+
 namespace python {
 
 namespace {
@@ -14,6 +16,11 @@ IAppWrapper* applicationInterface()
 void setApplicationInterface(IAppWrapper* app)
 {
     g_application = app;
+}
+
+hv::ChangeLog* projectChanges()
+{
+    return g_application ? g_application->projectChanges() : nullptr;
 }
 
 } // namespace python

@@ -1,5 +1,6 @@
 #include "runtime/HVPythonExecutionContext.h"
 
+#include "host/changes/ChangeLog.h"
 #include "host/services/HVEventBus.h"
 #include "host/services/IAppWrapper.h"
 #include "runtime/ApplicationInterface.h"
@@ -92,6 +93,7 @@ bool HVPythonExecutionContext::executePythonCode(const QString& code, python::Co
         return false;
     }
 
+    const hv::ChangeScope step(python::projectChanges(), QFileInfo(fileName).fileName());
     const GilLock lock;
     python::restoreLostStreams();
     PyObject* program = python::compileScript(text, fileName);

@@ -1,7 +1,10 @@
 #include "runtime/QtCall.h"
 
+#include "host/changes/ChangeLog.h"
 #include "host/services/IAppWrapper.h"
 #include "runtime/ApplicationInterface.h"
+
+#include <optional>
 
 namespace python {
 
@@ -13,16 +16,24 @@ IRunObserver* runObserver()
     return app ? app->runObserver() : nullptr;
 }
 
+/// What the outermost call changes in the project is one step for Undo.
+std::optional<hv::ChangeScope> g_step; // NOLINT: of the GUI thread, like the next
+int g_calls = 0;                       // NOLINT
+
 } // namespace
 
 QtCall::QtCall(const char* name) : m_monitor(runObserver(), name)
 {
     PyErr_Fetch(&m_pending[0], &m_pending[1], &m_pending[2]);
     ++s_depth;
+    if (g_calls++ == 0)
+        g_step.emplace(projectChanges(), name);
 }
 
 QtCall::~QtCall()
 {
+    if (--g_calls == 0)
+        g_step.reset();
     leave();
     PyErr_Restore(m_pending[0], m_pending[1], m_pending[2]);
 }

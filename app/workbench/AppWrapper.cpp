@@ -38,6 +38,12 @@ HVProject* AppWrapper::currentProject() const
     return m_window.projects()->project();
 }
 
+hv::ChangeLog* AppWrapper::projectChanges() const
+{
+    HVProject* project = currentProject();
+    return project ? &project->changes() : nullptr;
+}
+
 void AppWrapper::refreshProject(std::optional<int> objectKind)
 {
     HVProject* project = currentProject();

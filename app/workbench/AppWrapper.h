@@ -22,6 +22,7 @@ public:
     bool isTerminalProgram() const override { return false; }
     QMdiSubWindow* addSubWindow(QWidget* widget) override;
     HVProject* currentProject() const override;
+    hv::ChangeLog* projectChanges() const override;
     void refreshProject(std::optional<int> objectKind) override;
     /// Colour bars are objects of the project; previews follow their files by themselves.
     void refreshPalettes() override;

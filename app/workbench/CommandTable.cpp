@@ -61,6 +61,7 @@ const std::vector<Command>& commandTable()
         // View
         {"view.messages", TEXT("Messages"), "messages_24", "Alt+1", TEXT("Show or hide the messages"), g_always},
         {"view.project", TEXT("Project"), "folder_24", "Alt+2", TEXT("Show or hide the project browser"), g_always},
+        {"view.changes", TEXT("Changes"), "recent_24", {}, TEXT("Show or hide what was done to the project"), g_always},
         {"view.debugger", TEXT("Debugger"), "pythondebug24", "Alt+3", TEXT("Show or hide the debugger"), g_always},
         {"view.jobs", TEXT("Jobs"), "list_24", "Alt+4", TEXT("Show or hide the jobs"), g_always},
         {"view.tool-bar", TEXT("Main Tool Bar"), "", {}, TEXT("Show or hide the main tool bar"), g_always},
@@ -133,7 +134,8 @@ const std::vector<MenuTable>& menuBarTable()
         {"edit", TEXT("Edit"), "",
          "edit.undo edit.redo - edit.cut edit.copy edit.paste - edit.select-all - script.find script.find-next "
          "script.find-previous script.replace script.go-to-line script.toggle-comment"},
-        {"view", TEXT("View"), "", "view.messages view.project view.debugger view.jobs view.tool-bar - >theme"},
+        {"view", TEXT("View"), "",
+         "view.messages view.project view.changes view.debugger view.jobs view.tool-bar - >theme"},
         {"modules", TEXT("Modules"), "", ""},
         {"tools", TEXT("Tools"), "",
          "script.run script.stop - debug.run debug.toggle-breakpoint debug.continue debug.step-over debug.step-into "

@@ -12,6 +12,7 @@
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
 #include "host/services/HVIconStore.h"
+#include "host/widgets/HVUndoStack.h"
 #include "runtime/HVPythonDocumentation.h"
 
 #include <QActionGroup>
@@ -30,12 +31,20 @@ namespace {
 
 constexpr int g_mostNumbered = 10; // scripts that a key opens while their menu is shown
 
-/// Editing commands go to whatever has the focus, as far as it knows them.
-void editFocus(const char* slot)
+/// Editing commands go to whatever has the focus, as far as it knows them; false when it does not.
+bool editFocus(const char* slot)
 {
     QWidget* focus = QApplication::focusWidget();
-    if (focus && focus->metaObject()->indexOfMethod(QByteArray(slot).append("()").constData()) >= 0)
-        QMetaObject::invokeMethod(focus, slot);
+    if (!focus || focus->metaObject()->indexOfMethod(QByteArray(slot).append("()").constData()) < 0)
+        return false;
+    return QMetaObject::invokeMethod(focus, slot);
+}
+
+/// A text that nobody can edit has nothing to undo, whatever it says.
+bool isReadOnlyTextInFocus()
+{
+    const QWidget* focus = QApplication::focusWidget();
+    return focus && focus->property("readOnly").toBool();
 }
 
 } // namespace
@@ -94,13 +103,17 @@ void MainMenus::handleWithEditor(const char* id, Function function)
 
 void MainMenus::handleEditorCommands()
 {
-    for (const auto& [id, slot] :
-         std::initializer_list<std::pair<const char*, const char*>>{{"edit.undo", "undo"},
-                                                                    {"edit.redo", "redo"},
-                                                                    {"edit.cut", "cut"},
-                                                                    {"edit.copy", "copy"},
-                                                                    {"edit.paste", "paste"},
-                                                                    {"edit.select-all", "selectAll"}})
+    // A text in focus has changes of its own, which come before the project's.
+    const auto undo = [this](const char* id, const char* slot, void (HVUndoStack::*ofProject)()) {
+        m_commands.handle(id, this, [this, slot, ofProject] {
+            if (isReadOnlyTextInFocus() || !editFocus(slot))
+                (m_window.projectUndo()->*ofProject)();
+        });
+    };
+    undo("edit.undo", "undo", &HVUndoStack::undo);
+    undo("edit.redo", "redo", &HVUndoStack::redo);
+    for (const auto& [id, slot] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"edit.cut", "cut"}, {"edit.copy", "copy"}, {"edit.paste", "paste"}, {"edit.select-all", "selectAll"}})
         m_commands.handle(id, this, [name = slot] { editFocus(name); });
 
     handleWithEditor("script.find", &HVPythonTextEdit::showSearchBar);
@@ -116,6 +129,7 @@ void MainMenus::handleViewCommands()
 {
     m_commands.adopt("view.messages", m_window.messageDock()->toggleViewAction());
     m_commands.adopt("view.project", m_window.projectDock()->toggleViewAction());
+    m_commands.adopt("view.changes", m_window.changesDock()->toggleViewAction());
     m_commands.adopt("view.jobs", m_window.jobsDock()->toggleViewAction());
     m_commands.adopt("view.tool-bar", m_window.toolBar()->toggleViewAction());
     auto* group = new QActionGroup(this);

@@ -19,6 +19,8 @@
 #include "host/widgets/HVMessageWindow.h"
 #include "host/widgets/HVPluginContributions.h"
 #include "host/widgets/HVProjectBrowser.h"
+#include "host/widgets/HVUndoList.h"
+#include "host/widgets/HVUndoStack.h"
 
 #include <QDockWidget>
 #include <QFileDialog>
@@ -48,6 +50,7 @@ MainWindow::MainWindow()
     : m_projects(new HVProjectService(this)), m_jobs(std::make_unique<hv::JobManager>()),
       m_scripts(std::make_unique<ScriptFiles>(*m_projects)), m_workspace(new QMdiArea), m_messages(new HVMessageWindow),
       m_messageDock(new QDockWidget(tr("Messages"))), m_projectDock(new QDockWidget(tr("Project"))),
+      m_undo(new HVUndoStack(this)), m_changesDock(new QDockWidget(tr("Changes"))),
       m_jobsDock(new JobsDock(*m_jobs, this)), m_toolBar(new QToolBar(tr("Main Tool Bar")))
 {
     m_commands = new Commands(this);
@@ -75,6 +78,10 @@ MainWindow::MainWindow()
 
     m_projectDock->setObjectName(QStringLiteral("projectDock"));
     addDockWidget(Qt::LeftDockWidgetArea, m_projectDock);
+
+    m_changesDock->setObjectName(QStringLiteral("changesDock"));
+    addDockWidget(Qt::LeftDockWidgetArea, m_changesDock);
+    m_changesDock->hide();
 
     addDockWidget(Qt::BottomDockWidgetArea, m_jobsDock);
     tabifyDockWidget(m_messageDock, m_jobsDock);
@@ -122,6 +129,13 @@ void MainWindow::fillProjectDock()
         if (kind == ObjectKind::PythonScript)
             openScript(path);
     });
+}
+
+void MainWindow::fillChangesDock()
+{
+    m_changesDock->setWidget(new HVUndoList(*m_undo));
+    m_undo->setProject(m_projects->project());
+    connect(m_projects, &HVProjectService::projectChanged, m_undo, &HVUndoStack::setProject);
 }
 
 bool MainWindow::openProject(const QString& path)
@@ -265,8 +279,10 @@ bool MainWindow::saveUnder(HVPythonTextEdit& editor, const QString& path)
 
 void MainWindow::restoreLayout()
 {
-    if (!m_browser)
+    if (!m_browser) {
         fillProjectDock();
+        fillChangesDock();
+    }
     const QSettings settings;
     if (!restoreGeometry(settings.value(g_geometryKey).toByteArray())) {
         const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();

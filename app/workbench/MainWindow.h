@@ -10,6 +10,7 @@ class HVMessageWindow;
 class HVProjectBrowser;
 class HVProjectService;
 class HVPythonTextEdit;
+class HVUndoStack;
 class QMdiArea;
 class QMdiSubWindow;
 class QToolBar;
@@ -47,6 +48,9 @@ public:
     QDockWidget* messageDock() const { return m_messageDock; }
     HVProjectBrowser* projectBrowser() const { return m_browser; }
     QDockWidget* projectDock() const { return m_projectDock; }
+    /// Undo of what is done to the project, and its list. Kept for people: from restoreLayout() on.
+    HVUndoStack* projectUndo() const { return m_undo; }
+    QDockWidget* changesDock() const { return m_changesDock; }
     JobsDock* jobsDock() const { return m_jobsDock; }
     QToolBar* toolBar() const { return m_toolBar; }
     Commands& commands() const { return *m_commands; }
@@ -98,6 +102,7 @@ protected:
 
 private:
     void fillProjectDock();
+    void fillChangesDock();
     bool saveScripts(const QList<HVPythonTextEdit*>& scripts);
     bool settleUnsavedScripts();
     bool closeSettledDocuments();
@@ -115,6 +120,8 @@ private:
     QDockWidget* m_messageDock;
     HVProjectBrowser* m_browser = nullptr; // comes with restoreLayout()
     QDockWidget* m_projectDock;
+    HVUndoStack* m_undo;
+    QDockWidget* m_changesDock;
     JobsDock* m_jobsDock;
     QToolBar* m_toolBar;
     Commands* m_commands;

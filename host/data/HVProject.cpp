@@ -9,7 +9,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -49,7 +48,7 @@ QString shown(const QString& path)
 } // namespace
 
 HVProject::HVProject(QString path, QJsonObject settings)
-    : m_path(std::move(path)), m_settings(std::move(settings)), m_store(m_path)
+    : m_path(std::move(path)), m_settings(std::move(settings)), m_store(m_path, m_changes)
 {}
 
 HVProject::~HVProject() = default;
@@ -100,6 +99,7 @@ std::unique_ptr<HVProject> HVProject::open(const QString& path, QString* error)
         return nullptr;
     }
     removeRemains(folder);
+    hv::Trash(folder).tidy();
     return std::unique_ptr<HVProject>(new HVProject(folder, settings));
 }
 
@@ -108,7 +108,42 @@ QString HVProject::file() const
     return m_path + QLatin1Char('/') + projectFileName();
 }
 
-bool HVProject::change(const QString& key, const QJsonValue& value, QString* error)
+/// A setting got another value.
+class HVProject::SettingChange final : public hv::Change
+{
+public:
+    SettingChange(HVProject& project, QString key, QJsonValue before, QJsonValue after)
+        : m_project(project), m_key(std::move(key)), m_before(std::move(before)), m_after(std::move(after))
+    {}
+    hv::Result<void> undo() override { return set(m_before); }
+    hv::Result<void> redo() override { return set(m_after); }
+
+private:
+    hv::Result<void> set(const QJsonValue& value)
+    {
+        QString error;
+        if (m_project.writeSetting(m_key, value, &error))
+            return {};
+        return hv::Failure(error);
+    }
+
+    HVProject& m_project;
+    QString m_key;
+    QJsonValue m_before;
+    QJsonValue m_after;
+};
+
+bool HVProject::change(const QString& key, const QJsonValue& value, const QString& text, QString* error)
+{
+    const QJsonValue before = m_settings.value(key);
+    if (!writeSetting(key, value, error))
+        return false;
+    if (before != value)
+        m_changes.record(std::make_unique<SettingChange>(*this, key, before, value), text);
+    return true;
+}
+
+bool HVProject::writeSetting(const QString& key, const QJsonValue& value, QString* error)
 {
     // What somebody else has changed since then, in a text editor or by an update from version control, is kept.
     QJsonObject settings = m_settings;
@@ -122,7 +157,9 @@ bool HVProject::change(const QString& key, const QJsonValue& value, QString* err
         return false;
     m_settings = settings;
     m_crs.reset();
-    if (key != g_crsKey)
+    if (key == g_crsKey)
+        Q_EMIT crsChanged();
+    else
         Q_EMIT settingsChanged();
     return true;
 }
@@ -135,7 +172,7 @@ QString HVProject::name() const
 
 bool HVProject::setName(const QString& name, QString* error)
 {
-    return change(g_nameKey, name, error);
+    return change(g_nameKey, name, tr("Project Name"), error);
 }
 
 georef::Crs HVProject::crs() const
@@ -154,11 +191,8 @@ georef::Crs HVProject::crs() const
 
 bool HVProject::setCrs(const georef::Crs& crs, QString* error)
 {
-    if (!change(g_crsKey, crs.isNull() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(crs.toWkt()), error))
-        return false;
-    m_crs = crs;
-    Q_EMIT crsChanged();
-    return true;
+    return change(g_crsKey, crs.isNull() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(crs.toWkt()),
+                  tr("Reference System"), error);
 }
 
 georef::Unit HVProject::horizontalUnit() const
@@ -168,7 +202,7 @@ georef::Unit HVProject::horizontalUnit() const
 
 bool HVProject::setHorizontalUnit(georef::Unit unit, QString* error)
 {
-    return change(g_horizontalUnitKey, hv::unitName(unit), error);
+    return change(g_horizontalUnitKey, hv::unitName(unit), tr("Horizontal Unit"), error);
 }
 
 georef::Unit HVProject::verticalUnit() const
@@ -179,7 +213,7 @@ georef::Unit HVProject::verticalUnit() const
 
 bool HVProject::setVerticalUnit(georef::Unit unit, QString* error)
 {
-    return change(g_verticalUnitKey, hv::unitName(unit), error);
+    return change(g_verticalUnitKey, hv::unitName(unit), tr("Vertical Unit"), error);
 }
 
 georef::Domain HVProject::domain() const
@@ -189,7 +223,7 @@ georef::Domain HVProject::domain() const
 
 bool HVProject::setDomain(georef::Domain domain, QString* error)
 {
-    return change(g_domainKey, hv::domainName(domain), error);
+    return change(g_domainKey, hv::domainName(domain), tr("Domain"), error);
 }
 
 QStringList HVProject::objectNames(ObjectKind kind)
@@ -265,6 +299,7 @@ bool HVProject::renameObject(ObjectKind kind, const QString& name, const QString
 {
     if (name == newName)
         return true;
+    const hv::ChangeScope step(&m_changes, tr("Rename %1").arg(hv::shown({kind, name})));
     if (const auto renamed = m_store.rename({kind, name}, newName); !renamed)
         return hv::fail(error, renamed.failure().sentence);
     if (directories(kind).renameObject(name, newName, error))
@@ -275,16 +310,11 @@ bool HVProject::renameObject(ObjectKind kind, const QString& name, const QString
 
 bool HVProject::removeObject(ObjectKind kind, const QString& name, Removal removal, QString* error)
 {
-    const QString path = filename(kind, name);
-    QFile object(path);
-    // Without a data folder Qt would take the current folder for the trash.
-    const QString trash = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    if (removal == Removal::ToTrash && !QDir().mkpath(trash))
-        return hv::fail(error, tr("There is no trash: unable to create the folder '%1'.").arg(shown(trash)));
-    if (!(removal == Removal::ToTrash ? object.moveToTrash() : object.remove()))
-        return hv::fail(error, (removal == Removal::ToTrash ? tr("Unable to move '%1' to the trash: %2.")
-                                                            : tr("Unable to delete '%1': %2."))
-                                   .arg(shown(path), object.errorString()));
+    const hv::ObjectKey key{kind, name};
+    const hv::ChangeScope step(&m_changes, tr("Delete %1").arg(hv::shown(key)));
+    const auto removed = removal == Removal::ToTrash ? m_store.remove(key) : m_store.removeForGood(key);
+    if (!removed)
+        return hv::fail(error, removed.failure().sentence);
     // Its place in a virtual directory stays, so that it is back where it was when it comes back from the trash.
     if (removal == Removal::Permanent)
         directories(kind).unfileObjects({name});
@@ -297,7 +327,7 @@ HVVirtualDirectories& HVProject::directories(ObjectKind kind)
     if (!held) {
         const QString path = QStringLiteral("%1/%2/%3.json")
                                  .arg(m_path, g_directoriesFolder, QLatin1String(objectKindInfo(kind).folder));
-        held = std::make_unique<HVVirtualDirectories>(path);
+        held = std::make_unique<HVVirtualDirectories>(path, &m_changes);
         connect(held.get(), &HVVirtualDirectories::changed, this, [this, kind] {
             m_store.resetSoon(kind);
             Q_EMIT directoriesChanged(kind);

@@ -64,6 +64,8 @@ public:
 
     /// Absolute path of the kind's folder, which need not exist.
     QString folder(ObjectKind kind) const { return m_store.folder(kind); }
+    /// What was done to the project, and how it is taken back.
+    hv::ChangeLog& changes() { return m_changes; }
     /// Who the objects are, what they hold and who hears of their changes.
     hv::ObjectStore& store() { return m_store; }
     /// Names without duplicates, in natural order.
@@ -89,8 +91,8 @@ public:
     bool renameObject(ObjectKind kind, const QString& name, const QString& newName, QString* error = nullptr);
     enum class Removal
     {
-        ToTrash,
-        Permanent,
+        ToTrash,   ///< the project's own, from which undo brings it back to where it was
+        Permanent, ///< out of its virtual directory too
     };
     bool removeObject(ObjectKind kind, const QString& name, Removal removal, QString* error = nullptr);
 
@@ -112,10 +114,13 @@ private:
     HVProject(QString path, QJsonObject settings);
 
     QString file() const;
-    bool change(const QString& key, const QJsonValue& value, QString* error);
+    class SettingChange;
+    bool change(const QString& key, const QJsonValue& value, const QString& text, QString* error);
+    bool writeSetting(const QString& key, const QJsonValue& value, QString* error);
     QString m_path;
     QJsonObject m_settings;
     mutable std::optional<georef::Crs> m_crs; // made when first asked for: PROJ takes a moment to load
     std::map<ObjectKind, std::unique_ptr<HVVirtualDirectories>> m_directories;
+    hv::ChangeLog m_changes;
     hv::ObjectStore m_store;
 };

@@ -1,5 +1,6 @@
 #include "host/data/HVVirtualDirectories.h"
 
+#include "host/changes/ChangeLog.h"
 #include "host/formats/JsonFile.h"
 #include "host/services/HVEventBus.h"
 
@@ -34,8 +35,9 @@ qint64 mostBytes(const QString& name)
 
 } // namespace
 
-HVVirtualDirectories::HVVirtualDirectories(const QString& path, QObject* parent)
-    : QObject(parent), m_file(path, [this] { return QJsonDocument(toJson()).toJson(QJsonDocument::Indented); })
+HVVirtualDirectories::HVVirtualDirectories(const QString& path, hv::ChangeLog* log, QObject* parent)
+    : QObject(parent), m_log(log),
+      m_file(path, [this] { return QJsonDocument(toJson()).toJson(QJsonDocument::Indented); })
 {}
 
 bool HVVirtualDirectories::load(QString* error)
@@ -105,8 +107,91 @@ QJsonObject HVVirtualDirectories::toJson() const
     return object;
 }
 
-bool HVVirtualDirectories::replace(State next, qint64 growth, QString* error)
+/// Directories came, went or got another name; both states share what they have in common.
+class HVVirtualDirectories::StateChange final : public hv::Change
 {
+public:
+    StateChange(HVVirtualDirectories& directories, State before)
+        : m_directories(directories), m_before(std::move(before)), m_after(directories.m_state)
+    {}
+    hv::Result<void> undo() override { return exchange(m_after, m_before); }
+    hv::Result<void> redo() override { return exchange(m_before, m_after); }
+
+private:
+    hv::Result<void> exchange(const State& now, const State& next)
+    {
+        QString error = tr("Somebody else has changed the folders.");
+        if (m_directories.load(&error) && m_directories.m_state == now && m_directories.replace(next, &error))
+            return {};
+        return hv::Failure(error);
+    }
+
+    HVVirtualDirectories& m_directories;
+    State m_before;
+    State m_after;
+};
+
+/// Objects got other places.
+class HVVirtualDirectories::PlacesChange final : public hv::Change
+{
+public:
+    PlacesChange(HVVirtualDirectories& directories, Places before, Places after)
+        : m_directories(directories), m_before(std::move(before)), m_after(std::move(after))
+    {}
+    hv::Result<void> undo() override { return set(m_before); }
+    hv::Result<void> redo() override { return set(m_after); }
+
+private:
+    hv::Result<void> set(const Places& places)
+    {
+        QString error;
+        if (m_directories.load(&error) && m_directories.place(places, &error))
+            return {};
+        return hv::Failure(error);
+    }
+
+    HVVirtualDirectories& m_directories;
+    Places m_before;
+    Places m_after;
+};
+
+bool HVVirtualDirectories::change(State next, const QString& text, QString* error)
+{
+    State before = m_state;
+    if (!replace(std::move(next), error))
+        return false;
+    if (m_log)
+        m_log->record(std::make_unique<StateChange>(*this, std::move(before)), text);
+    return true;
+}
+
+bool HVVirtualDirectories::change(const Places& places, const QString& text, QString* error)
+{
+    Places before;
+    for (auto it = places.begin(); it != places.end(); ++it)
+        before.insert(it.key(), m_state.directoryOf.value(it.key()));
+    if (before == places)
+        return true;
+    if (!place(places, error))
+        return false;
+    if (m_log)
+        m_log->record(std::make_unique<PlacesChange>(*this, std::move(before), places), text);
+    return true;
+}
+
+qint64 HVVirtualDirectories::mostBytes(const State& state)
+{
+    qint64 bytes = 0;
+    for (const Directory& directory : state.directories)
+        bytes += ::mostBytes(directory.name) + ::mostBytes(directory.parent);
+    for (auto it = state.directoryOf.constBegin(); it != state.directoryOf.constEnd(); ++it)
+        bytes += ::mostBytes(it.key());
+    return bytes;
+}
+
+bool HVVirtualDirectories::replace(State next, QString* error)
+{
+    const qint64 growth = std::max<qint64>(0, mostBytes(next) - mostBytes(m_state));
     {
         const auto lock = m_file.lock();
         std::swap(m_state, next);
@@ -136,7 +221,7 @@ bool HVVirtualDirectories::place(const Places& places, QString* error)
     qint64 growth = 0;
     for (auto it = places.begin(); it != places.end(); ++it) {
         before.insert(it.key(), m_state.directoryOf.value(it.key()));
-        growth += mostBytes(it.key());
+        growth += ::mostBytes(it.key());
     }
     if (before == places)
         return true;
@@ -212,7 +297,7 @@ bool HVVirtualDirectories::addDirectory(const QString& name, const QString& pare
         return hv::fail(error, tr("There is no folder '%1'.").arg(parent));
     State next = m_state;
     next.directories.push_back({name, parent, {}});
-    return replace(std::move(next), mostBytes(name) + mostBytes(parent), error);
+    return change(std::move(next), tr("New Folder '%1'").arg(name), error);
 }
 
 bool HVVirtualDirectories::removeDirectory(const QString& name, QString* error)
@@ -240,8 +325,7 @@ bool HVVirtualDirectories::removeDirectory(const QString& name, QString* error)
             ++it;
         }
     }
-    const auto growth = static_cast<qint64>(directories.size()) * mostBytes(parent);
-    return replace(std::move(next), growth, error);
+    return change(std::move(next), tr("Remove Folder '%1'").arg(name), error);
 }
 
 bool HVVirtualDirectories::renameDirectory(const QString& name, const QString& newName, QString* error)
@@ -266,8 +350,7 @@ bool HVVirtualDirectories::renameDirectory(const QString& name, const QString& n
     for (QString& directory : next.directoryOf)
         if (directory == name)
             directory = newName;
-    const auto growth = static_cast<qint64>(next.directories.size()) * mostBytes(newName);
-    return replace(std::move(next), growth, error);
+    return change(std::move(next), tr("Rename Folder '%1'").arg(name), error);
 }
 
 bool HVVirtualDirectories::fileObjects(const QStringList& objects, const QString& directory, QString* error)
@@ -282,7 +365,7 @@ bool HVVirtualDirectories::fileObjects(const QStringList& objects, const QString
             return hv::fail(error, tr("An object without a name cannot be filed."));
         places.insert(object, directory);
     }
-    return place(places, error);
+    return change(places, tr("Move to Folder '%1'").arg(directory), error);
 }
 
 bool HVVirtualDirectories::unfileObjects(const QStringList& objects, QString* error)
@@ -292,7 +375,7 @@ bool HVVirtualDirectories::unfileObjects(const QStringList& objects, QString* er
     Places places;
     for (const QString& object : objects)
         places.insert(object, QString());
-    return place(places, error);
+    return change(places, tr("Take out of Folder"), error);
 }
 
 bool HVVirtualDirectories::renameObject(const QString& object, const QString& newName, QString* error)
@@ -300,5 +383,6 @@ bool HVVirtualDirectories::renameObject(const QString& object, const QString& ne
     if (!load(error))
         return false;
     const QString directory = m_state.directoryOf.value(object);
-    return directory.isEmpty() || place({{object, QString()}, {newName, directory}}, error);
+    return directory.isEmpty() ||
+           change(Places{{object, QString()}, {newName, directory}}, tr("Rename '%1'").arg(object), error);
 }

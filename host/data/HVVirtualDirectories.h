@@ -10,6 +10,10 @@
 
 #include <vector>
 
+namespace hv {
+class ChangeLog;
+}
+
 /// The number under which the application's directory service files the folders of a project's objects. The others
 /// (1 to 7) were directories on disk.
 constexpr int g_virtualDirectoryCategory = 8;
@@ -26,7 +30,8 @@ class HVVirtualDirectories : public QObject
     Q_OBJECT
 
 public:
-    explicit HVVirtualDirectories(const QString& path, QObject* parent = nullptr);
+    /// `log`, not owned, records the changes; null for none.
+    explicit HVVirtualDirectories(const QString& path, hv::ChangeLog* log = nullptr, QObject* parent = nullptr);
 
     /// Names in the order of creation.
     QStringList directories();
@@ -66,22 +71,30 @@ private:
         QString name;
         QString parent;
         QJsonObject unknown; // members of a later version
+        friend bool operator==(const Directory&, const Directory&) = default;
     };
     struct State
     {
         std::vector<Directory> directories;
         QHash<QString, QString> directoryOf; // object -> directory
         QJsonObject unknown;
+        friend bool operator==(const State&, const State&) = default;
     };
     using Places = QMap<QString, QString>;
 
     bool load(QString* error = nullptr);
-    bool replace(State next, qint64 growth, QString* error);
+    class PlacesChange;
+    class StateChange;
+    bool change(State next, const QString& text, QString* error);
+    bool replace(State next, QString* error);
+    bool change(const Places& places, const QString& text, QString* error);
     bool place(const Places& places, QString* error);
     void put(const Places& places);
+    static qint64 mostBytes(const State& state);
     QJsonObject toJson() const;
     static State fromJson(QJsonObject object);
 
+    hv::ChangeLog* m_log;
     State m_state;     // changed with the writer's lock held, which reads it on its thread
     QString m_problem; // why the file cannot be read; nothing is written then
     hv::CollectingWriter m_file;

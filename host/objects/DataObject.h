@@ -55,6 +55,8 @@ Q_SIGNALS:
 
 private:
     friend class ObjectStore;
+    friend class StoredContent;
+    friend class StoredPresence;
     DataObject(ObjectStore& store, ObjectKey key, QString path);
     /// The file is another, or gone, or there again. `value` may be nothing: then it is read when it is asked for.
     void replace(ObjectValue value, const FileStamp& stamp);

@@ -1,13 +1,15 @@
 #include "host/objects/ObjectStore.h"
 
 #include "host/kinds/IObjectKind.h"
+#include "host/objects/StoredChanges.h"
 
 #include <QDir>
 #include <QFileInfo>
 
 namespace hv {
 
-ObjectStore::ObjectStore(QString folder, QObject* parent) : QObject(parent), m_folder(std::move(folder))
+ObjectStore::ObjectStore(QString folder, ChangeLog& log, QObject* parent)
+    : QObject(parent), m_folder(std::move(folder)), m_log(log), m_trash(m_folder)
 {
     m_tellSoon.setSingleShot(true);
     m_tellSoon.setInterval(0);
@@ -260,26 +262,67 @@ Result<void> ObjectStore::save(const ObjectKey& key, const ObjectValue& value)
     return write(key, file ? file->suffix : objectKindInfo(key.kind).suffix().mid(1), value);
 }
 
+QString ObjectStore::pathOf(const ObjectKey& key, const QString& suffix) const
+{
+    return folder(key.kind) + QLatin1Char('/') + ObjectFile{key.name, suffix}.fileName();
+}
+
 Result<void> ObjectStore::write(const ObjectKey& key, const QString& suffix, const ObjectValue& value)
 {
     if (!isObjectName(key.name))
         return Failure(tr("'%1' cannot be the name of an object.").arg(key.name));
     if (auto made = ensureFolder(key.kind); !made)
         return made;
-    const ObjectFile file{key.name, suffix};
-    const QString path = folder(key.kind) + QLatin1Char('/') + file.fileName();
-    if (auto written = objectKind(key.kind).write(value, path); !written)
+    return FileStamp::of(pathOf(key, suffix)).exists ? replaceFile(key, suffix, value) : writeNew(key, suffix, value);
+}
+
+Result<void> ObjectStore::writeNew(const ObjectKey& key, const QString& suffix, const ObjectValue& value)
+{
+    if (auto written = objectKind(key.kind).write(value, pathOf(key, suffix)); !written)
         return written;
-    ObjectListing& listing = m_folders[key.kind].listing;
-    if (!listing.contains(key.name))
-        m_events.added(key);
-    listing.put(file);
+    m_folders[key.kind].listing.put({key.name, suffix});
+    m_events.added(key);
+    enterContent(key, suffix, value);
+    m_log.record(std::make_unique<StoredPresence>(*this, key, suffix), tr("Create %1").arg(shown(key)));
+    return {};
+}
+
+Result<void> ObjectStore::replaceFile(const ObjectKey& key, const QString& suffix, const ObjectValue& value)
+{
+    const QString path = pathOf(key, suffix);
+    const QString text = tr("Change %1").arg(shown(key));
+    // What nobody can take back is not worth keeping.
+    if (!m_log.sink() || !m_log.keepable(QFileInfo(path).size(), shown(key))) {
+        if (auto written = objectKind(key.kind).write(value, path); !written)
+            return written;
+        enterContent(key, suffix, value);
+        m_log.recordWithoutUndo(text);
+        return {};
+    }
+    // Written beside the old ones, then both change places.
+    const Result<QString> place = m_trash.place(ObjectFile{key.name, suffix}.fileName());
+    if (!place)
+        return place.failure();
+    if (auto written = objectKind(key.kind).write(value, *place); !written)
+        return written;
+    if (auto exchanged = exchangeFiles(path, *place); !exchanged) {
+        QFile::remove(*place);
+        return Failure(
+            tr("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(path), exchanged.failure().sentence), path);
+    }
+    auto change = std::make_unique<StoredContent>(*this, key, suffix, *place);
+    enterContent(key, suffix, value);
+    m_log.record(std::move(change), text);
+    return {};
+}
+
+void ObjectStore::enterContent(const ObjectKey& key, const QString& suffix, const ObjectValue& value)
+{
     if (const auto object = held(key)) {
-        object->m_path = path;
-        object->replace(value, FileStamp::of(path));
+        object->m_path = pathOf(key, suffix);
+        object->replace(value, FileStamp::of(object->m_path));
     }
     noteContent(key, {});
-    return {};
 }
 
 Result<void> ObjectStore::rename(const ObjectKey& key, const QString& newName)
@@ -288,17 +331,23 @@ Result<void> ObjectStore::rename(const ObjectKey& key, const QString& newName)
         return {};
     if (!isObjectName(newName))
         return Failure(tr("'%1' cannot be the name of an object.").arg(newName));
+    if (auto moved = moveObject(key, newName); !moved)
+        return moved;
+    m_log.record(std::make_unique<StoredName>(*this, key, newName), tr("Rename %1").arg(shown(key)));
+    return {};
+}
+
+Result<void> ObjectStore::moveObject(const ObjectKey& key, const QString& newName)
+{
     const ObjectKey after{key.kind, newName};
     const auto file = listing(key.kind).find(key.name);
     if (!file)
         return Failure(tr("%1 is not there.").arg(shown(key)));
-    if (contains(after) || fileOf(after, file->suffix))
+    if (m_folders[key.kind].listing.contains(newName) || fileOf(after, file->suffix))
         return Failure(tr("There is an object '%1' already.").arg(newName));
-    const QString base = folder(key.kind) + QLatin1Char('/');
-    QFile renamed(base + file->fileName());
-    if (!renamed.rename(base + ObjectFile{newName, file->suffix}.fileName()))
-        return Failure(
-            tr("Unable to rename '%1': %2.").arg(QDir::toNativeSeparators(renamed.fileName()), renamed.errorString()));
+    const QString path = pathOf(key, file->suffix);
+    if (auto moved = moveFile(path, pathOf(after, file->suffix)); !moved)
+        return Failure(tr("Unable to rename '%1': %2.").arg(QDir::toNativeSeparators(path), moved.failure().sentence));
     enterRenamed(key, after, file->suffix);
     return {};
 }
@@ -323,11 +372,25 @@ Result<void> ObjectStore::remove(const ObjectKey& key)
     const auto file = listing(key.kind).find(key.name);
     if (!file)
         return Failure(tr("%1 is not there.").arg(shown(key)));
-    QFile removed(folder(key.kind) + QLatin1Char('/') + file->fileName());
+    auto change = std::make_unique<StoredPresence>(*this, key, file->suffix);
+    if (auto removed = change->undo(); !removed)
+        return removed;
+    change->turnAround();
+    m_log.record(std::move(change), tr("Delete %1").arg(shown(key)));
+    return {};
+}
+
+Result<void> ObjectStore::removeForGood(const ObjectKey& key)
+{
+    const auto file = listing(key.kind).find(key.name);
+    if (!file)
+        return Failure(tr("%1 is not there.").arg(shown(key)));
+    QFile removed(pathOf(key, file->suffix));
     if (!removed.remove())
         return Failure(
             tr("Unable to delete '%1': %2.").arg(QDir::toNativeSeparators(removed.fileName()), removed.errorString()));
     lookAtFile(key, file->suffix);
+    m_log.recordWithoutUndo(tr("Delete %1").arg(shown(key)));
     return {};
 }
 

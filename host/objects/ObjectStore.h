@@ -1,9 +1,11 @@
 #pragma once
 
+#include "host/changes/ChangeLog.h"
 #include "host/objects/DataObject.h"
 #include "host/objects/FolderWatch.h"
 #include "host/objects/ObjectEvents.h"
 #include "host/objects/ObjectListing.h"
+#include "host/objects/Trash.h"
 
 #include <QTimer>
 
@@ -19,6 +21,9 @@ namespace hv {
 /// system's log of the folders before each answer, so that an answer is right also while no event loop runs. Folders
 /// that cannot be watched are read for each answer.
 ///
+/// Own changes are recorded in the project's log. What they replace or remove is put into the trash; taking a change
+/// back renames it to where it was and brings back the snapshot that was held, without reading the file.
+///
 /// Changes are told once per turn of the event loop, each object once with what remains of all that happened to it.
 /// By then the listing may be further on.
 ///
@@ -28,8 +33,8 @@ class ObjectStore : public QObject
     Q_OBJECT
 
 public:
-    /// `folder` is the project's.
-    explicit ObjectStore(QString folder, QObject* parent = nullptr);
+    /// `folder` is the project's; `log`, not owned, records the changes.
+    ObjectStore(QString folder, ChangeLog& log, QObject* parent = nullptr);
     ~ObjectStore() override;
 
     /// Absolute path of the kind's folder, which need not exist.
@@ -47,7 +52,10 @@ public:
     /// Replaces what the object holds, or makes a new one.
     Result<void> save(const ObjectKey& key, const ObjectValue& value);
     Result<void> rename(const ObjectKey& key, const QString& newName);
+    /// Puts the object's file into the project's trash.
     Result<void> remove(const ObjectKey& key);
+    /// Deletes the file, which nobody can take back.
+    Result<void> removeForGood(const ObjectKey& key);
 
     /// Makes the kind's folder when it is missing.
     Result<void> ensureFolder(ObjectKind kind);
@@ -73,6 +81,9 @@ Q_SIGNALS:
 
 private:
     friend class DataObject;
+    friend class StoredContent;
+    friend class StoredPresence;
+    friend class StoredName;
     struct Folder
     {
         ObjectListing listing;
@@ -90,12 +101,19 @@ private:
     std::optional<ObjectFile> fileOf(const ObjectKey& key, const QString& suffix) const;
     std::shared_ptr<DataObject> held(const ObjectKey& key) const;
 
+    QString pathOf(const ObjectKey& key, const QString& suffix) const;
     Result<void> write(const ObjectKey& key, const QString& suffix, const ObjectValue& value);
+    Result<void> writeNew(const ObjectKey& key, const QString& suffix, const ObjectValue& value);
+    Result<void> replaceFile(const ObjectKey& key, const QString& suffix, const ObjectValue& value);
+    Result<void> moveObject(const ObjectKey& key, const QString& newName);
+    void enterContent(const ObjectKey& key, const QString& suffix, const ObjectValue& value);
     void enterRenamed(const ObjectKey& before, const ObjectKey& after, const QString& suffix);
     void noteContent(const ObjectKey& key, const CellRegion& region);
     void tellSoon();
 
     QString m_folder;
+    ChangeLog& m_log;
+    Trash m_trash;
     std::map<ObjectKind, Folder> m_folders;
     FolderWatch m_watch;
     int m_projectWatch = -1;

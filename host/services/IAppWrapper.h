@@ -12,6 +12,10 @@ class QMainWindow;
 class QMdiSubWindow;
 class QWidget;
 
+namespace hv {
+class ChangeLog;
+}
+
 /// Follows a script that occupies the GUI thread. All calls come on the GUI thread.
 ///
 /// breathe() comes about every 40 ms while Python code runs, between two of its instructions: the observer lets
@@ -47,6 +51,8 @@ public:
     virtual bool isTerminalProgram() const = 0;
     /// The open project, null when there is none. Not owned; it may be closed between two calls.
     virtual HVProject* currentProject() const { return nullptr; }
+    /// Where what is done to the open project is recorded; null when nobody can take it back. Not owned.
+    virtual hv::ChangeLog* projectChanges() const { return nullptr; }
     /// Shows the project's objects anew: those of one kind (the numbers of ObjectId), or all.
     virtual void refreshProject(std::optional<int> /*objectKind*/) {}
     /// Reads the list of colour bars anew.

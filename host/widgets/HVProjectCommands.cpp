@@ -151,6 +151,8 @@ void HVProjectCommands::removeObjects(const QVector<Objects>& objects)
                                         : tr("Move %1 objects to the trash?").arg(count);
     if (QMessageBox::question(m_parent, tr("Delete"), question) != QMessageBox::Yes || !m_project)
         return;
+    const hv::ChangeScope step(&m_project->changes(), count == 1 ? tr("Delete '%1'").arg(objects.first().names.first())
+                                                                 : tr("Delete %1 objects").arg(count));
     QStringList failed;
     for (const Objects& each : objects)
         for (const QString& name : each.names)

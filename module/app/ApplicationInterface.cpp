@@ -1,6 +1,7 @@
 #include "host/services/IAppWrapper.h"
 #include "module/Bindings.h"
 #include "module/app/ApplicationFunctions.h"
+#include "module/data/ProjectChanges.h"
 #include "module/data/ProjectHandle.h"
 #include "module/gui/Widgets.h"
 #include "plugins/PluginContext.h"
@@ -149,6 +150,7 @@ void defineChoosers()
 
 void bindApplicationInterface()
 {
+    setPluginPartNote([](QObject* part) { HVPluginContributions::instance().add(callingPluginFolder(), part); });
     defineQueries();
     defineBoxes();
     defineMainWindowParts();

@@ -1,16 +1,21 @@
 #include "host/display/ColorBar.h"
 
+#include "host/data/HVProject.h"
 #include "host/display/PaletteCatalogue.h"
 #include "host/formats/ColorBarFile.h"
+#include "host/services/IAppWrapper.h"
 #include "module/Bindings.h"
 #include "module/CheckedSetter.h"
 #include "module/data/ColorTuple.h"
+#include "runtime/ApplicationInterface.h"
 #include "runtime/Errors.h"
 #include "runtime/NumberArguments.h"
 
 #include <boost/python.hpp>
 
+#include <QCoreApplication>
 #include <QFileInfo>
+#include <QThread>
 
 namespace bp = boost::python;
 
@@ -20,6 +25,21 @@ namespace {
 
 using display::ColorBar;
 using display::PaletteCatalogue;
+
+/// Through the project when that is where the file belongs, so that everybody hears of it and Undo takes it back; into
+/// the file alone elsewhere, on other threads, and beside another file of the same name.
+bool write(const ColorBar& bar, const QString& filename, QString& reason)
+{
+    const IAppWrapper* app = applicationInterface();
+    HVProject* project = app && QThread::currentThread() == qApp->thread() ? app->currentProject() : nullptr;
+    const auto key = project ? project->keyOf(filename) : std::nullopt;
+    if (!key || key->kind != ObjectKind::ColorBar || project->store().contains(*key))
+        return display::writeColorBar(bar, filename, reason);
+    const auto made = project->store().create(*key, hv::ObjectValue::of(bar), QFileInfo(filename).suffix());
+    if (!made)
+        reason = made.failure().sentence;
+    return static_cast<bool>(made);
+}
 
 void save(ColorBar& self, const QString& filename)
 {
@@ -34,9 +54,9 @@ void save(ColorBar& self, const QString& filename)
             raisePending();
         renamed.setName(file.completeBaseName());
     }
-    QString error;
-    if (!display::writeColorBar(renamed, filename, error)) {
-        PyErr_SetString(PyExc_IOError, error.toUtf8().constData());
+    QString reason;
+    if (!write(renamed, filename, reason)) {
+        PyErr_SetString(PyExc_IOError, reason.toUtf8().constData());
         raiseFromPending(PyExc_IOError, "ColorBar, unable to create file '%s'", shown.constData());
     }
     self.setName(renamed.name());

@@ -1,4 +1,5 @@
 #include "module/Bindings.h"
+#include "module/data/ProjectChanges.h"
 #include "module/data/ProjectDirectories.h"
 #include "module/data/ProjectHandle.h"
 #include "runtime/Errors.h"
@@ -167,6 +168,7 @@ void bindProject()
         .def("getNewFilename", getDefaultFilename)
         .def("icon", icon, "icon(kind: ObjectId, /) -> Icon\n\nThe icon of a kind, as the project browser shows it.");
     defineDirectoryMethods(project);
+    defineChangeMethods(project);
     // A handle is as good as another of the same project; one that compares equal has no lasting identity to hash.
     project.def("__eq__", equals, "__eq__(other: object) -> bool\n\nWhether both stand for the same open project.");
     project.attr("__hash__") = bp::object();

@@ -9,7 +9,7 @@ import re
 # For each folder those that it may include, besides itself. What is not in here is a wrong arrow; a circle in here is one
 # too. A row for one file, or for a pattern of folders, counts before the folder's own.
 VALUES = ["host/core", "host/geom", "host/georef", "host/img", "host/display"]
-STORE = ["host/formats", "host/kinds", "host/objects", "host/data"]
+STORE = ["host/changes", "host/formats", "host/kinds", "host/objects", "host/data"]
 MAY_INCLUDE = {
     "host": [],  # the precompiled header
     # Data: values, files, the project, services. No windows.
@@ -25,7 +25,8 @@ MAY_INCLUDE = {
     "host/kinds/*": VALUES + ["host/formats", "host/kinds", "host/kinds/demo", "host/kinds/text"],
     "host/kinds": VALUES,
     "host/services": ["host/core"],
-    "host/objects": ["host/core", "host/formats", "host/kinds", "host/services"],
+    "host/changes": ["host/core", "host/services"],
+    "host/objects": ["host/changes", "host/core", "host/formats", "host/kinds", "host/services"],
     "host/jobs": ["host/core", "host/kinds", "host/objects", "host/services"],
     "host/data": VALUES + STORE + ["host/services"],
     "host/data/demo": VALUES + STORE + ["host/kinds/demo", "host/services"],
@@ -33,12 +34,12 @@ MAY_INCLUDE = {
     "host/viewers": VALUES + STORE + ["host/jobs", "host/services"],
     "host/widgets": VALUES + STORE + ["host/jobs", "host/services", "host/viewers"],
     # The scripting layer: values and data.
-    "runtime": ["host/core", "host/services"],
+    "runtime": ["host/changes", "host/core", "host/services"],
     "module": ["runtime"],
     "module/core": VALUES + ["host/services", "module", "runtime"],
     "module/data": VALUES + STORE + ["host/services", "module", "module/core", "runtime"],
     # The scripting layer: windows and the application.
-    "plugins": ["host/core", "host/data", "host/services", "host/widgets", "runtime"],
+    "plugins": ["host/changes", "host/core", "host/data", "host/services", "host/widgets", "runtime"],
     "editor/debugger": ["host/core", "host/services", "runtime"],
     "editor": STORE + ["editor/debugger", "host/core", "host/services", "host/widgets", "runtime"],
     "module/gui": STORE + ["host/core", "host/services", "host/viewers", "host/widgets", "module", "module/core",
@@ -56,8 +57,8 @@ MAY_INCLUDE = {
 
 TOP_FOLDERS = ["host", "runtime", "module", "plugins", "editor", "app"]
 # Folders of the data half; Qt's classes of windows are unknown there.
-DATA_HALF = ["host/core", "host/geom", "host/georef", "host/img", "host/display", "host/formats", "host/kinds*",
-             "host/services", "host/objects", "host/jobs", "host/data*"]
+DATA_HALF = ["host/changes", "host/core", "host/geom", "host/georef", "host/img", "host/display", "host/formats",
+             "host/kinds*", "host/services", "host/objects", "host/jobs", "host/data*"]
 
 LOCK_CALLS = re.compile(r"\b(PyGILState_(Ensure|Release|STATE)|PyEval_(SaveThread|RestoreThread|AcquireThread|ReleaseThread)"
                         r"|PyThreadState_Swap|Py_(BEGIN|END|BLOCK|UNBLOCK)(_ALLOW)?_THREADS)\b")

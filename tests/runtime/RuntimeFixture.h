@@ -27,6 +27,7 @@ public:
     QString version() const override { return QStringLiteral("1.2.3"); }
     bool isTerminalProgram() const override { return terminal; }
     HVProject* currentProject() const override { return project; }
+    hv::ChangeLog* projectChanges() const override { return changes; }
     void refreshProject(std::optional<int> kind) override
     {
         log.push_back("project " + (kind ? std::to_string(*kind) : std::string("all")));
@@ -46,6 +47,7 @@ public:
     std::function<QMdiSubWindow*(QWidget*)> onSubWindow;
     bool terminal = false;
     HVProject* project = nullptr;
+    hv::ChangeLog* changes = nullptr;
     std::shared_ptr<HVProgressBarMgr> progress = std::make_shared<HVProgressBarMgr>();
     bool observes = false;
     int breaths = 0;

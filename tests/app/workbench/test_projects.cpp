@@ -4,11 +4,14 @@
 #include "app/workbench/NewProjectDialog.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
+#include "host/display/ColorBar.h"
 #include "host/widgets/HVProjectBrowser.h"
 #include "host/widgets/HVProjectModel.h"
+#include "host/widgets/HVUndoStack.h"
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -24,6 +27,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QTreeView>
 
 namespace {
 
@@ -82,6 +86,46 @@ TEST(Projects, scriptsRefreshTheColourBars)
     ASSERT_TRUE(changes.wait(2000));
     ASSERT_EQ(changes.count(), 1);
     EXPECT_EQ(changes[0][0].value<ObjectKind>(), ObjectKind::ColorBar);
+}
+
+TEST(Projects, undoInTheBrowserBringsBackWhatWasDeletedThere)
+{
+    const QTemporaryDir folder;
+    ASSERT_TRUE(HVProject::create(folder.filePath("Field"), QString(), nullptr));
+    MainWindow window;
+    window.restoreLayout();
+    window.show();
+    ASSERT_TRUE(window.openProject(folder.filePath("Field")));
+    HVProject& project = *window.projects()->project();
+    ASSERT_TRUE(project.store().create({ObjectKind::ColorBar, "Red"}, hv::ObjectValue::of(display::ColorBar())));
+    project.store().tellChanges();
+    QTreeView& view = *window.projectBrowser()->view();
+    view.expandAll();
+    view.setFocus();
+    QApplication::setActiveWindow(&window);
+    view.setCurrentIndex(view.model()->index(0, 0, view.model()->index(0, 0)));
+    QTimer::singleShot(0, qApp, [] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_TRUE(box);
+        box->button(QMessageBox::Yes)->click();
+    });
+    QTest::keyClick(&view, Qt::Key_Delete);
+    EXPECT_TRUE(project.objects().isEmpty());
+    view.setFocus();
+    QTest::keyClick(&view, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(project.objectNames(ObjectKind::ColorBar), QStringList{"Red"});
+    QTest::keyClick(&view, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_TRUE(project.objects().isEmpty());
+    EXPECT_EQ(window.projectUndo()->texts().join('|'), "Create Color Bar 'Red'|Delete 'Red'");
+
+    // A text has an undo of its own.
+    HVPythonTextEdit* editor = window.newScript();
+    editor->setFocus();
+    QTest::keyClicks(editor, "x");
+    QTest::keyClick(editor, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(editor->plainText().contains('x'), false);
+    EXPECT_TRUE(project.objects().isEmpty());
+    editor->document()->setModified(false);
 }
 
 TEST(Projects, scriptsBelongToTheOpenProject)

@@ -1,10 +1,13 @@
 // `Project` and `ObjectId` as scripts meet them, over a real folder.
+#include "host/display/ColorBar.h"
+#include "host/widgets/HVUndoStack.h"
 #include "module/data/ProjectHandle.h"
 #include "runtime/GilLock.h"
 #include "tests/runtime/RuntimeFixture.h"
 
 #include <boost/python.hpp>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -165,6 +168,116 @@ for use in (lambda: project.path, lambda: project.crs, project.hasCrs, project.o
             lambda: project.addVirtualDirectory(H, "x", ""), lambda: project.setObjectInVirtualDirectory("x", H, "y")):
     expect(failure(use), "RuntimeError: Project, the project has been closed")
 )py");
+}
+
+/// The open project of the application, with the undo of its window.
+class ProjectUndo : public ProjectBinding
+{
+protected:
+    void SetUp() override
+    {
+        ProjectBinding::SetUp();
+        app().project = project.get();
+        app().changes = &project->changes();
+        undo.setProject(project.get());
+        script("from strativo_python import ColorBar\n"
+               "def bar(name):\n    return project.getNewFilename(ObjectId.ColorBar, name)\n"
+               "def names():\n"
+               "    return [os.path.basename(path)[:-5] for path in project.objects(ObjectId.ColorBar)]\n"
+               "def save(*names):\n    for name in names:\n"
+               "        one = ColorBar()\n        one.name = name\n        one.save(bar(name))\n");
+    }
+    ~ProjectUndo() override
+    {
+        app().project = nullptr;
+        app().changes = nullptr;
+    }
+    QStringList names() { return project->objectNames(ObjectKind::ColorBar); }
+
+    HVUndoStack undo;
+};
+
+TEST_F(ProjectUndo, aScriptThatChangesTenObjectsIsTakenBackByOneUndo)
+{
+    EXPECT_TRUE(context().executePythonCode(
+        "save(*'abcdefgh')\n"
+        "expect(names(), list('abcdefgh'))\n"
+        "project.addVirtualDirectory(ObjectId.ColorBar, 'North')\n"
+        "project.setObjectInVirtualDirectory(project.objects()[0], ObjectId.ColorBar, 'North')\n",
+        nullptr, "/tmp/ten.py"))
+        << recorder.textOf(6);
+    EXPECT_EQ(undo.texts(), QStringList{"ten.py"});
+    EXPECT_EQ(names().size(), 8);
+    undo.undo();
+    EXPECT_TRUE(names().isEmpty());
+    EXPECT_TRUE(project->directoryNames().isEmpty());
+    undo.redo();
+    EXPECT_EQ(names().size(), 8);
+    EXPECT_EQ(project->directoryNames(), QStringList{"North"});
+
+    // One that fails in the middle leaves what it did as a step.
+    EXPECT_FALSE(context().executePythonCode("save('x', 'y')\nraise ValueError\n", nullptr, "half.py"));
+    EXPECT_EQ(undo.texts().last(), "half.py");
+    undo.undo();
+    EXPECT_EQ(names().size(), 8);
+}
+
+TEST_F(ProjectUndo, aChangeBlockIsAStepOfItsOwn)
+{
+    script(R"py(
+save("a")
+with project.change("Two bars"):
+    save("b")
+    with project.change("inner"):
+        save("c")
+try:
+    with project.change("Broken"):
+        save("d")
+        raise KeyError("out")
+except KeyError as error:
+    expect(error.args, ("out",))
+save("e")
+expect(failure(project.change, 3), "TypeError: Project.change(), expected 'str' but got 'int'")
+expect(failure(project.change, " "), "ValueError: Project.change(), the name must not be empty")
+block = project.change("once")
+with block:
+    expect(failure(block.__enter__), "RuntimeError: Project.change(), the block has begun already")
+)py");
+    const QStringList texts = undo.texts();
+    ASSERT_EQ(texts.size(), 4);
+    EXPECT_EQ(texts.mid(1, 2).join('|'), "Two bars|Broken");
+    undo.goTo(1);
+    EXPECT_EQ(names(), QStringList{"a"});
+    undo.goTo(4);
+    EXPECT_EQ(names().join(""), "abcde");
+}
+
+TEST_F(ProjectUndo, scriptsHearOfChangesOnceTheyHaveReturned)
+{
+    script(R"py(
+save("a", "b")
+heard = []
+stop = project.onChanged(project.getFilename(ObjectId.ColorBar, "a"), heard.append)
+project.onChanged(project.getFilename(ObjectId.ColorBar, "b"), lambda filename: 1 / 0)
+expect(failure(project.onChanged, "/tmp/none", print), "RuntimeError: Project, object '/tmp/none' does not exist")
+expect(failure(project.onChanged, project.objects()[0], 5),
+       "TypeError: Project.onChanged(), expected callable object, but got 'int' instead")
+)py");
+    project->store().tellChanges();
+    script("heard.clear()\n");
+    display::ColorBar red;
+    EXPECT_TRUE(project->store().save({ObjectKind::ColorBar, "a"}, hv::ObjectValue::of(red)));
+    EXPECT_TRUE(project->renameObject(ObjectKind::ColorBar, "a", "c"));
+    script("expect(heard, [])\n");
+    recorder.posts.clear();
+    EXPECT_TRUE(project->store().save({ObjectKind::ColorBar, "b"}, hv::ObjectValue::of(red)));
+    project->store().tellChanges();
+    EXPECT_NE(recorder.textOf(6).find("ZeroDivisionError"), std::string::npos);
+    script("expect([os.path.basename(path) for path in heard], ['c.json'])\nheard.clear()\nstop()\nstop()\n");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(project->store().remove({ObjectKind::ColorBar, "c"}));
+    project->store().tellChanges();
+    script("expect(heard, [])\n");
 }
 
 } // namespace

@@ -1,0 +1,90 @@
+#include "host/objects/StoredChanges.h"
+
+#include "host/objects/ObjectStore.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <utility>
+
+namespace hv {
+
+StoredContent::StoredContent(ObjectStore& store, ObjectKey key, QString suffix, QString kept)
+    : m_store(store), m_key(std::move(key)), m_suffix(std::move(suffix)), m_kept(std::move(kept)),
+      m_keptStamp(FileStamp::of(m_kept))
+{
+    if (const auto object = m_store.held(m_key); object && object->m_stamp == m_keptStamp)
+        m_keptValue = object->m_value;
+}
+
+Result<void> StoredContent::exchange()
+{
+    const QString path = m_store.pathOf(m_key, m_suffix);
+    if (auto exchanged = exchangeFiles(path, m_kept); !exchanged)
+        return Failure(QObject::tr("The content of %1 cannot be changed back: %2.")
+                           .arg(shown(m_key), exchanged.failure().sentence));
+    // A snapshot stands for its file as long as nobody else has written into that.
+    const FileStamp stamp = FileStamp::of(path);
+    const FileStamp keptStamp = FileStamp::of(m_kept);
+    ObjectValue value = stamp == m_keptStamp ? m_keptValue : ObjectValue();
+    m_keptValue = {};
+    if (const auto object = m_store.held(m_key)) {
+        if (object->m_stamp == keptStamp && !object->m_isModified)
+            m_keptValue = object->m_value;
+        object->replace(value, stamp);
+    }
+    m_keptStamp = keptStamp;
+    m_store.noteContent(m_key, {});
+    return {};
+}
+
+StoredPresence::StoredPresence(ObjectStore& store, ObjectKey key, QString suffix)
+    : m_store(store), m_key(std::move(key)), m_suffix(std::move(suffix))
+{}
+
+Result<void> StoredPresence::putAway()
+{
+    const QString path = m_store.pathOf(m_key, m_suffix);
+    const Result<QString> place = m_store.m_trash.place(m_key.name + QLatin1Char('.') + m_suffix);
+    if (!place)
+        return place.failure();
+    ObjectValue value;
+    if (const auto object = m_store.held(m_key); object && !object->m_isModified)
+        value = object->m_value;
+    if (auto moved = moveFile(path, *place); !moved)
+        return Failure(QObject::tr("Unable to move '%1' to the trash: %2.")
+                           .arg(QDir::toNativeSeparators(path), moved.failure().sentence));
+    m_kept = *place;
+    m_keptValue = value;
+    m_keptStamp = FileStamp::of(m_kept);
+    Trash::writeNote(m_kept, m_key);
+    m_store.lookAtFile(m_key, m_suffix);
+    return {};
+}
+
+Result<void> StoredPresence::bringBack()
+{
+    if (auto made = m_store.ensureFolder(m_key.kind); !made)
+        return made;
+    const QString path = m_store.pathOf(m_key, m_suffix);
+    if (auto moved = moveFile(m_kept, path); !moved)
+        return Failure(QObject::tr("%1 cannot be brought back: %2.").arg(shown(m_key), moved.failure().sentence));
+    Trash::removeNote(m_kept);
+    m_store.lookAtFile(m_key, m_suffix);
+    if (const auto object = m_store.held(m_key); object && object->m_stamp == m_keptStamp && !object->m_value)
+        object->m_value = m_keptValue;
+    m_keptValue = {};
+    return {};
+}
+
+Result<void> StoredName::undo()
+{
+    return m_store.moveObject({m_before.kind, m_newName}, m_before.name);
+}
+
+Result<void> StoredName::redo()
+{
+    return m_store.moveObject(m_before, m_newName);
+}
+
+} // namespace hv
