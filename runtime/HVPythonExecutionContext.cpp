@@ -18,6 +18,8 @@
 #include "runtime/StreamCaptureBinding.h"
 #include "runtime/TextSetting.h"
 
+#include <QFileInfo>
+
 /// The scripting module's frame implements it; the runtime only hands it to the interpreter.
 extern "C" PyObject* PyInit_strativo_python();
 

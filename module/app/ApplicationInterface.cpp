@@ -1,4 +1,5 @@
 #include "host/services/IAppWrapper.h"
+#include "host/widgets/HVPluginContributions.h"
 #include "module/Bindings.h"
 #include "module/app/ApplicationFunctions.h"
 #include "module/data/ProjectChanges.h"
