@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <functional>
 #include <limits>
+#include <tuple>
 
 namespace {
 
@@ -80,9 +81,9 @@ int main(int argc, char** argv)
     {
         const hv::ChangeScope scope(&project->changes(), "many");
         for (int i = 0; i < g_changes / 2; ++i) {
-            project->store().rename({kind, QStringLiteral("Horizon %1").arg(1000 + i)},
-                                    QStringLiteral("Other %1").arg(i));
-            project->store().remove({kind, QStringLiteral("Horizon %1").arg(50000 + i)});
+            std::ignore = project->store().rename({kind, QStringLiteral("Horizon %1").arg(1000 + i)},
+                                                  QStringLiteral("Other %1").arg(i));
+            std::ignore = project->store().remove({kind, QStringLiteral("Horizon %1").arg(50000 + i)});
         }
     }
     double back = std::numeric_limits<double>::infinity();

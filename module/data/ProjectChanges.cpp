@@ -7,7 +7,6 @@
 #include <boost/python.hpp>
 
 #include <memory>
-#include <optional>
 #include <utility>
 
 namespace bp = boost::python;
@@ -52,7 +51,8 @@ Block change(const ProjectHandle& self, const bp::object& name)
 
 bp::object enter(const bp::object& self)
 {
-    bp::extract<ChangeBlock&>(self)().enter();
+    ChangeBlock& block = bp::extract<ChangeBlock&>(self);
+    block.enter();
     return self;
 }
 
@@ -88,6 +88,15 @@ private:
     bool m_hasChanged = false;
 };
 
+/// Null when there is none.
+std::shared_ptr<hv::DataObject> objectOf(HVProject& project, const QString& filename)
+{
+    if (const auto key = project.keyOf(filename))
+        if (const auto opened = project.store().open(*key))
+            return *opened;
+    return nullptr;
+}
+
 bp::object onChanged(const ProjectHandle& self, const bp::object& object, const bp::object& callable)
 {
     HVProject& project = self.get();
@@ -95,11 +104,10 @@ bp::object onChanged(const ProjectHandle& self, const bp::object& object, const 
     if (!PyCallable_Check(callable.ptr()))
         raise(PyExc_TypeError, "Project.onChanged(), expected callable object, but got '%s' instead",
               typeName(callable));
-    const auto key = project.keyOf(filename);
-    const auto opened = key ? std::optional(project.store().open(*key)) : std::nullopt;
-    if (!opened || !*opened)
+    const auto found = objectOf(project, filename);
+    if (!found)
         raise(PyExc_RuntimeError, "Project, object '%s' does not exist", filename.toLocal8Bit().constData());
-    auto* made = new ChangeListener(**opened, callable, &project);
+    auto* made = new ChangeListener(found, callable, &project);
     QObject::connect(&project.store(), &hv::ObjectStore::told, made, &ChangeListener::tell);
     const QPointer<QObject> listener(made);
     if (g_notePluginPart)
