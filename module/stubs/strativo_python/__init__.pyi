@@ -3387,8 +3387,32 @@ class Project:
         """The file names of the objects in a virtual directory, in the order of their names; empty when there is no
         such directory. An object without a file in the project is listed with the file name that it would have.
         """
+    def change(self, name: str, /) -> _ProjectChange:
+        """Makes one step of the changes in a with block: Edit > Undo shows name and takes all of them back. Blocks
+        within it join it.
+
+        Without it all that one run of a script changes, or one call of a callback, is one step.
+
+        Raises ValueError when name is empty.
+        """
+    def onChanged(self, object: str, callable: Callable[[str], object], /) -> Callable[[], None]:
+        """Calls callable when the object that is given by its file name is changed, renamed, removed or there again,
+        whoever does it. It is called on the main thread, once the script has returned to the application, and gets
+        the object's file name at that time. Several changes until then are one call. An exception in it is printed.
+
+        The function that is returned ends this; so does closing the project.
+
+        Raises RuntimeError when there is no such object, TypeError when callable can not be called.
+        """
     def __eq__(self, other: object) -> bool:
         """Whether both stand for the same open project."""
+
+class _ProjectChange:
+    """A block of changes that Undo takes back together; Project.change() gives it."""
+    def __enter__(self) -> _ProjectChange:
+        """Begins the block."""
+    def __exit__(self, type: object, value: object, traceback: object, /) -> bool:
+        """Ends it; what was changed until an exception stays changed and can be taken back."""
 
 class _HVImageBaseFloat:
     """What Image2d and Image3d have in common: pixels of 32-bit floats, stored row by row.
