@@ -88,8 +88,13 @@ MainWindow::MainWindow()
     m_jobsDock->hide();
     connect(m_jobsDock, &JobsDock::buttonMade, this,
             [this](QToolButton* button) { statusBar()->addPermanentWidget(button); });
-    // Their objects go with the project.
+    // A job ends with the objects that it needs.
     connect(m_projects, &HVProjectService::projectAboutToClose, m_jobs.get(), [this] { m_jobs->cancelDependents(); });
+    connect(m_projects, &HVProjectService::projectChanged, m_jobs.get(), [this](HVProject* project) {
+        if (project)
+            connect(&project->store(), &hv::ObjectStore::removed, m_jobs.get(),
+                    [this](const hv::ObjectKey& key) { m_jobs->cancelDependents(key); });
+    });
 
     m_toolBar->setObjectName(hv::ownPartName("mainToolBar"));
     m_toolBar->setIconSize({20, 20});

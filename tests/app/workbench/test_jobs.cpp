@@ -4,6 +4,7 @@
 #include "host/data/HVProjectService.h"
 #include "host/jobs/JobManager.h"
 
+#include <QFile>
 #include <QSemaphore>
 #include <QStatusBar>
 #include <QTemporaryDir>
@@ -63,6 +64,23 @@ TEST_F(WorkbenchJobs, JobsOnObjectsEndWithTheProject)
     EXPECT_TRUE(QTest::qWaitFor([this] { return !ended.isEmpty(); }, 20000));
     EXPECT_EQ(ended, QStringList("on an object"));
     EXPECT_EQ(window->jobs()->jobs().size(), 1u);
+}
+
+TEST_F(WorkbenchJobs, AJobEndsWithTheObjectThatItNeeds)
+{
+    const QTemporaryDir folder;
+    ASSERT_TRUE(window->projects()->create(folder.filePath("p"), "p"));
+    HVProject& project = *window->projects()->project();
+    for (const char* name : {"A", "B"}) {
+        QFile file(project.newFilename(ObjectKind::Wavelet, name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    start("on A", {{ObjectKind::Wavelet, "A"}});
+    start("on B", {{ObjectKind::Wavelet, "B"}});
+    ASSERT_EQ(project.objectNames(ObjectKind::Wavelet).size(), 2);
+    ASSERT_TRUE(project.removeObject(ObjectKind::Wavelet, "A", HVProject::Removal::Permanent));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !ended.isEmpty(); }, 20000));
+    EXPECT_EQ(ended, QStringList("on A"));
 }
 
 TEST_F(WorkbenchJobs, TheWindowGoesWhileJobsRun)
