@@ -12,7 +12,7 @@ quick='-*,bugprone-argument-comment,bugprone-assert-side-effect,bugprone-copy-co
 quick+=',bugprone-infinite-loop,bugprone-sizeof-*,bugprone-string-*,bugprone-suspicious-*,bugprone-swapped-arguments'
 quick+=',bugprone-undelegated-constructor,bugprone-unused-raii,bugprone-use-after-move,bugprone-virtual-near-miss'
 quick+=',cppcoreguidelines-slicing,misc-definitions-in-headers,misc-unused-parameters,modernize-use-nullptr'
-quick+=',modernize-use-override,performance-for-range-copy,performance-inefficient-*,performance-unnecessary-value-param'
+quick+=',modernize-use-override,performance-for-range-copy,performance-inefficient-*'
 quick+=',readability-duplicate-include,readability-redundant-*'
 quick_seconds=120
 
