@@ -7,7 +7,6 @@
 
 #include <boost/python.hpp>
 
-#include <cerrno>
 #include <unistd.h>
 
 namespace bp = boost::python;
@@ -81,18 +80,6 @@ void ForkedChild::leave()
     flush("stdout");
     flush("stderr");
     ::_exit(status);
-}
-
-int ForkedChild::write(int file, std::string_view text)
-{
-    while (!text.empty()) {
-        const ssize_t written = ::write(file, text.data(), text.size());
-        if (written >= 0)
-            text.remove_prefix(static_cast<std::size_t>(written));
-        else if (errno != EINTR && errno != EAGAIN)
-            return errno;
-    }
-    return 0;
 }
 
 } // namespace python

@@ -2,8 +2,6 @@
 
 #include <boost/python/detail/wrap_python.hpp>
 
-#include <string_view>
-
 namespace python {
 
 /// A copy of the process that a script made with os.fork(). It shares the windows' connection with the application and
@@ -24,10 +22,6 @@ public:
     /// Ends the process as the end of a program does: status 0, or that of the pending exception, which is printed.
     /// Nothing of the application's own end happens.
     [[noreturn]] static void leave();
-
-    /// Writes to the process's own stream, for the application's messages end in a window of the parent. The system's
-    /// error number when that is not possible, else 0.
-    static int write(int file, std::string_view text);
 
 private:
     static PyObject* begin(PyObject* exitFunction, PyObject* arguments);

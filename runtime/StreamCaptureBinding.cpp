@@ -1,6 +1,7 @@
 #include "runtime/StreamCaptureBinding.h"
 
 #include "host/services/HVEventBus.h"
+#include "host/services/WriteAll.h"
 #include "runtime/Errors.h"
 #include "runtime/ForkedChild.h"
 #include "runtime/GilLock.h"
@@ -39,8 +40,9 @@ int fileNumber(int level)
 
 int send(int level, std::string_view utf8)
 {
+    // Of a forked child: the messages end in a window of the parent.
     if (ForkedChild::isHere())
-        return ForkedChild::write(fileNumber(level), utf8);
+        return hv::writeAll(fileNumber(level), utf8);
     HVEventBus& bus = HVEventBus::instance();
     if (!bus.mayBlock())
         return bus.sendUtf8(level, utf8, false);

@@ -6,9 +6,6 @@ namespace headless {
 
 class TerminalProgress;
 
-/// Writes everything; the system's error number when that is not possible, else 0.
-int writeAll(int file, std::string_view text);
-
 /// Sends the event bus to the process's streams as it comes: what scripts write to standard output goes there, all else
 /// to standard error. Nothing is buffered, so nothing is lost however the process ends.
 class StandardStreams final : public HVEventBus::Sink

@@ -1,6 +1,6 @@
 #include "app/headless/TerminalProgress.h"
 
-#include "app/headless/StandardStreams.h"
+#include "host/services/WriteAll.h"
 
 #include <QStringList>
 
@@ -193,20 +193,20 @@ void TerminalProgress::draw(const std::vector<HVProgressBarState>& bars)
         line += QStringLiteral("  ") + graph(*bars.front().fraction, std::min(room, g_longestBar));
     if (!left.isEmpty() && widthOf(line) + widthOf(left) + 2 <= columns)
         line += QStringLiteral("  ") + left;
-    writeAll(m_file, ("\r" + line.toLocal8Bit() + "\x1b[K").toStdString());
+    hv::writeAll(m_file, ("\r" + line.toLocal8Bit() + "\x1b[K").toStdString());
     m_drawn = true;
 }
 
 void TerminalProgress::erase()
 {
     if (std::exchange(m_drawn, false))
-        writeAll(m_file, "\r\x1b[K");
+        hv::writeAll(m_file, "\r\x1b[K");
 }
 
 void TerminalProgress::writeLine(const QString& line)
 {
     m_lastLine = Clock::now();
-    writeAll(m_file, (line.toLocal8Bit() + '\n').toStdString());
+    hv::writeAll(m_file, (line.toLocal8Bit() + '\n').toStdString());
 }
 
 } // namespace headless
