@@ -1,5 +1,6 @@
 #include "module/ModuleFrame.h"
 
+#include "module/ArgumentErrors.h"
 #include "module/Bindings.h"
 #include "runtime/EnumerationLookup.h"
 #include "runtime/NumberArguments.h"
@@ -14,6 +15,8 @@ BOOST_PYTHON_MODULE(strativo_python)
 {
     // C++ signatures are left out: every docstring begins with the Python one.
     const bp::docstring_options docstrings(true, false, false);
+
+    python::translateArgumentErrors();
 
     // The order matters: a family may name types of an earlier one in its signatures and default values.
     python::registerTextConversion();
