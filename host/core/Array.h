@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/core/ExportCount.h"
 #include "host/core/Vector.h"
 
 #include <cstdint>
@@ -13,9 +14,8 @@ namespace core {
 /// No member throws. Whatever needs storage returns false (or null) when the size is negative, is more than an address
 /// can reach, or the system refuses; the array is then as it was.
 ///
-/// Exports: whoever hands the buffer's address out (a numpy view) announces it with addExport() and takes it back with
-/// releaseExport(). While exports exist every member that would change the element count fails and the buffer stays
-/// where it is; element values may change. Not thread-safe.
+/// While somebody is counted in exports() every member that would change the element count fails and the buffer stays
+/// where it is. Not thread-safe.
 template <typename T>
 class Array
 {
@@ -83,9 +83,9 @@ public:
     /// Equal counts and equal elements, exactly: a not-a-number equals nothing, not even itself.
     bool operator==(const Array& other) const;
 
-    void addExport() { ++m_exports; }
-    void releaseExport() { --m_exports; }
-    bool isExported() const { return m_exports > 0; }
+    ExportCount& exports() { return m_exports; }
+    const ExportCount& exports() const { return m_exports; }
+    bool isExported() const { return !m_exports.isNone(); }
 
 private:
     bool appendSlowly(T value);
@@ -97,7 +97,7 @@ private:
     std::int64_t m_capacity = 0;
     std::int64_t m_extentY = 1;
     std::int64_t m_extentZ = 1;
-    std::int64_t m_exports = 0;
+    ExportCount m_exports;
 };
 
 extern template class Array<std::int32_t>;

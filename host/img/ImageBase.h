@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/core/AlignedBuffer.h"
+#include "host/core/ExportCount.h"
 #include "host/img/Statistics.h"
 
 #include <QString>
@@ -18,9 +19,7 @@ namespace img {
 /// than an address can reach or the system refuses; the image is then as it was. An image without storage (fresh from
 /// its default constructor) has no pixels.
 ///
-/// Exports: whoever hands the buffer's address out (a numpy view) announces it with addExport() and takes it back with
-/// releaseExport(). While exports exist resizing fails; pixel values may change. Not thread-safe: one thread writes or
-/// many read.
+/// While somebody is counted in exports() resizing fails. Not thread-safe: one thread writes or many read.
 template <typename Pixel>
 class ImageBase
 {
@@ -59,9 +58,9 @@ public:
     Pixel minValue() const { return statistics().minimum; }
     Pixel maxValue() const { return statistics().maximum; }
 
-    void addExport() { ++m_exports; }
-    void releaseExport() { --m_exports; }
-    bool isExported() const { return m_exports > 0; }
+    core::ExportCount& exports() { return m_exports; }
+    const core::ExportCount& exports() const { return m_exports; }
+    bool isExported() const { return !m_exports.isNone(); }
 
 protected:
     explicit ImageBase(const QString& name) : m_name(name) {}
@@ -76,7 +75,7 @@ private:
     int m_width = 0;
     int m_height = 0;
     int m_length = 0;
-    std::int64_t m_exports = 0;
+    core::ExportCount m_exports;
     core::AlignedBuffer m_buffer;
     QString m_name;
 };

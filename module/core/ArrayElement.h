@@ -44,8 +44,8 @@ inline bool toDoubleAtOnce(PyObject* object, double& value)
 
 } // namespace element
 
-/// word: stands before "Array" in the class's name; typeName: the Python type of an element; bufferFormat and width: an
-/// element as the buffer protocol describes it.
+/// word: stands before "Array" in the class's name, className; typeName: the Python type of an element; bufferFormat
+/// and width: an element as the buffer protocol describes it.
 template <typename T>
 struct ArrayElement;
 
@@ -53,6 +53,7 @@ template <>
 struct ArrayElement<std::int32_t>
 {
     static constexpr const char* word = "Int";
+    static constexpr const char* className = "IntArray";
     static constexpr const char* typeName = "int";
     static constexpr const char* bufferFormat = "i";
     static constexpr int width = 1;
@@ -99,6 +100,7 @@ template <>
 struct ArrayElement<float> : RealElement<float>
 {
     static constexpr const char* word = "Float";
+    static constexpr const char* className = "FloatArray";
     static constexpr const char* bufferFormat = "f";
 };
 
@@ -106,6 +108,7 @@ template <>
 struct ArrayElement<double> : RealElement<double>
 {
     static constexpr const char* word = "Double";
+    static constexpr const char* className = "DoubleArray";
     static constexpr const char* bufferFormat = "d";
 };
 
@@ -114,6 +117,7 @@ template <>
 struct ArrayElement<core::vec3>
 {
     static constexpr const char* word = "Vec3";
+    static constexpr const char* className = "Vec3Array";
     static constexpr const char* typeName = "vec3";
     static constexpr const char* bufferFormat = "d";
     static constexpr int width = 3;

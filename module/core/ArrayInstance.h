@@ -1,12 +1,10 @@
 #pragma once
 
 #include "host/core/Array.h"
-#include "host/services/HVMemory.h"
 #include "module/core/ArrayElement.h"
+#include "module/core/SharedMemory.h"
 #include "runtime/GilLock.h"
 #include "runtime/ValueInstance.h"
-
-#include <limits>
 
 namespace python {
 
@@ -58,20 +56,6 @@ public:
     }
 };
 
-/// Keeps an array's buffer in its place.
-template <typename T>
-class ArrayPin
-{
-public:
-    explicit ArrayPin(core::Array<T>& array) : m_array(array) { m_array.addExport(); }
-    ~ArrayPin() { m_array.releaseExport(); }
-    ArrayPin(const ArrayPin&) = delete;
-    ArrayPin& operator=(const ArrayPin&) = delete;
-
-private:
-    core::Array<T>& m_array;
-};
-
 /// Runs `work`, which reads or writes elements of the two arrays (they may be the same) and touches no Python object.
 /// Other Python threads run meanwhile when it takes long; they can not move the buffers.
 template <typename T, typename Work>
@@ -80,33 +64,24 @@ auto onElements(core::Array<T>& first, core::Array<T>& second, Work work)
     constexpr std::int64_t LongCount = 100'000;
     if (first.count() < LongCount)
         return work();
-    const ArrayPin pinFirst(first);
-    const ArrayPin pinSecond(second);
+    const core::Pin pinFirst(first.exports());
+    const core::Pin pinSecond(second.exports());
     const GilRelease unlocked;
     return work();
 }
 
-/// Whether `count` elements fit into the memory that is free. The system gives out addresses without memory behind them
-/// and ends the program that uses them, so big requests are tested first.
+/// Whether `count` elements fit into the memory that is free.
 template <typename T>
 bool fitsMemory(std::int64_t count)
 {
-    constexpr std::int64_t Untested = std::int64_t(64) << 20;
-    constexpr auto Size = static_cast<std::int64_t>(sizeof(T));
-    if (count <= Untested / Size)
-        return true;
-    return count <= std::numeric_limits<std::int64_t>::max() / Size && count * Size <= hv::availableMemory();
+    return isMemoryAvailableForCopy(byteCount({count, sizeof(T)}));
 }
 
 /// False with BufferError set while a view (a numpy array, a memoryview) uses the array's memory.
 template <typename T>
 bool requireResizable(const core::Array<T>& array)
 {
-    if (!array.isExported()) [[likely]]
-        return true;
-    PyErr_Format(PyExc_BufferError, "%sArray, the size can not change while a view uses the memory of the array",
-                 ArrayElement<T>::word);
-    return false;
+    return requireResizable(array.exports(), ArrayElement<T>::className);
 }
 
 } // namespace python

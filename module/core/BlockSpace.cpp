@@ -1,6 +1,7 @@
 #include "host/georef/BlocSpace.h"
 #include "module/Bindings.h"
 #include "module/core/Reconstruction.h"
+#include "module/core/SharedMemory.h"
 #include "runtime/Errors.h"
 #include "runtime/HeldInstance.h"
 
@@ -23,8 +24,7 @@ SpacePointer makeBlockSpace(int width, int height, int length)
         raise(PyExc_ValueError, "BlockSpace(), dimensions can not be less than 1 (%d, %d, %d)", width, height, length);
     SpacePointer space(new (std::nothrow) BlocSpace(width, height, length));
     if (!space)
-        raise(PyExc_MemoryError, "BlockSpace(), not enough memory for new BlockSpace. Increase the physical memory "
-                                 "dedicated to Strativo in Settings/Optimizations.");
+        raiseNotEnoughMemory("BlockSpace(), not enough memory for new BlockSpace.");
     return space;
 }
 

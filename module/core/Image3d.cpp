@@ -1,7 +1,7 @@
 #include "module/Bindings.h"
-#include "module/core/ImageMemory.h"
 #include "module/core/PixelAccess.h"
 #include "module/core/Reconstruction.h"
+#include "module/core/SharedMemory.h"
 #include "runtime/TextConversion.h"
 
 #include <cstdio>
@@ -19,6 +19,11 @@ using img::Image2d;
 using img::Image3d;
 using ImagePointer = std::shared_ptr<Image3d>;
 
+std::int64_t imageBytes(int width, int height, int length = 1)
+{
+    return byteCount({width, height, length, sizeof(float)});
+}
+
 ImagePointer makeImage(int width, int height, int length)
 {
     if (width < 1 || height < 1 || length < 1)
@@ -26,17 +31,12 @@ ImagePointer makeImage(int width, int height, int length)
               length);
     ImagePointer image(new (std::nothrow) Image3d);
     if (!image)
-        raise(PyExc_MemoryError, "Image3d, not enough memory. Increase the physical memory dedicated to Strativo in "
-                                 "Settings/Optimizations.");
+        raiseNotEnoughMemory("Image3d, not enough memory.");
     if (!isMemoryAvailable(imageBytes(width, height, length)))
-        raise(
-            PyExc_MemoryError,
-            "Image3d, not enough free memory for 3d image with dimensions: (%d, %d, %d). Increase the physical memory "
-            "dedicated to Strativo in Settings/Optimizations.",
-            width, height, length);
+        raiseNotEnoughMemory("Image3d, not enough free memory for 3d image with dimensions: (%d, %d, %d).", width,
+                             height, length);
     if (!image->resize(width, height, length))
-        raise(PyExc_MemoryError, "Image3d, not enough free memory. Increase the physical memory dedicated to Strativo "
-                                 "in Settings/Optimizations.");
+        raiseNotEnoughMemory("Image3d, not enough free memory.");
     return image;
 }
 
@@ -68,18 +68,14 @@ void resize(Image3d& image, int width, int height, int length)
             raisePending();
         return;
     }
-    if (image.isExported())
-        raise(PyExc_BufferError, "Image3d.resize(), can not resize while views of the pixels exist");
+    if (!requireResizable(image.exports(), "Image3d.resize()"))
+        raisePending();
     if (!isMemoryAvailable(imageBytes(width, height, length), image.byteSize()))
-        raise(PyExc_MemoryError,
-              "Image3d.resize(), not enough memory to resize to size (%d, %d, %d). Increase the physical memory "
-              "dedicated to Strativo in Settings/Optimizations.",
-              width, height, length);
+        raiseNotEnoughMemory("Image3d.resize(), not enough memory to resize to size (%d, %d, %d).", width, height,
+                             length);
     if (!image.resize(width, height, length))
-        raise(PyExc_MemoryError,
-              "Image3d.resize(), unable to allocate sufficient memory for size (%d, %d, %d). Increase the physical "
-              "memory dedicated to Strativo in Settings/Optimizations.",
-              width, height, length);
+        raiseNotEnoughMemory("Image3d.resize(), unable to allocate sufficient memory for size (%d, %d, %d).", width,
+                             height, length);
 }
 
 /// Null for a number that is no orientation.
@@ -131,7 +127,7 @@ void setImage(Image3d& image, int orientation, int frame, const bp::object& fram
     if (source.width() != width || source.height() != height)
         raise(PyExc_IndexError, "Image3d, setImage() incompatible sizes (%d, %d) and (%d, %d) for orientation '%s'",
               width, height, source.width(), source.height(), orientationName(orientation));
-    const StorageHold hold(image);
+    const core::Pin pin(image.exports());
     const bool written = withoutLock(source, [&] { return image.setFrame(scan, frame, source); });
     if (!written)
         raise(PyExc_RuntimeError, "Image3d, setImage() unable to write frame %d", frame);

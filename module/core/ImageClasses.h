@@ -22,20 +22,6 @@ void restorePixels(FloatImage& image, const boost::python::object& bytes);
 template <typename Image>
 void installImageBuffer(PyTypeObject* type);
 
-/// Keeps an image's storage in place while the interpreter lock is given away: resizing fails meanwhile. Made and
-/// destroyed with the lock.
-class StorageHold
-{
-public:
-    explicit StorageHold(FloatImage& image) : m_image(image) { m_image.addExport(); }
-    ~StorageHold() { m_image.releaseExport(); }
-    StorageHold(const StorageHold&) = delete;
-    StorageHold& operator=(const StorageHold&) = delete;
-
-private:
-    FloatImage& m_image;
-};
-
 /// Runs `work`, which touches the pixels of `image` but no Python object, without the interpreter lock when it takes
 /// long enough to be worth it.
 template <typename Work>
@@ -44,7 +30,7 @@ auto withoutLock(FloatImage& image, Work work)
     constexpr std::int64_t WorthwhilePixels = 1 << 16;
     if (image.size() < WorthwhilePixels)
         return work();
-    const StorageHold hold(image);
+    const core::Pin pin(image.exports());
     const GilRelease unlocked;
     return work();
 }

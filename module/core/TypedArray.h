@@ -252,7 +252,7 @@ private:
         if (count != array.count())
             return PyErr_Format(PyExc_RuntimeError, "%sArray, the bounds of a slice changed the size", Element::word);
         // Making the list may start a garbage collection, which runs any code.
-        const ArrayPin pin(array);
+        const core::Pin pin(array.exports());
         PyObject* list = PyList_New(static_cast<Py_ssize_t>(positions.number));
         for (std::int64_t i = 0; list && i < positions.number; ++i) {
             PyObject* element = Element::toPython(array[positions.start + i * positions.step]);

@@ -83,7 +83,7 @@ public:
                "class.");
         installConstructor(m_type, Members::construct);
         installSequence(m_type, Members::length, Members::item);
-        installBuffer(m_type, TypedArrayBuffer<T>::get, TypedArrayBuffer<T>::release);
+        installBuffer(m_type, getArrayBuffer<T>, releaseMemory);
         // The names of the other comparisons are those of `object`, so the interpreter would look all of them up first.
         m_type->tp_richcompare = Search::compare;
         PyType_Modified(m_type);

@@ -44,13 +44,10 @@ PyObject* convertArray(const FrameConversion& conversion, Vec3Array& source, con
                             static_cast<long long>(source.count()));
     if (points) {
         const BlocSpace unchanging = space;
-        source.addExport();
-        {
-            const GilRelease unlocked;
-            georef::convertPoints(unchanging, conversion.from, conversion.to, source.data(), points,
-                                  static_cast<std::size_t>(source.count()));
-        }
-        source.releaseExport();
+        const core::Pin pin(source.exports());
+        const GilRelease unlocked;
+        georef::convertPoints(unchanging, conversion.from, conversion.to, source.data(), points,
+                              static_cast<std::size_t>(source.count()));
     }
     return bp::manage_new_object::apply<Vec3Array*>::type()(result.release());
 }

@@ -1,21 +1,16 @@
 #include "host/display/ColorBar.h"
 
-#include "host/data/HVProject.h"
 #include "host/display/PaletteCatalogue.h"
 #include "host/formats/ColorBarFile.h"
-#include "host/services/IAppWrapper.h"
 #include "module/Bindings.h"
-#include "module/CheckedSetter.h"
 #include "module/data/ColorTuple.h"
-#include "runtime/ApplicationInterface.h"
+#include "module/data/DataHandle.h"
 #include "runtime/Errors.h"
 #include "runtime/NumberArguments.h"
 
 #include <boost/python.hpp>
 
-#include <QCoreApplication>
 #include <QFileInfo>
-#include <QThread>
 
 namespace bp = boost::python;
 
@@ -25,57 +20,46 @@ namespace {
 
 using display::ColorBar;
 using display::PaletteCatalogue;
+using Bar = DataHandle<ColorBar>;
 
-/// Through the project when that is where the file belongs, so that everybody hears of it and Undo takes it back; into
-/// the file alone elsewhere, on other threads, and beside another file of the same name.
-bool write(const ColorBar& bar, const QString& filename, QString& reason)
-{
-    const IAppWrapper* app = applicationInterface();
-    HVProject* project = app && QThread::currentThread() == qApp->thread() ? app->currentProject() : nullptr;
-    const auto key = project ? project->keyOf(filename) : std::nullopt;
-    if (!key || key->kind != ObjectKind::ColorBar || project->store().contains(*key))
-        return display::writeColorBar(bar, filename, reason);
-    const auto made = project->store().create(*key, hv::ObjectValue::of(bar), QFileInfo(filename).suffix());
-    if (!made)
-        reason = made.failure().sentence;
-    return static_cast<bool>(made);
-}
-
-void save(ColorBar& self, const QString& filename)
+void save(Bar& self, const QString& filename)
 {
     const QByteArray shown = filename.toUtf8();
     const QFileInfo file(filename);
     if (file.exists())
         raise(PyExc_FileExistsError, "ColorBar, file '%s' already exists", shown.constData());
-    ColorBar renamed = self;
-    if (self.name() != file.completeBaseName()) {
+    Bar renamed = self;
+    if (self->name() != file.completeBaseName()) {
         if (PyErr_WarnEx(PyExc_RuntimeWarning,
                          "ColorBar, filename and ColorBar.name do not match, overwriting ColorBar.name", 1) < 0)
             raisePending();
-        renamed.setName(file.completeBaseName());
+        renamed.edit().setName(file.completeBaseName());
     }
-    QString reason;
-    if (!write(renamed, filename, reason)) {
-        PyErr_SetString(PyExc_IOError, reason.toUtf8().constData());
+    if (const auto saved = renamed.save(ObjectKind::ColorBar, filename, Existing::Refused); !saved) {
+        PyErr_SetString(PyExc_IOError, saved.failure().sentence.toUtf8().constData());
         raiseFromPending(PyExc_IOError, "ColorBar, unable to create file '%s'", shown.constData());
     }
-    self.setName(renamed.name());
+    self = renamed;
 }
 
-ColorBar fromFile(const QString& filename, const QString& name)
+Bar fromFile(const QString& filename, const QString& name)
 {
     const QByteArray shown = filename.toUtf8();
     if (!QFileInfo::exists(filename))
         raise(PyExc_FileNotFoundError, "ColorBar.fromFile(), file '%s' does not exist", shown.constData());
+    if (name.isEmpty())
+        if (auto opened = Bar::open(ObjectKind::ColorBar, filename))
+            return *opened;
+    // One map of several; or once more, for the bare reason.
     QString error;
     const std::optional<ColorBar> bar = display::readColorBar(filename, name, error);
     if (!bar)
         raise(PyExc_IOError, "ColorBar.fromFile(), unable to read file '%s': %s", shown.constData(),
               error.toUtf8().constData());
-    return *bar;
+    return {*bar, filename};
 }
 
-ColorBar namedByType(display::ColorBarType type)
+Bar namedByType(display::ColorBarType type)
 {
     const auto* palette = PaletteCatalogue::instance().find(type);
     if (!palette)
@@ -83,7 +67,7 @@ ColorBar namedByType(display::ColorBarType type)
     return palette->colorBar;
 }
 
-ColorBar namedByIdentifier(const QString& identifier)
+Bar namedByIdentifier(const QString& identifier)
 {
     const auto* palette = PaletteCatalogue::instance().find(identifier);
     if (!palette)
@@ -99,7 +83,7 @@ bp::list paletteNames()
     return names;
 }
 
-int length(const ColorBar& /*self*/)
+int length(const Bar& /*self*/)
 {
     return ColorBar::Count;
 }
@@ -118,26 +102,27 @@ std::size_t entryIndex(const bp::object& index)
     return static_cast<std::size_t>(entry);
 }
 
-bp::object item(const ColorBar& self, const bp::object& index)
+bp::object item(const Bar& self, const bp::object& index)
 {
-    return colorTuple(self.colors()[entryIndex(index)]);
+    return colorTuple(self->colors()[entryIndex(index)]);
 }
 
-void setItem(ColorBar& self, const bp::object& index, const bp::object& color)
+void setItem(Bar& self, const bp::object& index, const bp::object& color)
 {
     const std::size_t entry = entryIndex(index);
-    self.setColor(static_cast<int>(entry), colorFromTuple("ColorBar", color));
+    const QRgb chosen = colorFromTuple("ColorBar", color);
+    self.edit().setColor(static_cast<int>(entry), chosen);
 }
 
-bp::list colors(const ColorBar& self)
+bp::list colors(const Bar& self)
 {
     bp::list all;
-    for (const QRgb color : self.colors())
+    for (const QRgb color : self->colors())
         all.append(colorTuple(color));
     return all;
 }
 
-void setColors(ColorBar& self, const bp::object& sequence)
+void setColors(Bar& self, const bp::object& sequence)
 {
     const Py_ssize_t count = PySequence_Check(sequence.ptr()) ? PySequence_Size(sequence.ptr()) : -1;
     if (count < 0)
@@ -147,18 +132,18 @@ void setColors(ColorBar& self, const bp::object& sequence)
     QVector<QRgb> bands;
     for (Py_ssize_t i = 0; i < count; ++i)
         bands.append(colorFromTuple("ColorBar.colors", owned(PySequence_GetItem(sequence.ptr(), i))));
-    self.setBands(bands);
+    self.edit().setBands(bands);
 }
 
-void setRange(ColorBar& self, double minimum, double maximum)
+void setRange(Bar& self, double minimum, double maximum)
 {
-    if (!self.setRange(minimum, maximum))
+    if (!self.edit().setRange(minimum, maximum))
         raise(PyExc_ValueError, "ColorBar.setRange(), minimum must be less than maximum and both finite");
 }
 
-bp::tuple bounds(const ColorBar& self)
+bp::tuple bounds(const Bar& self)
 {
-    return bp::make_tuple(self.firstBound(), self.lastBound());
+    return bp::make_tuple(self->firstBound(), self->lastBound());
 }
 
 [[noreturn]] void raiseBounds(const char* function)
@@ -166,33 +151,33 @@ bp::tuple bounds(const ColorBar& self)
     raise(PyExc_ValueError, "ColorBar.%s, the bounds must satisfy 0 <= first < last < %d", function, ColorBar::Count);
 }
 
-void setBounds(ColorBar& self, const bp::object& pair)
+void setBounds(Bar& self, const bp::object& pair)
 {
     int first = 0, last = 0;
     if (!PyTuple_Check(pair.ptr()) || PyTuple_GET_SIZE(pair.ptr()) != 2)
         raise(PyExc_TypeError, "ColorBar.bounds, expected a tuple of two integers but got '%s'", typeName(pair));
     if (!PyArg_ParseTuple(pair.ptr(), "ii;ColorBar.bounds, expected a tuple of two integers", &first, &last))
         raisePending();
-    if (!self.setBounds(first, last))
+    if (!self.edit().setBounds(first, last))
         raiseBounds("bounds");
 }
 
-void interpolate(ColorBar& self, int first, int last, display::ColorSpace space)
+void interpolate(Bar& self, int first, int last, display::ColorSpace space)
 {
     if (!display::isColorSpace(space))
         raise(PyExc_ValueError, "ColorBar.interpolate(), unknown colour space %d", static_cast<int>(space));
-    if (!self.interpolate(first, last, space))
+    if (!self.edit().interpolate(first, last, space))
         raiseBounds("interpolate()");
 }
 
-void stretchBounds(ColorBar& self)
+void stretchBounds(Bar& self)
 {
-    self.stretch(self.firstBound(), self.lastBound(), false);
+    self.edit().stretch(self->firstBound(), self->lastBound(), false);
 }
 
-void stretch(ColorBar& self, int first, int last)
+void stretch(Bar& self, int first, int last)
 {
-    if (!self.stretch(first, last, false))
+    if (!self.edit().stretch(first, last, false))
         raiseBounds("stretch()");
 }
 
@@ -209,13 +194,13 @@ std::optional<QRgb> optionalFrom(const char* function, const bp::object& color)
 /// The file format holds everything but the bounds.
 struct Pickling : bp::pickle_suite
 {
-    static bp::tuple getstate(const ColorBar& bar)
+    static bp::tuple getstate(const Bar& bar)
     {
-        const QByteArray map = display::writeColorMap(bar);
+        const QByteArray map = display::writeColorMap(*bar);
         return bp::make_tuple(owned(PyBytes_FromStringAndSize(map.constData(), map.size())), bounds(bar));
     }
 
-    static void setstate(ColorBar& bar, const bp::tuple& state)
+    static void setstate(Bar& bar, const bp::tuple& state)
     {
         const bp::object map = state[0];
         QString error(QStringLiteral("the state is not that of a colour bar"));
@@ -226,7 +211,7 @@ struct Pickling : bp::pickle_suite
                                      : std::nullopt;
         if (!read)
             raise(PyExc_ValueError, "ColorBar.__setstate__(), %s", error.toUtf8().constData());
-        ColorBar restored = *read;
+        Bar restored(*read);
         setBounds(restored, state[1]);
         bar = restored;
     }
@@ -236,7 +221,7 @@ struct Pickling : bp::pickle_suite
 
 void bindColorBar()
 {
-    bp::class_<ColorBar> type(
+    bp::class_<Bar> type(
         "ColorBar",
         "Maps values to colours by 256 entries that span the values from minimum to maximum. A colour is a tuple of "
         "red, green, blue and alpha, each 0 to 255; where one is expected, alpha may be left out (255). Entries are "
@@ -273,7 +258,7 @@ void bindColorBar()
              "setRange(minimum: float, maximum: float) -> None\n\n"
              "Sets the values that the first and the last entry stand for. Raises ValueError unless minimum < maximum.")
         .def(
-            "colorOf", +[](const ColorBar& self, double value) { return colorTuple(self.colorOf(value)); },
+            "colorOf", +[](const Bar& self, double value) { return colorTuple(self->colorOf(value)); },
             bp::args("self", "value"),
             "colorOf(value: float) -> tuple[int, int, int, int]\n\n"
             "The colour of a data value: not-a-number and NO_VALUE give noValueColor, values outside the range "
@@ -285,7 +270,7 @@ void bindColorBar()
              "colour space.\n\n"
              "Raises ValueError unless 0 <= first < last < 256.")
         .def(
-            "interpolate", +[](ColorBar& self) { self.interpolate(); }, bp::args("self"),
+            "interpolate", +[](Bar& self) { self.edit().interpolate(); }, bp::args("self"),
             "interpolate() -> None\n\nBetween the two entries of bounds, in RGB.")
         .def("stretch", stretch, bp::args("self", "first", "last"),
              "stretch(first: int, last: int) -> None\n\n"
@@ -301,33 +286,43 @@ void bindColorBar()
              "why.")
         .def_pickle(Pickling());
     type.add_property(
-            "name", +[](const ColorBar& self) { return self.name(); },
-            checkedSetter("ColorBar.name", &ColorBar::setName),
+            "name", +[](const Bar& self) { return self->name(); },
+            +[](Bar& self, const QString& name) { self.edit().setName(name); },
             "str: The name; the base name of the file that the bar was read from or saved to.")
         .add_property(
             "colors", colors, setColors,
             "list[tuple[int, int, int, int]]: A copy of the 256 entries. Fewer may be assigned: each then fills "
             "an equal part of the bar.")
-        .add_property("minimum", &ColorBar::minimum, "float: The value that the first entry stands for. Read-only.")
-        .add_property("maximum", &ColorBar::maximum, "float: The value that the last entry stands for. Read-only.")
+        .add_property(
+            "filename", +[](const Bar& self) { return self.filename(); },
+            "str: The file that the bar was read from or saved to; empty when there is none. Read-only.")
+        .add_property(
+            "minimum", +[](const Bar& self) { return self->minimum(); },
+            "float: The value that the first entry stands for. Read-only.")
+        .add_property(
+            "maximum", +[](const Bar& self) { return self->maximum(); },
+            "float: The value that the last entry stands for. Read-only.")
         .add_property("bounds", bounds, setBounds,
                       "tuple[int, int]: Two marked entries, first < last; (0, 255) at first.")
         .add_property(
-            "noValueColor", +[](const ColorBar& self) { return colorTuple(self.noValueColor()); },
-            +[](ColorBar& self, const bp::object& color) {
-                self.setNoValueColor(colorFromTuple("ColorBar.noValueColor", color));
+            "noValueColor", +[](const Bar& self) { return colorTuple(self->noValueColor()); },
+            +[](Bar& self, const bp::object& color) {
+                const auto chosen = colorFromTuple("ColorBar.noValueColor", color);
+                self.edit().setNoValueColor(chosen);
             },
             "tuple[int, int, int, int]: For samples without a value; transparent at first.")
         .add_property(
-            "belowColor", +[](const ColorBar& self) { return optionalColor(self.belowColor()); },
-            +[](ColorBar& self, const bp::object& color) {
-                self.setBelowColor(optionalFrom("ColorBar.belowColor", color));
+            "belowColor", +[](const Bar& self) { return optionalColor(self->belowColor()); },
+            +[](Bar& self, const bp::object& color) {
+                const auto chosen = optionalFrom("ColorBar.belowColor", color);
+                self.edit().setBelowColor(chosen);
             },
             "tuple[int, int, int, int] | None: For values below minimum; None takes the first entry.")
         .add_property(
-            "aboveColor", +[](const ColorBar& self) { return optionalColor(self.aboveColor()); },
-            +[](ColorBar& self, const bp::object& color) {
-                self.setAboveColor(optionalFrom("ColorBar.aboveColor", color));
+            "aboveColor", +[](const Bar& self) { return optionalColor(self->aboveColor()); },
+            +[](Bar& self, const bp::object& color) {
+                const auto chosen = optionalFrom("ColorBar.aboveColor", color);
+                self.edit().setAboveColor(chosen);
             },
             "tuple[int, int, int, int] | None: For values above maximum; None takes the last entry.");
 }

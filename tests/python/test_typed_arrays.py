@@ -184,7 +184,7 @@ class Memory(Family):
                            lambda: a.extend(values), lambda: a.extend(a), lambda: a.extend([]), a.clear,
                            lambda: a.__init__(3), lambda: a.extend(memoryview(a)),
                            lambda: a.__setstate__(cls().__reduce__()[2])):
-                self.assertRaises(BufferError, change)
+                self.assertRaisesRegex(BufferError, "Array, the size can not change while a view uses the memory$", change)
             self.assertEqual(plain(a), before)
             a.reverse()
             self.assertEqual(plain(a), before[::-1])

@@ -3839,6 +3839,9 @@ class ColorBar:
     @colors.setter
     def colors(self, value: list[tuple[int, int, int, int]]) -> None: ...
     @property
+    def filename(self) -> str:
+        """The file that the bar was read from or saved to; empty when there is none. Read-only."""
+    @property
     def minimum(self) -> float:
         """The value that the first entry stands for. Read-only."""
     @property

@@ -104,9 +104,9 @@ TYPED_TEST(Arrays, ExportsHoldTheBuffer)
     Array<TypeParam> a;
     fillWithNumbers(a, 6);
     ASSERT_TRUE(a.setExtents(3, 2));
-    a.addExport();
-    a.addExport();
-    a.releaseExport();
+    a.exports().add();
+    a.exports().add();
+    a.exports().release();
     ASSERT_TRUE(a.isExported());
     const auto* buffer = a.data();
     EXPECT_FALSE(a.append(TypeParam()));
@@ -118,7 +118,7 @@ TYPED_TEST(Arrays, ExportsHoldTheBuffer)
     EXPECT_EQ(a.data(), buffer);
     EXPECT_EQ(a.count(), 6);
     EXPECT_EQ(a.extentY() * a.extentZ(), 6);
-    a.releaseExport();
+    a.exports().release();
     ASSERT_TRUE(a.append(TypeParam()));
     EXPECT_EQ(a.extentY(), 1);
 }

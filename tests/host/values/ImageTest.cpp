@@ -50,10 +50,10 @@ TEST(Image2d, ExtentsAndContent)
     EXPECT_FALSE(Image2d::create(0, 10));
     EXPECT_FALSE(image->resize(1, -1));
     EXPECT_FALSE(Image3d::create(std::numeric_limits<int>::max(), std::numeric_limits<int>::max(), 2));
-    image->addExport();
+    image->exports().add();
     EXPECT_FALSE(image->resize(1, 1));
     EXPECT_EQ(image->size(), 6);
-    image->releaseExport();
+    image->exports().release();
     EXPECT_TRUE(image->resize(1, 1));
 }
 
