@@ -6,12 +6,12 @@ packages=(
   # compilers and build
   build-essential cmake ninja-build ccache
   # what the product is made of; its interpreter is the system's, /usr/bin/python3
-  qtbase5-dev libqt5svg5-dev libboost-python-dev libproj-dev
+  qtbase5-dev libqt5svg5-dev libboost-python-dev libproj-dev libsegyio-dev
   python3 python3-dev python3-distutils python3-jedi python3-parso python3-pip python3-pip-whl python3-numpy
   # documentation
   python3-sphinx furo
   # tests and pictures: windows are drawn without a screen and need a font all the same
-  libgtest-dev python3-joblib xvfb xauth xdotool imagemagick fonts-dejavu-core libgl1-mesa-dri
+  libgtest-dev python3-joblib python3-segyio python3-zarr xvfb xauth xdotool imagemagick fonts-dejavu-core libgl1-mesa-dri
   # style checks
   clang-format clang-tidy
 )
