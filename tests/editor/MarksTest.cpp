@@ -19,8 +19,8 @@ protected:
                 log += QStringLiteral("%1%2:%3 ").arg(sign, file).arg(line).toStdString();
             };
         };
-        QObject::connect(&view, &HVPythonTextEdit::breakpointAdded, note(QStringLiteral("+")));
-        QObject::connect(&view, &HVPythonTextEdit::breakpointRemoved, note(QStringLiteral("-")));
+        QObject::connect(&view, &HVPythonTextEdit::breakpointAdded, &listener, note(QStringLiteral("+")));
+        QObject::connect(&view, &HVPythonTextEdit::breakpointRemoved, &listener, note(QStringLiteral("-")));
     }
     void clickGutter(int line, Qt::MouseButton button = Qt::LeftButton)
     {
@@ -44,6 +44,7 @@ protected:
         return all;
     }
     std::string log;
+    QObject listener; // goes before the log, for the editor clears its breakpoints when it goes
 };
 
 TEST_F(Marks, theGutterIsAsWideAsItsNumbers)
