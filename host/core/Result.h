@@ -18,6 +18,8 @@ struct [[nodiscard]] Failure
     /// Where the cause stands in a file; 0 when it stands in no line. The sentence names both already.
     QString file = {};
     int line = 0;
+    /// The system's error number when it was the system that refused, for callers who hand it on; else 0.
+    int systemError = 0;
 
     Failure(QString text) : sentence(std::move(text)) {}
     Failure(QString text, QString inFile, int inLine = 0)

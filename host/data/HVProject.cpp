@@ -1,8 +1,8 @@
 #include "host/data/HVProject.h"
 
-#include "host/data/SettingNames.h"
 #include "host/formats/JsonFile.h"
 #include "host/formats/PartFile.h"
+#include "host/formats/SettingNames.h"
 #include "host/objects/NaturalOrder.h"
 #include "host/services/HVEventBus.h"
 

@@ -121,22 +121,30 @@ bool PartFile::write(const QByteArray& bytes, QString& error)
             return failed(error);
         done += std::max<ssize_t>(written, 0);
     }
-    if (ftruncate(m_descriptor, bytes.size()) != 0)
-        return failed(error);
-    // Some disks tell only here that they have no room. Others know no such request.
-    if (fsync(m_descriptor) != 0 && errno != EINVAL && errno != EROFS && errno != ENOTSUP)
-        return failed(error);
-    return true;
+    return ftruncate(m_descriptor, bytes.size()) == 0 || failed(error);
 }
 
 bool PartFile::commit(const QByteArray& bytes, QString& error)
 {
-    const bool isWhole =
-        write(bytes, error) && (std::rename(m_part.constData(), m_target.constData()) == 0 || failed(error));
+    if (write(bytes, error))
+        return putInPlace(error);
+    discard();
+    return false;
+}
+
+bool PartFile::putInPlace(QString& error)
+{
+    const bool isWhole = sync(error) && (std::rename(m_part.constData(), m_target.constData()) == 0 || failed(error));
     if (isWhole)
         m_part.clear();
     discard();
     return isWhole;
+}
+
+bool PartFile::sync(QString& error)
+{
+    // Some disks tell only here that they have no room. Others know no such request.
+    return fsync(m_descriptor) == 0 || errno == EINVAL || errno == EROFS || errno == ENOTSUP || failed(error);
 }
 
 void PartFile::discard()

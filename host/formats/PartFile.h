@@ -31,11 +31,17 @@ public:
     /// Writes the bytes through to the disk and puts the file into its place. Closes the part, whatever becomes of it.
     bool commit(const QByteArray& bytes, QString& error);
 
+    /// For writers of what is too large to be held: the part, empty, to be written in any order until putInPlace().
+    int descriptor() const { return m_descriptor; }
+    /// The end of commit(), when the bytes are in the part already.
+    bool putInPlace(QString& error);
+
     void discard();
 
 private:
     bool create(QString& error);
     bool write(const QByteArray& bytes, QString& error);
+    bool sync(QString& error);
 
     QByteArray m_target;
     QByteArray m_part;

@@ -40,6 +40,12 @@ constexpr std::size_t Ahead = 8;
 
 void transpose(const float* source, float* target, std::size_t width, std::size_t height)
 {
+    transpose(source, width, target, height, width, height);
+}
+
+void transpose(const float* source, std::size_t sourceStride, float* target, std::size_t targetStride,
+               std::size_t width, std::size_t height)
+{
     // A tile is turned in a buffer of its own and leaves it in whole cache lines: rows whose distance is a power of two
     // share few places in the cache and would push each other out before a line is full.
     alignas(64) float tile[Tile][Tile];
@@ -47,21 +53,21 @@ void transpose(const float* source, float* target, std::size_t width, std::size_
         const std::size_t columns = std::min(Tile, width - x);
         for (std::size_t y = 0; y < height; y += Tile) {
             const std::size_t rows = std::min(Tile, height - y);
-            const float* corner = source + y * width + x;
+            const float* corner = source + y * sourceStride + x;
             if (rows == Tile && columns == Tile) {
                 for (std::size_t r = 0; r < Tile && y + Tile + r < height; ++r)
                     for (std::size_t c = 0; c < Tile; c += CacheLine)
-                        __builtin_prefetch(corner + (Tile + r) * width + c);
+                        __builtin_prefetch(corner + (Tile + r) * sourceStride + c);
                 for (std::size_t r = 0; r < Tile; r += 4)
                     for (std::size_t c = 0; c < Tile; c += 4)
-                        transposeFour(corner + r * width + c, width, &tile[c][r], Tile);
+                        transposeFour(corner + r * sourceStride + c, sourceStride, &tile[c][r], Tile);
             } else {
                 for (std::size_t r = 0; r < rows; ++r)
                     for (std::size_t c = 0; c < columns; ++c)
-                        tile[c][r] = corner[r * width + c];
+                        tile[c][r] = corner[r * sourceStride + c];
             }
             for (std::size_t c = 0; c < columns; ++c)
-                std::copy_n(tile[c], rows, target + (x + c) * height + y);
+                std::copy_n(tile[c], rows, target + (x + c) * targetStride + y);
         }
     }
 }

@@ -1,4 +1,4 @@
-#include "host/data/SettingNames.h"
+#include "host/formats/SettingNames.h"
 
 #include <array>
 #include <utility>

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-/// Units and domains as the project file writes them.
+/// Units and domains as files write them.
 namespace hv {
 
 QString unitName(georef::Unit unit);
