@@ -29,6 +29,8 @@ MAY_INCLUDE = {
     "host/objects": ["host/changes", "host/core", "host/formats", "host/kinds", "host/services"],
     "host/jobs": ["host/core", "host/kinds", "host/objects", "host/services"],
     "host/segy": VALUES + ["host/formats", "host/jobs", "host/volume"],
+    "host/volume": VALUES + ["host/formats", "host/jobs"],
+    "host/kinds/volume": VALUES + ["host/formats", "host/kinds", "host/kinds/demo", "host/volume"],
     "host/data": VALUES + STORE + ["host/services"],
     "host/data/demo": VALUES + STORE + ["host/kinds/demo", "host/services"],
     # Windows.
@@ -59,7 +61,7 @@ MAY_INCLUDE = {
 TOP_FOLDERS = ["host", "runtime", "module", "plugins", "editor", "app"]
 # Folders of the data half; Qt's classes of windows are unknown there.
 DATA_HALF = ["host/changes", "host/core", "host/geom", "host/georef", "host/img", "host/display", "host/formats",
-             "host/kinds*", "host/segy", "host/services", "host/objects", "host/jobs", "host/data*"]
+             "host/kinds*", "host/segy", "host/services", "host/objects", "host/jobs", "host/volume", "host/data*"]
 
 LOCK_CALLS = re.compile(r"\b(PyGILState_(Ensure|Release|STATE)|PyEval_(SaveThread|RestoreThread|AcquireThread|ReleaseThread)"
                         r"|PyThreadState_Swap|Py_(BEGIN|END|BLOCK|UNBLOCK)(_ALLOW)?_THREADS)\b")
