@@ -1,5 +1,6 @@
 #include "host/objects/ObjectStore.h"
 
+#include "host/formats/FileCopy.h"
 #include "host/kinds/IObjectKind.h"
 #include "host/objects/StoredChanges.h"
 
@@ -320,9 +321,45 @@ void ObjectStore::enterContent(const ObjectKey& key, const QString& suffix, cons
 {
     if (const auto object = held(key)) {
         object->m_path = pathOf(key, suffix);
-        object->replace(value, FileStamp::of(object->m_path));
+        object->replace(objectKind(key.kind).readsFile() ? ObjectValue() : value, FileStamp::of(object->m_path));
     }
     noteContent(key, {});
+}
+
+Result<void> ObjectStore::duplicate(const ObjectKey& key, const QString& newName)
+{
+    const ObjectKey copy{key.kind, newName};
+    const auto file = listing(key.kind).find(key.name);
+    if (!file)
+        return Failure(tr("%1 is not there.").arg(shown(key)));
+    if (!isObjectName(newName))
+        return Failure(tr("'%1' cannot be the name of an object.").arg(newName));
+    if (contains(copy))
+        return Failure(tr("There is an object '%1' already.").arg(newName));
+    if (auto copied = copyWholeFile(pathOf(key, file->suffix), pathOf(copy, file->suffix)); !copied)
+        return copied;
+    return adopt(copy);
+}
+
+Result<void> ObjectStore::adopt(const ObjectKey& key)
+{
+    const bool isListed = contains(key);
+    const auto file = fileOf(key, {});
+    if (!file)
+        return Failure(tr("%1 is not there.").arg(shown(key)));
+    m_folders[key.kind].listing.put(*file);
+    if (!isListed)
+        m_events.added(key);
+    tellSoon();
+    m_log.record(std::make_unique<StoredPresence>(*this, key, file->suffix), tr("Create %1").arg(shown(key)));
+    return {};
+}
+
+void ObjectStore::changedInPlace(const ObjectKey& key, const CellRegion& region)
+{
+    if (const auto object = held(key))
+        object->replace({}, FileStamp::of(object->m_path));
+    noteContent(key, region);
 }
 
 Result<void> ObjectStore::rename(const ObjectKey& key, const QString& newName)

@@ -51,6 +51,13 @@ public:
     Result<void> create(const ObjectKey& key, const ObjectValue& value, const QString& suffix = {});
     /// Replaces what the object holds, or makes a new one.
     Result<void> save(const ObjectKey& key, const ObjectValue& value);
+    /// A new object of the same content; refused when there is one.
+    Result<void> duplicate(const ObjectKey& key, const QString& newName);
+    /// An object whose file was made in its place by work that does not know of the store: told and recorded like one
+    /// that was created here.
+    Result<void> adopt(const ObjectKey& key);
+    /// The object's file was written into, where it lies; `region` is what differs. Whoever writes records the change.
+    void changedInPlace(const ObjectKey& key, const CellRegion& region);
     Result<void> rename(const ObjectKey& key, const QString& newName);
     /// Puts the object's file into the project's trash.
     Result<void> remove(const ObjectKey& key);
