@@ -37,6 +37,9 @@ public:
 
     virtual const ObjectKindInfo& info() const = 0;
 
+    /// Whether values go on reading the file that they come from: another file needs another value, even of the same
+    /// content.
+    virtual bool readsFile() const { return false; }
     /// The value that a file holds. A failure is one sentence that names the file.
     virtual Result<ObjectValue> read(const QString& path) const = 0;
     /// Replaces the file as a whole, or leaves it as it was.

@@ -4,7 +4,9 @@
 #include "host/kinds/crs/CrsKind.h"
 #include "host/kinds/culture/CultureKind.h"
 #include "host/kinds/plain/PlainKind.h"
+#include "host/kinds/randomline/RandomLineKind.h"
 #include "host/kinds/script/ScriptKind.h"
+#include "host/kinds/volume/VolumeKind.h"
 #include "host/kinds/well/WellKind.h"
 
 #include <algorithm>
@@ -22,7 +24,7 @@ const Kinds& kinds()
     const auto make = [] {
         Kinds all;
         const auto plain = [&](const ObjectKindInfo& info) { all.push_back(std::make_unique<PlainKind>(info)); };
-        plain({ObjectKind::Volume, "Volume", "Volumes", "volumes", "svol", "volume_24"});
+        all.push_back(std::make_unique<VolumeKind>());
         plain({ObjectKind::Survey, "Survey", "Surveys", "surveys", "survey", "map_24"});
         plain({ObjectKind::Model, "Model", "Models", "models", "model", "tabs_24"});
         plain({ObjectKind::ExtractionArea, "Extraction Area", "Extraction Areas", "extraction-areas", "area",
@@ -37,7 +39,7 @@ const Kinds& kinds()
         plain({ObjectKind::Geobody, "Geobody", "Geobodies", "geobodies", "geobody", "opacity_24"});
         plain({ObjectKind::MultiZ, "Multi-Z Surface", "Multi-Z Surfaces", "multi-z", "multiz", "cascade_24"});
         all.push_back(std::make_unique<ColorBarKind>());
-        plain({ObjectKind::RandomLine, "Random Line", "Random Lines", "random-lines", "randomline", "2dlinesmall"});
+        all.push_back(std::make_unique<RandomLineKind>());
         plain({ObjectKind::RandomLineSet, "Random Line Set", "Random Line Sets", "random-line-sets", "lineset",
                "list_24"});
         plain({ObjectKind::Horizon2d, "2D Horizon", "2D Horizons", "horizons-2d", "horizon2d", "horizon_24"});

@@ -47,6 +47,8 @@ public:
     /// as const and at any time: see FileMapping for what becomes of a file that is truncated.
     const float* order(georef::ScanOrientation orientation) const;
     const std::shared_ptr<const FileMapping>& mapping() const { return m_mapping; }
+    /// Of the open file, for whoever copies it.
+    int descriptor() const { return m_file.number(); }
     /// False once a part of the file was lost while it was open.
     Result<void> check() const;
 

@@ -30,6 +30,7 @@ MAY_INCLUDE = {
     "host/jobs": ["host/core", "host/kinds", "host/objects", "host/services"],
     "host/segy": VALUES + ["host/formats", "host/jobs", "host/volume"],
     "host/volume": VALUES + ["host/formats", "host/jobs"],
+    "host/kinds/randomline": VALUES + ["host/kinds", "host/kinds/demo", "host/kinds/text", "host/volume"],
     "host/kinds/volume": VALUES + ["host/formats", "host/kinds", "host/kinds/demo", "host/volume"],
     "host/data": VALUES + STORE + ["host/services"],
     "host/data/demo": VALUES + STORE + ["host/kinds/demo", "host/services"],

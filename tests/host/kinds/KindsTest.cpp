@@ -63,7 +63,7 @@ TEST(Kinds, whatTheDemonstrationHasComesBackFromTheDiskAndIsShown)
         ASSERT_FALSE(missing);
         EXPECT_TRUE(missing.failure().sentence.contains("none")) << "names the file";
     }
-    EXPECT_EQ(shown, 6);
+    EXPECT_EQ(shown, 10);
 }
 
 TEST(Kinds, referenceSystemsScriptsAndPlainFiles)
