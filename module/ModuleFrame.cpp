@@ -2,6 +2,7 @@
 
 #include "module/ArgumentErrors.h"
 #include "module/Bindings.h"
+#include "module/PathArgument.h"
 #include "runtime/EnumerationLookup.h"
 #include "runtime/NumberArguments.h"
 #include "runtime/TextConversion.h"
@@ -22,6 +23,7 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::registerTextConversion();
     python::registerVariantConversion();
     python::registerNumberConversion();
+    python::registerPathConversion();
 
     python::bindIntArray();
     python::bindFloatArray();

@@ -5,6 +5,7 @@
 #include "runtime/StreamCaptureBinding.h"
 
 #include <cstdarg>
+#include <string>
 
 namespace bp = boost::python;
 
@@ -61,6 +62,28 @@ long long requireInt(const bp::object& argument, const char* format)
     if (!toIndex(argument.ptr(), value, format))
         raisePending();
     return value;
+}
+
+long long requirePosition(const bp::object& argument, const char* format)
+{
+    long long value = 0;
+    if (!toPosition(argument.ptr(), value, format))
+        raisePending();
+    return value;
+}
+
+int requireInside(long long position, int count, const char* where)
+{
+    if (!isValidIndex(position, count))
+        raise(PyExc_IndexError, "%s, index (%d) out of range (%d -> %d)", where, saturated(position), 0, count - 1);
+    return static_cast<int>(position);
+}
+
+int requireIndex(const bp::object& argument, int count, const char* where)
+{
+    return requireInside(
+        requirePosition(argument, (std::string(where) + ", expected 'int' but got '%s' instead").c_str()), count,
+        where);
 }
 
 bp::object owned(PyObject* newReference)

@@ -62,6 +62,13 @@ QString requireStr(const boost::python::object& argument, const char* format);
 /// TypeError as above, a value beyond 64 bits an OverflowError.
 long long requireInt(const boost::python::object& argument, const char* format);
 
+/// A position: as requireInt(), but one beyond 64 bits lies outside of everything like any other.
+long long requirePosition(const boost::python::object& argument, const char* format);
+/// [0, count); IndexError "<where>, index (%d) out of range (0 -> %d)" otherwise.
+int requireInside(long long position, int count, const char* where);
+/// Both, with TypeError "<where>, expected 'int' but got '%s' instead".
+int requireIndex(const boost::python::object& argument, int count, const char* where);
+
 /// Takes over a new reference; null unwinds with the pending exception.
 boost::python::object owned(PyObject* newReference);
 

@@ -2,10 +2,12 @@
 
 #include "runtime/Errors.h"
 #include "runtime/QtCall.h"
+#include "runtime/Ref.h"
 
 #include <boost/python.hpp>
 
 #include <cstring>
+#include <limits>
 
 namespace bp = boost::python;
 
@@ -49,6 +51,22 @@ bool isForeignNumber(PyObject* object)
         return isSingleNumber(object);
     return !(type->tp_as_sequence && type->tp_as_sequence->sq_length) &&
            !(type->tp_as_mapping && type->tp_as_mapping->mp_length);
+}
+
+void* convertibleToInt(PyObject* object)
+{
+    return !PyLong_Check(object) && PyIndex_Check(object) ? object : nullptr;
+}
+
+void constructInt(PyObject* object, bp::converter::rvalue_from_python_stage1_data* data)
+{
+    long long value = 0;
+    if (!toIndexSlowly(object, value, "expected 'int' but got '%s'"))
+        raisePending();
+    if (value != saturated(value))
+        raise(PyExc_OverflowError, "%lld does not fit 32 bits", value);
+    void* memory = reinterpret_cast<bp::converter::rvalue_from_python_storage<int>*>(data)->storage.bytes;
+    data->convertible = new (memory) int(static_cast<int>(value));
 }
 
 template <typename Number>
@@ -95,19 +113,32 @@ bool toIndexSlowly(PyObject* object, long long& value, const char* format)
         return false;
     }
     const QtCall::Guard guard; // as above
-    PyObject* integer = PyNumber_Index(object);
+    const Ref integer = Ref::steal(PyNumber_Index(object));
     if (!integer)
         return false;
-    const long long converted = PyLong_AsLongLong(integer);
-    Py_DECREF(integer);
+    const long long converted = PyLong_AsLongLong(integer.get());
     if (converted == -1 && PyErr_Occurred())
         return false;
     value = converted;
     return true;
 }
 
+bool toPosition(PyObject* object, long long& value, const char* format)
+{
+    if (toIndex(object, value, format)) [[likely]]
+        return true;
+    if (!PyErr_ExceptionMatches(PyExc_OverflowError))
+        return false;
+    PyErr_Clear();
+    const Ref zero = Ref::steal(PyLong_FromLong(0));
+    const int isNegative = zero ? PyObject_RichCompareBool(object, zero.get(), Py_LT) : -1;
+    value = isNegative == 1 ? std::numeric_limits<long long>::min() : std::numeric_limits<long long>::max();
+    return isNegative >= 0;
+}
+
 void registerNumberConversion()
 {
+    bp::converter::registry::push_back(convertibleToInt, constructInt, bp::type_id<int>());
     bp::converter::registry::push_back(convertible<double>, construct<double>, bp::type_id<double>());
     bp::converter::registry::push_back(convertible<float>, construct<float>, bp::type_id<float>());
 }

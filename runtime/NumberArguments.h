@@ -44,8 +44,13 @@ inline bool toIndex(PyObject* object, long long& value, const char* format)
     return toIndexSlowly(object, value, format);
 }
 
-/// Lets the binding layer's functions take the same numbers for their floating-point parameters. For plain float and
-/// int nothing changes. Called once, before any function is registered.
+/// The same for a position in something: one beyond 64 bits becomes the outermost one on its side, which is outside
+/// like any other.
+bool toPosition(PyObject* object, long long& value, const char* format);
+
+/// Lets the binding layer's functions take the same numbers for their parameters: what converts to int without loss is
+/// an int, with OverflowError beyond 32 bits. For plain float and int nothing changes. Called once, before any function
+/// is registered.
 void registerNumberConversion();
 
 } // namespace python

@@ -1,5 +1,6 @@
 #include "host/services/IAppWrapper.h"
 #include "host/widgets/HVPluginContributions.h"
+#include "module/Conversion.h"
 #include "module/app/ApplicationFunctions.h"
 #include "module/gui/PartArgument.h"
 #include "module/gui/Widgets.h"
@@ -55,7 +56,7 @@ QToolBar* findToolBar(const QMainWindow& window, const QString& name)
 bp::object addMainWindowMenu(const bp::object& title)
 {
     requirePlugin("addMainWindowMenu() can only be executed from the context of a plugin");
-    const QString text = requireStr(title, "addMainWindowMenu(), expected 'str' but got '%s' instead");
+    const QString text = Argument<QString>::from(title.ptr(), "addMainWindowMenu()");
     QMenu* menu = findMenu(text, g_queryRefused);
     QMenuBar* bar = menuBar();
     if (!menu && !bar)
@@ -73,14 +74,14 @@ bp::object addMainWindowMenu(const bp::object& title)
 
 bp::object getMainWindowMenu(const bp::object& title)
 {
-    const QString text = requireStr(title, "getMainWindowMenu(), expected 'str' but got '%s' instead");
+    const QString text = Argument<QString>::from(title.ptr(), "getMainWindowMenu()");
     return wrapObject<MenuHandle>(findMenu(text, g_queryRefused));
 }
 
 bool removeMainWindowMenu(const bp::object& title)
 {
     requirePlugin("removeMainWindowMenu() can only be executed from the context of a plugin");
-    const QString text = requireStr(title, "removeMainWindowMenu(), expected 'str' but got '%s' instead");
+    const QString text = Argument<QString>::from(title.ptr(), "removeMainWindowMenu()");
     QMenu* menu = findMenu(text, g_removalRefused);
     if (!menu)
         return false;
@@ -93,7 +94,7 @@ bool removeMainWindowMenu(const bp::object& title)
 bp::object addMainWindowToolBar(const bp::object& name)
 {
     requirePlugin("addMainWindowToolBar() can only be executed from the context of a plugin");
-    const QString text = requireStr(name, "addMainWindowToolBar(), expected 'str' but got '%s' instead");
+    const QString text = Argument<QString>::from(name.ptr(), "addMainWindowToolBar()");
     if (text.isEmpty())
         raise(PyExc_ValueError, "addMainWindowToolBar(), the name must not be empty");
     if (hv::isOwnPartName(text))
@@ -113,7 +114,7 @@ bp::object addMainWindowToolBar(const bp::object& name)
 bool removeMainWindowToolBar(const bp::object& name)
 {
     requirePlugin("removeMainWindowToolBar() can only be executed from the context of a plugin");
-    const QString text = requireStr(name, "removeMainWindowToolBar(), expected 'str' but got '%s' instead");
+    const QString text = Argument<QString>::from(name.ptr(), "removeMainWindowToolBar()");
     QMainWindow* window = applicationWindow();
     QToolBar* bar = window ? findToolBar(*window, text) : nullptr;
     if (!bar)

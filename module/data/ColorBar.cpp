@@ -3,6 +3,7 @@
 #include "host/display/PaletteCatalogue.h"
 #include "host/formats/ColorBarFile.h"
 #include "module/Bindings.h"
+#include "module/PathArgument.h"
 #include "module/data/ColorTuple.h"
 #include "module/data/DataHandle.h"
 #include "runtime/Errors.h"
@@ -22,8 +23,9 @@ using display::ColorBar;
 using display::PaletteCatalogue;
 using Bar = DataHandle<ColorBar>;
 
-void save(Bar& self, const QString& filename)
+void save(Bar& self, const PathText& path)
 {
+    const QString filename = path.text;
     const QByteArray shown = filename.toUtf8();
     const QFileInfo file(filename);
     if (file.exists())
@@ -42,8 +44,9 @@ void save(Bar& self, const QString& filename)
     self = renamed;
 }
 
-Bar fromFile(const QString& filename, const QString& name)
+Bar fromFile(const PathText& path, const QString& name)
 {
+    const QString filename = path.text;
     const QByteArray shown = filename.toUtf8();
     if (!QFileInfo::exists(filename))
         raise(PyExc_FileNotFoundError, "ColorBar.fromFile(), file '%s' does not exist", shown.constData());
@@ -90,13 +93,7 @@ int length(const Bar& /*self*/)
 
 std::size_t entryIndex(const bp::object& index)
 {
-    long long entry = -1;
-    if (!toIndex(index.ptr(), entry, "ColorBar, expected 'int' but got '%s'")) {
-        if (!PyErr_ExceptionMatches(PyExc_OverflowError))
-            raisePending();
-        PyErr_Clear();
-        entry = -1;
-    }
+    const long long entry = requirePosition(index, "ColorBar, expected 'int' but got '%s'");
     if (!isValidIndex(entry, ColorBar::Count))
         raise(PyExc_IndexError, "ColorBar, index %R is not in [0, %d)", index.ptr(), ColorBar::Count);
     return static_cast<std::size_t>(entry);
@@ -229,7 +226,7 @@ void bindColorBar()
         bp::no_init);
     type.def(bp::init<>(bp::args("self"), "ColorBar() -> None\n\nA grey scale from black to white over [0, 1]."))
         .def("fromFile", fromFile, (bp::arg("filename"), bp::arg("name") = QString()),
-             "fromFile(filename: str, name: str = '') -> ColorBar\n\n"
+             "fromFile(filename: str | os.PathLike, name: str = '') -> ColorBar\n\n"
              "Reads a ParaView colour map (.json) or a GMT colour palette table (.cpt). name picks one of several "
              "colour "
              "maps in a file.\n\n"
@@ -279,7 +276,7 @@ void bindColorBar()
              "Raises ValueError unless 0 <= first < last < 256.")
         .def("stretch", stretchBounds, bp::args("self"), "stretch() -> None\n\nThe entries between the two of bounds.")
         .def("save", save, bp::args("self", "filename"),
-             "save(filename: str) -> None\n\n"
+             "save(filename: str | os.PathLike) -> None\n\n"
              "Writes a new file: a GMT colour palette table when the suffix is .cpt, otherwise a ParaView colour map "
              "(JSON). The name becomes the file's base name, with a RuntimeWarning when it was another.\n\n"
              "Raises FileExistsError when there is a file already, IOError when it can not be written; its cause says "

@@ -1,4 +1,5 @@
 #include "module/Bindings.h"
+#include "module/Conversion.h"
 #include "module/gui/Connector.h"
 #include "module/gui/Property.h"
 #include "module/gui/Widgets.h"
@@ -13,7 +14,7 @@ bp::object addAction(QWidget& place, const char* function, const bp::object& tex
                      const bp::object& icon)
 {
     const std::string name(function);
-    const QString label = requireStr(text, (name + ", expected 'str' but got '%s' instead").c_str());
+    const QString label = Argument<QString>::from(text.ptr(), function);
     if (!PyCallable_Check(callable.ptr()))
         raise(PyExc_TypeError, (name + ", expected callable object, but got '%s' instead").c_str(), typeName(callable));
     const bp::extract<const IconHandle&> given(icon);

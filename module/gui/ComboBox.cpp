@@ -18,19 +18,12 @@ using PyComboBox = Wrapper<QComboBoxIndirect>;
 
 constexpr ConstructorArguments g_arguments = {{"parent", "parentWidget"}};
 
-/// `what` is the class and member that the message begins with.
-void requireIndex(int index, int count, const char* what)
-{
-    if (!isValidIndex(index, count))
-        raise(PyExc_IndexError, "%s, index (%d) out of range (%d -> %d)", what, index, 0, count - 1);
-}
-
 /// An argument's own code may change the box, so the count is asked for after it.
-int requireIndex(const Handle<QComboBox>& handle, const bp::object& index, const char* what, int beyond = 0)
+int requireItem(const Handle<QComboBox>& handle, const bp::object& index, const char* where, int beyond = 0)
 {
-    const int number = Argument<int>::from(index.ptr(), what);
-    requireIndex(number, handle.get().count() + beyond, what);
-    return number;
+    const long long position =
+        requirePosition(index, (std::string(where) + ", expected 'int' but got '%s' instead").c_str());
+    return requireInside(position, handle.get().count() + beyond, where);
 }
 
 /// A box that lists what another part of the application has would ignore it without a word. `method` is its name with
@@ -46,7 +39,7 @@ QComboBox& withOwnItems(const Handle<QComboBox>& handle, const char* method)
 void setCurrentIndex(QComboBox& box, int index)
 {
     if (index != -1)
-        requireIndex(index, box.count(), "ComboBox.currentIndex");
+        requireInside(index, box.count(), "ComboBox.currentIndex");
     box.setCurrentIndex(index);
 }
 
@@ -133,7 +126,7 @@ void insertItem(const Handle<QComboBox>& handle, const bp::object& index, const 
 {
     const Item item = readItem(text, icon, userData, g_insertItem);
     withOwnItems(handle, "ComboBox.insertItem()");
-    const int number = requireIndex(handle, index, "ComboBox.insertItem()", 1);
+    const int number = requireItem(handle, index, "ComboBox.insertItem()", 1);
     handle.get().insertItem(number, item.icon, item.text, item.data);
 }
 
@@ -155,25 +148,25 @@ void addItems(const Handle<QComboBox>& handle, const bp::object& texts)
 
 int index(const Handle<QComboBox>& handle, const bp::object& text)
 {
-    return handle.get().findText(requireStr(text, "ComboBox.index(), expected 'str' but got '%s' instead"));
+    return handle.get().findText(Argument<QString>::from(text.ptr(), "ComboBox.index()"));
 }
 
 void removeItem(const Handle<QComboBox>& handle, const bp::object& index)
 {
     withOwnItems(handle, "ComboBox.removeItem()");
-    const int number = requireIndex(handle, index, "ComboBox.removeItem()");
+    const int number = requireItem(handle, index, "ComboBox.removeItem()");
     handle.get().removeItem(number);
 }
 
 bp::object itemTextAt(const Handle<QComboBox>& handle, const bp::object& index)
 {
-    const int number = requireIndex(handle, index, "ComboBox.itemText()");
+    const int number = requireItem(handle, index, "ComboBox.itemText()");
     return textObject(handle.get().itemText(number));
 }
 
 bp::object itemDataAt(const Handle<QComboBox>& handle, const bp::object& index)
 {
-    const int number = requireIndex(handle, index, "ComboBox.itemData()");
+    const int number = requireItem(handle, index, "ComboBox.itemData()");
     return dataObject(handle.get().itemData(number));
 }
 

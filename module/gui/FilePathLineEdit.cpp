@@ -1,8 +1,8 @@
 #include "host/widgets/HVFilePathLineEdit.h"
 #include "module/Bindings.h"
+#include "module/PathArgument.h"
 #include "module/gui/Connector.h"
 #include "module/gui/Construction.h"
-#include "module/gui/PathArgument.h"
 #include "module/gui/Property.h"
 
 namespace bp = boost::python;

@@ -99,9 +99,7 @@ int requireStretch(const bp::object& stretch, const char* format)
 {
     constexpr int largest = 32767; // sums of many stay far from overflow
     long long value = 0;
-    if (!PyIndex_Check(stretch.ptr()))
-        raise(PyExc_TypeError, format, typeName(stretch));
-    if (!toIndex(stretch.ptr(), value, format))
+    if (!toPosition(stretch.ptr(), value, format))
         raisePending();
     if (value < 0 || value > largest)
         raise(PyExc_ValueError, "Layout, stretch %lld is out of range (0 -> %d)", value, largest);

@@ -1,4 +1,5 @@
 #include "module/Bindings.h"
+#include "module/Conversion.h"
 #include "module/gui/Construction.h"
 #include "module/gui/Property.h"
 #include "module/gui/Widgets.h"
@@ -53,8 +54,7 @@ bp::object addMenu(Place& place, const bp::object& given, const char* method)
         holdMenu(place, given);
         place.addMenu(menu);
     } else {
-        menu =
-            place.addMenu(requireStr(given, (std::string(method) + ", expected 'str' but got '%s' instead").c_str()));
+        menu = place.addMenu(Argument<QString>::from(given.ptr(), method));
     }
     // Its entry is a command of the menu above and goes with the plug-in even when that menu stays.
     noteContribution(menu->menuAction());

@@ -1,7 +1,7 @@
 #include "module/gui/ObjectChoice.h"
 
+#include "module/PathArgument.h"
 #include "module/data/ProjectHandle.h"
-#include "module/gui/PathArgument.h"
 #include "runtime/Errors.h"
 
 namespace bp = boost::python;

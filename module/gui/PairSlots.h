@@ -193,7 +193,7 @@ private:
     static PyObject* item(PyObject* object, PyObject* key)
     {
         long long index = 0;
-        return toIndex(key, index, "index, expected 'int' but got '%s'")
+        return toPosition(key, index, "index, expected 'int' but got '%s'")
                    ? sequenceItem(object, static_cast<Py_ssize_t>(index))
                    : nullptr;
     }

@@ -84,15 +84,6 @@ QWidget& requirePart(const bp::object& argument, const QWidget* place, const cha
     return part;
 }
 
-int requireIndex(const bp::object& argument, int count, const char* where)
-{
-    const long long index =
-        requireInt(argument, (std::string(where) + ", expected 'int' but got '%s' instead").c_str());
-    if (!isValidIndex(index, count))
-        raise(PyExc_IndexError, "%s, index (%d) out of range (%d -> %d)", where, saturated(index), 0, count - 1);
-    return static_cast<int>(index);
-}
-
 void handBack(QWidget* widget, const char* method)
 {
     if (!widget)

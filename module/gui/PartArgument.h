@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/Errors.h"
+
 #include <boost/python/object.hpp>
 
 #include <QWidget>
@@ -28,9 +30,6 @@ void leaveScreen(QWidget& part);
 
 /// ValueError when `place` is `part` or inside it, across windows too.
 void requireOutside(const QWidget& part, const QWidget* place, const char* method);
-
-/// An index in [0, count). TypeError "<where>, expected 'int' but got '...' instead", IndexError.
-int requireIndex(const boost::python::object& argument, int count, const char* where);
 
 /// Gives a widget back to its Python object, without a parent and hidden. RuntimeError, and nothing has changed, while
 /// Qt goes through the place that the widget is in.

@@ -20,7 +20,7 @@ constexpr ConstructorArguments g_arguments = {{"parent", "parentWidget"}};
 
 void setCurrentIndex(QStackedWidget& stack, const bp::object& value)
 {
-    const long long index = requireInt(value, "StackedWidget.currentIndex, expected 'int' but got '%s' instead");
+    const long long index = requirePosition(value, "StackedWidget.currentIndex, expected 'int' but got '%s' instead");
     if (!isValidIndex(index, stack.count()))
         raise(PyExc_IndexError, "StackedWidget.currentIndex, index (%d) out of range (%d -> %d", saturated(index), 0,
               stack.count() - 1);

@@ -105,7 +105,7 @@ int findTab(QTabWidget& tabs, const bp::object& tab, const char* typeMessage)
     if (page.check())
         return tabs.indexOf(&page().widget());
     if (PyLong_CheckExact(tab.ptr())) {
-        const long long index = requireInt(tab, typeMessage);
+        const long long index = requirePosition(tab, typeMessage);
         return isValidIndex(index, tabs.count()) ? static_cast<int>(index) : -1;
     }
     const QString label = requireStr(tab, typeMessage);

@@ -3767,7 +3767,7 @@ class ColorBar:
     def __init__(self) -> None:
         """A grey scale from black to white over [0, 1]."""
     @staticmethod
-    def fromFile(filename: str, name: str = '') -> ColorBar:
+    def fromFile(filename: str | os.PathLike, name: str = '') -> ColorBar:
         """Reads a ParaView colour map (.json) or a GMT colour palette table (.cpt). name picks one of several colour
         maps in a file.
 
@@ -3822,7 +3822,7 @@ class ColorBar:
     @overload
     def stretch(self) -> None:
         """The entries between the two of bounds."""
-    def save(self, filename: str) -> None:
+    def save(self, filename: str | os.PathLike) -> None:
         """Writes a new file: a GMT colour palette table when the suffix is .cpt, otherwise a ParaView colour map
         (JSON). The name becomes the file's base name, with a RuntimeWarning when it was another.
 

@@ -1,10 +1,11 @@
 #pragma once
 
-#include "module/gui/Conversion.h"
+#include "module/Conversion.h"
 
 namespace python {
 
-/// A file's path as scripts give it: a str, or an object that names a path (os.PathLike, such as pathlib.Path).
+/// A file's path as scripts give it: a str, or an object that names a path (os.PathLike, such as pathlib.Path). Also a
+/// type for parameters of registered functions.
 struct PathText
 {
     QString text;
@@ -17,5 +18,8 @@ struct Argument<PathText>
 {
     static PathText from(PyObject* object, const char* where);
 };
+
+/// Called once, before any function is registered.
+void registerPathConversion();
 
 } // namespace python
