@@ -49,3 +49,6 @@ else()
   # program's start.
   target_link_options(strativo_build_flags INTERFACE $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,SHARED_LIBRARY>:-Wl,-Bsymbolic>)
 endif()
+# A library that needs another one says so: a use of what lies above it is an error of its link.
+target_link_options(strativo_build_flags INTERFACE
+  $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,SHARED_LIBRARY>:-Wl,--no-undefined>)

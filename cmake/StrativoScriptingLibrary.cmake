@@ -3,7 +3,7 @@
 add_library(strativo_python SHARED)
 target_include_directories(strativo_python PUBLIC "${PROJECT_SOURCE_DIR}")
 target_link_libraries(strativo_python
-  PUBLIC strativo_host strativo_boost_python Qt5::Widgets
+  PUBLIC strativo_ui strativo_boost_python Qt5::Widgets
   PRIVATE strativo_build_flags)
 target_precompile_headers(strativo_python PRIVATE "${PROJECT_SOURCE_DIR}/runtime/Precompiled.h")
 

@@ -4,7 +4,7 @@
 #include "editor/debugger/CallStackList.h"
 #include "editor/debugger/PauseWindow.h"
 #include "editor/debugger/VariableView.h"
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 #include "runtime/GilLock.h"
 #include "runtime/RunTimeErrorHandler.h"
 

@@ -9,7 +9,7 @@
 #include "editor/ScriptFile.h"
 #include "editor/Search.h"
 #include "editor/ShiftEnterFilter.h"
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 #include "runtime/HVPythonDocumentation.h"
 
 #include <QAction>

@@ -3,7 +3,7 @@
 #include "editor/NoticeBar.h"
 #include "host/formats/PartFile.h"
 #include "host/formats/WholeFile.h"
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 #include "host/services/IScriptProject.h"
 
 #include <QFileDialog>

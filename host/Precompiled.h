@@ -1,17 +1,11 @@
 #pragma once
 
-// Precompiled for every source of the host library: the Qt headers that nearly all of them use.
-#include <QAction>
-#include <QApplication>
-#include <QDockWidget>
+// Precompiled for every source of the data library: the Qt headers that nearly all of them use.
 #include <QFile>
-#include <QMainWindow>
-#include <QPlainTextEdit>
 #include <QPointer>
 #include <QSettings>
 #include <QString>
 #include <QTimer>
-#include <QWidget>
 
 #include <algorithm>
 #include <cmath>

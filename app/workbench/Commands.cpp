@@ -1,6 +1,6 @@
 #include "app/workbench/Commands.h"
 
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 #include "host/widgets/HVPluginContributions.h"
 
 #include <QCoreApplication>

@@ -1,7 +1,7 @@
 #include "app/workbench/JobsDock.h"
 
+#include "host/icons/HVIconStore.h"
 #include "host/jobs/JobManager.h"
-#include "host/services/HVIconStore.h"
 #include "host/widgets/HVJobPanel.h"
 
 #include <QAction>

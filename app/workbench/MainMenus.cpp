@@ -11,7 +11,7 @@
 #include "app/workbench/Theme.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 #include "host/widgets/HVUndoStack.h"
 #include "runtime/HVPythonDocumentation.h"
 

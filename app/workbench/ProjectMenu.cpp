@@ -5,8 +5,8 @@
 #include "app/workbench/NewProjectDialog.h"
 #include "app/workbench/WindowTitle.h"
 #include "host/data/HVProjectService.h"
+#include "host/icons/HVIconStore.h"
 #include "host/services/HVEventBus.h"
-#include "host/services/HVIconStore.h"
 
 #include <QDir>
 #include <QFileDialog>

@@ -1,6 +1,6 @@
 #include "app/workbench/Theme.h"
 
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 
 #include <QApplication>
 #include <QPainter>

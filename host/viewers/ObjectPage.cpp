@@ -1,9 +1,9 @@
 #include "host/viewers/ObjectPage.h"
 
+#include "host/icons/HVIconStore.h"
 #include "host/kinds/IObjectKind.h"
 #include "host/kinds/ObjectPicture.h"
 #include "host/objects/DataObject.h"
-#include "host/services/HVIconStore.h"
 
 #include <QDateTime>
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "host/widgets/HVFilePathLineEdit.h"
 
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 
 #include <QDir>
 #include <QDragEnterEvent>

@@ -1,6 +1,6 @@
 #include "host/widgets/HVFindBar.h"
 
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>

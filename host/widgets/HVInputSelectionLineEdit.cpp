@@ -1,6 +1,6 @@
 #include "host/widgets/HVInputSelectionLineEdit.h"
 
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 #include "host/widgets/HVObjectPopup.h"
 #include "host/widgets/HVProjectObjects.h"
 

@@ -1,6 +1,6 @@
 #include "host/widgets/HVJobPanel.h"
 
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 
 #include <QGridLayout>
 #include <QLabel>

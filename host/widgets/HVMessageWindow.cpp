@@ -1,6 +1,6 @@
 #include "host/widgets/HVMessageWindow.h"
 
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 #include "host/widgets/HVFindBar.h"
 #include "host/widgets/HVMessageView.h"
 

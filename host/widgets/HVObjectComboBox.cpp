@@ -1,6 +1,6 @@
 #include "host/widgets/HVObjectComboBox.h"
 
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 #include "host/services/HVProjectItemDrag.h"
 #include "host/widgets/HVProjectModel.h"
 #include "host/widgets/HVProjectObjects.h"

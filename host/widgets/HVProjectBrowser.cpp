@@ -1,6 +1,6 @@
 #include "host/widgets/HVProjectBrowser.h"
 
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 #include "host/widgets/HVProjectCommands.h"
 #include "host/widgets/HVProjectFilter.h"
 #include "host/widgets/HVProjectModel.h"

@@ -1,7 +1,7 @@
 #include "host/widgets/HVProjectModel.h"
 
+#include "host/icons/HVIconStore.h"
 #include "host/services/HVEventBus.h"
-#include "host/services/HVIconStore.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 #include "module/Bindings.h"
 #include "module/data/ProjectHandle.h"
 #include "module/gui/IconHandle.h"

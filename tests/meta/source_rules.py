@@ -35,8 +35,9 @@ MAY_INCLUDE = {
     "host/data": VALUES + STORE + ["host/services"],
     "host/data/demo": VALUES + STORE + ["host/kinds/demo", "host/services"],
     # Windows.
-    "host/viewers": VALUES + STORE + ["host/jobs", "host/services"],
-    "host/widgets": VALUES + STORE + ["host/jobs", "host/services", "host/viewers"],
+    "host/icons": [],
+    "host/viewers": VALUES + STORE + ["host/icons", "host/jobs", "host/services"],
+    "host/widgets": VALUES + STORE + ["host/icons", "host/jobs", "host/services", "host/viewers"],
     # The scripting layer: values and data.
     "runtime": ["host/changes", "host/core", "host/services"],
     "module": ["runtime"],
@@ -44,9 +45,9 @@ MAY_INCLUDE = {
     "module/data": VALUES + STORE + ["host/services", "module", "module/core", "runtime"],
     # The scripting layer: windows and the application.
     "plugins": ["host/changes", "host/core", "host/data", "host/services", "host/widgets", "runtime"],
-    "editor/debugger": ["host/core", "host/services", "runtime"],
-    "editor": STORE + ["editor/debugger", "host/core", "host/services", "host/widgets", "runtime"],
-    "module/gui": STORE + ["host/core", "host/services", "host/viewers", "host/widgets", "module", "module/core",
+    "editor/debugger": ["host/core", "host/icons", "host/services", "runtime"],
+    "editor": STORE + ["editor/debugger", "host/core", "host/icons", "host/services", "host/widgets", "runtime"],
+    "module/gui": STORE + ["host/core", "host/icons", "host/services", "host/viewers", "host/widgets", "module", "module/core",
                            "module/data", "plugins", "runtime"],
     "module/app": STORE + ["host/core", "host/services", "host/widgets", "module", "module/core", "module/data",
                            "module/gui", "plugins", "runtime"],
@@ -54,8 +55,8 @@ MAY_INCLUDE = {
     "app": ["host/services", "runtime"],  # what the faces share; the program's main function below joins them
     "app/main.cpp": ["app/*", "host/services", "runtime"],
     "app/demo": ["app", "host/data/demo"],
-    "app/workbench": VALUES + STORE + ["app", "editor", "editor/debugger", "host/jobs", "host/services", "host/viewers",
-                                       "host/widgets", "plugins", "runtime"],
+    "app/workbench": VALUES + STORE + ["app", "editor", "editor/debugger", "host/icons", "host/jobs", "host/services",
+                                       "host/viewers", "host/widgets", "plugins", "runtime"],
     "app/headless": STORE + ["app", "app/workbench", "host/core", "host/jobs", "host/services", "plugins", "runtime"],
 }
 

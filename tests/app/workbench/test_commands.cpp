@@ -1,6 +1,6 @@
 // The table of commands, and the menus that are made from it.
 #include "app/workbench/Commands.h"
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 
 #include <QMenuBar>
 #include <QToolBar>

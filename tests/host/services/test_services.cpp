@@ -1,6 +1,6 @@
 // Queue, icons and actions: what the host offers without a window.
+#include "host/icons/HVIconStore.h"
 #include "host/services/HVActionDispatcher.h"
-#include "host/services/HVIconStore.h"
 #include "host/services/HVMessageQueue.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
-#include "host/services/HVIconStore.h"
+#include "host/icons/HVIconStore.h"
 
-#include "host/services/HVSvgIconEngine.h"
+#include "host/icons/HVSvgIconEngine.h"
 
 #include <QHash>
 

@@ -1,4 +1,4 @@
-#include "host/services/HVSvgIconEngine.h"
+#include "host/icons/HVSvgIconEngine.h"
 
 #include <QFile>
 #include <QFileInfo>
