@@ -1,6 +1,7 @@
 #include "app/ProgramSetup.h"
 
 #include "host/services/HVUserData.h"
+#include "module/ModuleFrame.h"
 #include "runtime/PythonPaths.h"
 
 #include <QApplication>
@@ -69,6 +70,7 @@ void setUp()
     QCoreApplication::setOrganizationName(QStringLiteral("Strativo"));
     hv::keepSettingsInUserData();
     python::utils::setApplicationDirPath(QCoreApplication::applicationDirPath());
+    python::installScripting();
 }
 
 QString missingPythonTree()

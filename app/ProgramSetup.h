@@ -19,8 +19,8 @@ void choosePlatform();
 /// application object.
 bool hasDisplay();
 
-/// Names the application, keeps its settings in the user-data folder and tells the scripting layer where it lies.
-/// After the application object.
+/// Names the application, keeps its settings in the user-data folder, tells the scripting layer where it lies and what
+/// it consists of. After the application object.
 void setUp();
 
 /// One sentence naming what is missing of the Python tree beside the program; empty when it is there.

@@ -5,5 +5,12 @@
 /// module: the scripting module `strativo_python`. The frame is the ordered list of its registrations and nothing else;
 /// each family of classes registers itself in a folder of its own (core, data, app, gui), one file per class.
 
-/// Registered as a built-in module before the interpreter starts, so it exists only inside the application.
 extern "C" PyObject* PyInit_strativo_python();
+
+namespace python {
+
+/// Gives interpreters the module, as a built-in one that exists only inside the application, and running code the
+/// windows that it needs by itself. Once per process, before the execution context is made.
+void installScripting();
+
+} // namespace python

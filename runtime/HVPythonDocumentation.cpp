@@ -4,12 +4,12 @@
 #include "host/services/IAppWrapper.h"
 #include "runtime/ApplicationInterface.h"
 #include "runtime/DefaultBrowser.h"
+#include "runtime/UserWindows.h"
 
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QProcess>
 #include <QUrl>
 
@@ -31,8 +31,9 @@ void reportFailure(const QString& reason, const QString& detail)
 {
     const QString text = QStringLiteral("Unable to open the Python documentation: %1").arg(reason);
     const IAppWrapper* app = python::applicationInterface();
-    if (!app || !app->isTerminalProgram())
-        QMessageBox::warning(nullptr, QStringLiteral("Python Documentation"), text, QMessageBox::Ok);
+    python::IUserWindows* windows = python::userWindows();
+    if (windows && (!app || !app->isTerminalProgram()))
+        windows->warn(QStringLiteral("Python Documentation"), text);
     HVEventBus& bus = HVEventBus::instance();
     bus.sendMessage(MessageLevel::Information, text);
     bus.sendMessage(MessageLevel::Information, detail);

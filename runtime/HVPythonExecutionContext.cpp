@@ -20,9 +20,6 @@
 
 #include <QFileInfo>
 
-/// The scripting module's frame implements it; the runtime only hands it to the interpreter.
-extern "C" PyObject* PyInit_strativo_python();
-
 using python::GilLock;
 using python::RunEnd;
 
@@ -33,7 +30,6 @@ HVPythonExecutionContext::HVPythonExecutionContext(IAppWrapper* app)
     HVEventBus::instance().sendMessage(MessageLevel::Success,
                                        QStringLiteral("Python Path: %1").arg(QString::fromStdWString(path)));
     python::readTextSetting();
-    PyImport_AppendInittab("strativo_python", PyInit_strativo_python);
     python::startInterpreter(path);
     python::ForkedChild::install();
     python::installSpawnByDefault();

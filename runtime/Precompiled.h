@@ -3,13 +3,10 @@
 // Precompiled for every source of the scripting layer. Python.h comes first, as it demands.
 #include <boost/python.hpp>
 
-#include <QApplication>
-#include <QPlainTextEdit>
 #include <QPointer>
 #include <QSettings>
 #include <QString>
 #include <QStringList>
-#include <QWidget>
 
 #include <algorithm>
 #include <functional>

@@ -7,10 +7,9 @@
 #include "runtime/GuiThread.h"
 #include "runtime/HVPythonDocumentation.h"
 #include "runtime/TextConversion.h"
+#include "runtime/UserWindows.h"
 
 #include <boost/python.hpp>
-
-#include <QInputDialog>
 
 namespace bp = boost::python;
 
@@ -36,16 +35,12 @@ bp::object input(const bp::object& prompt)
 {
     const GilLock lock;
     const IAppWrapper* app = applicationInterface();
-    if (app && app->isTerminalProgram())
+    IUserWindows* windows = userWindows();
+    if (!windows || (app && app->isTerminalProgram()))
         return owned(PyObject_CallOneArg(g_originalInput, prompt.ptr()));
 
     requireGuiThread();
-    QInputDialog dialog(nullptr);
-    dialog.setWindowModality(Qt::ApplicationModal);
-    dialog.setWindowTitle(QStringLiteral("Python Input"));
-    dialog.setLabelText(labelOf(prompt));
-    dialog.setTextEchoMode(QLineEdit::Normal);
-    return unicodeText(dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString());
+    return unicodeText(windows->askForLine(labelOf(prompt)));
 }
 
 bp::object help(const bp::object& object)

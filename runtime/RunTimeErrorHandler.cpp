@@ -10,8 +10,8 @@
 #include "runtime/ExitStatus.h"
 #include "runtime/GilLock.h"
 #include "runtime/GuiThread.h"
+#include "runtime/UserWindows.h"
 
-#include <QApplication>
 #include <QSettings>
 
 namespace python {
@@ -88,11 +88,8 @@ void closeWhatTheScriptLeftOpen()
     IProgressService* progress = app ? app->progressService() : nullptr;
     if (progress && progress->isAnyRunning())
         progress->closeAll();
-    if (!qobject_cast<QApplication*>(QCoreApplication::instance()))
-        return;
-    // Not the event alone, which only a dialog answers by going away.
-    if (QWidget* modal = QApplication::activeModalWidget())
-        modal->close();
+    if (IUserWindows* windows = userWindows())
+        windows->closeModalWindow();
 }
 
 /// The built-in exit() closes sys.stdin, which only a process that ends can do without.

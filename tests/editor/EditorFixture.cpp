@@ -2,6 +2,7 @@
 
 #include "editor/NoticeBar.h"
 #include "host/services/HVUserData.h"
+#include "module/ModuleFrame.h"
 #include "runtime/PythonPaths.h"
 
 #include <QAbstractButton>
@@ -116,6 +117,7 @@ int main(int argc, char** argv)
     hv::keepSettingsInUserData();
     QSettings().clear();
     python::utils::setApplicationDirPath(QCoreApplication::applicationDirPath());
+    python::installScripting();
     fixture::g_context = std::make_unique<HVPythonExecutionContext>(nullptr);
     const int result = RUN_ALL_TESTS();
     fixture::g_context.reset();

@@ -52,7 +52,7 @@ MAY_INCLUDE = {
     "module/app": STORE + ["host/core", "host/services", "host/widgets", "module", "module/core", "module/data",
                            "module/gui", "plugins", "runtime"],
     # The program.
-    "app": ["host/services", "runtime"],  # what the faces share; the program's main function below joins them
+    "app": ["host/services", "module", "runtime"],  # what the faces share; the program's main function below joins them
     "app/main.cpp": ["app/*", "host/services", "runtime"],
     "app/demo": ["app", "host/data/demo"],
     "app/workbench": VALUES + STORE + ["app", "editor", "editor/debugger", "host/icons", "host/jobs", "host/services",
@@ -63,7 +63,7 @@ MAY_INCLUDE = {
 TOP_FOLDERS = ["host", "runtime", "module", "plugins", "editor", "app"]
 # Folders of the data half; Qt's classes of windows are unknown there.
 DATA_HALF = ["host/changes", "host/core", "host/geom", "host/georef", "host/img", "host/display", "host/formats",
-             "host/kinds*", "host/segy", "host/services", "host/objects", "host/jobs", "host/volume", "host/data*"]
+             "host/kinds*", "host/services", "host/objects", "host/jobs", "host/data*", "runtime", "module/core", "module/data"]
 
 LOCK_CALLS = re.compile(r"\b(PyGILState_(Ensure|Release|STATE)|PyEval_(SaveThread|RestoreThread|AcquireThread|ReleaseThread)"
                         r"|PyThreadState_Swap|Py_(BEGIN|END|BLOCK|UNBLOCK)(_ALLOW)?_THREADS)\b")

@@ -1,11 +1,11 @@
-"""What each library drags along, as it was built. Usage: test_libraries.py DATA UI"""
+"""What each library drags along, as it was built. Usage: test_libraries.py DATA UI SCRIPTING"""
 
 import subprocess
 import sys
 import unittest
 
-DATA, UI = sys.argv[-2:]
-del sys.argv[-2:]
+DATA, UI, SCRIPTING = sys.argv[-3:]
+del sys.argv[-3:]
 
 
 def needed(library):
@@ -22,6 +22,10 @@ class Libraries(unittest.TestCase):
     def test_windows_know_no_python(self):
         self.assertRegex(needed(UI), "libstrativo_data.* libQt5Widgets|libQt5Widgets.* libstrativo_data")
         self.assertNotRegex(needed(UI), "libpython|libboost_python")
+
+    def test_scripts_get_values_and_data_without_windows(self):
+        self.assertRegex(needed(SCRIPTING), "libpython")
+        self.assertNotRegex(needed(SCRIPTING), "libQt5Widgets|libQt5Svg|strativo_ui")
 
 
 if __name__ == "__main__":

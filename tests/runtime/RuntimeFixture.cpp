@@ -1,6 +1,7 @@
 #include "tests/runtime/RuntimeFixture.h"
 
 #include "host/services/HVUserData.h"
+#include "module/ModuleFrame.h"
 #include "runtime/PythonPaths.h"
 
 #include <QApplication>
@@ -34,6 +35,7 @@ int main(int argc, char** argv)
     hv::keepSettingsInUserData();
     QSettings().clear();
     python::utils::setApplicationDirPath(QCoreApplication::applicationDirPath());
+    python::installScripting();
     fixture::g_app = std::make_unique<fixture::FakeApp>();
     fixture::g_context = std::make_unique<HVPythonExecutionContext>(fixture::g_app.get());
     const int result = RUN_ALL_TESTS();

@@ -2,6 +2,7 @@
 #include "app/workbench/AppWrapper.h"
 #include "app/workbench/MainWindow.h"
 #include "app/workbench/PluginMenu.h"
+#include "module/ModuleFrame.h"
 #include "plugins/HVPythonPluginCollection.h"
 #include "runtime/ApplicationInterface.h"
 #include "runtime/HVPythonExecutionContext.h"
@@ -27,6 +28,7 @@ protected:
     static void SetUpTestSuite()
     {
         python::utils::setApplicationDirPath(QCoreApplication::applicationDirPath());
+        python::installScripting();
         context = new HVPythonExecutionContext(nullptr);
     }
     static void TearDownTestSuite() { delete context; }
