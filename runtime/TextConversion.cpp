@@ -102,8 +102,9 @@ QString textFromState(const bp::object& state)
 void registerTextConversion()
 {
     bp::to_python_converter<QString, TextToPython, true>();
+    // The type is named here: the registry's own answer would ask this converter again, without end.
     bp::converter::registry::push_back(&TextFromPython::convertible, &TextFromPython::construct, bp::type_id<QString>(),
-                                       &bp::converter::expected_pytype_for_arg<QString>::get_pytype);
+                                       &TextToPython::get_pytype);
 }
 
 } // namespace python
