@@ -3,6 +3,7 @@
 #include "host/services/HVUserData.h"
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/PendingError.h"
 #include "runtime/TextConversion.h"
 
 #include <boost/python.hpp>
@@ -17,6 +18,8 @@
 namespace bp = boost::python;
 
 namespace editor {
+
+using python::Ref;
 
 namespace {
 
@@ -86,42 +89,35 @@ void CompletionEngine::load()
         m_error = QStringLiteral("%1 cannot be read.").arg(QLatin1String(g_resource));
         return;
     }
-    PyObject* code = Py_CompileStringExFlags(source.constData(), g_resource, Py_file_input, nullptr, -1);
-    m_module = code ? PyImport_ExecCodeModuleEx(g_moduleName, code, g_resource) : nullptr;
-    Py_XDECREF(code);
+    const Ref code = Ref::steal(Py_CompileStringExFlags(source.constData(), g_resource, Py_file_input, nullptr, -1));
+    m_module = code ? PyImport_ExecCodeModuleEx(g_moduleName, code.get(), g_resource) : nullptr;
     if (!m_module)
         return keepError();
-    PyObject* function = PyObject_GetAttrString(m_module, "autoComplete");
-    if (!function || !PyCallable_Check(function)) {
-        Py_XDECREF(function);
+    Ref function = Ref::steal(PyObject_GetAttrString(m_module, "autoComplete"));
+    if (!function || !PyCallable_Check(function.get()))
         return keepError();
-    }
     try {
         prepareJedi();
-        m_function = function;
+        m_function = function.release();
     } catch (const bp::error_already_set&) {
-        Py_DECREF(function);
         keepError();
     }
 }
 
 void CompletionEngine::keepError()
 {
-    PyObject *type, *value, *trace;
-    PyErr_Fetch(&type, &value, &trace);
-    PyErr_NormalizeException(&type, &value, &trace);
-    PyObject* text = value ? PyObject_Str(value) : nullptr;
-    if (!text || !python::textFromPython(text, m_error))
+    python::PendingError error;
+    const Ref text = Ref::steal(error ? PyObject_Str(error.value()) : nullptr);
+    if (!text || !python::textFromPython(text.get(), m_error))
         m_error = QStringLiteral("autoComplete is missing.");
+    error.drop();
     PyErr_Clear();
-    for (PyObject* object : {type, value, trace, text})
-        Py_XDECREF(object);
 }
 
 void CompletionEngine::release()
 {
-    Py_XDECREF(m_function.exchange(nullptr));
-    Py_CLEAR(m_module);
+    Ref::steal(m_function.exchange(nullptr));
+    Ref::steal(std::exchange(m_module, nullptr));
 }
 
 QStringList CompletionEngine::complete(const QString& text)
@@ -135,13 +131,13 @@ QStringList CompletionEngine::complete(const QString& text)
     const python::GilLock lock;
     m_running->thread = PyThread_get_thread_ident();
     const QByteArray utf8 = text.toUtf8();
-    PyObject* argument = PyUnicode_FromStringAndSize(utf8.constData(), utf8.size());
-    PyObject* result = argument ? PyObject_CallFunctionObjArgs(m_function.load(), argument, nullptr) : nullptr;
-    Py_XDECREF(argument);
+    const Ref argument = Ref::steal(PyUnicode_FromStringAndSize(utf8.constData(), utf8.size()));
+    const Ref answer = Ref::steal(argument ? PyObject_CallOneArg(m_function.load(), argument.get()) : nullptr);
+    PyObject* result = answer.get();
     m_running->thread = 0;
     if (!result) {
         keepError();
-        Py_XDECREF(m_function.exchange(nullptr));
+        Ref::steal(m_function.exchange(nullptr));
         return names;
     }
     if (PyList_Check(result))
@@ -151,7 +147,6 @@ QStringList CompletionEngine::complete(const QString& text)
                 names.append(name);
         }
     PyErr_Clear();
-    Py_DECREF(result);
     return names;
 }
 

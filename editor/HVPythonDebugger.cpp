@@ -6,6 +6,7 @@
 #include "editor/debugger/VariableView.h"
 #include "host/icons/HVIconStore.h"
 #include "runtime/GilLock.h"
+#include "runtime/Ref.h"
 #include "runtime/RunTimeErrorHandler.h"
 
 #include <QAction>
@@ -262,11 +263,9 @@ void HVPythonDebugger::showPause(const debugger::Pause& pause)
     m_banner->setText(pause.reason.isEmpty() ? place : QStringLiteral("%1\n%2").arg(place, pause.reason));
     m_banner->show();
     m_calls->show(pause.stack);
-    PyObject* globals = PyFrame_GetGlobals(call.frame);
-    PyObject* locals = PyFrame_GetLocals(call.frame);
-    populateVariables(call.frame, globals, locals);
-    Py_XDECREF(globals);
-    Py_XDECREF(locals);
+    const auto globals = python::Ref::steal(PyFrame_GetGlobals(call.frame));
+    const auto locals = python::Ref::steal(PyFrame_GetLocals(call.frame));
+    populateVariables(call.frame, globals.get(), locals.get());
     PyErr_Clear();
 }
 
@@ -295,11 +294,9 @@ void HVPythonDebugger::showCall(std::size_t index)
     const debugger::CallStack::Call& call = m_pause->stack.calls()[index];
     {
         const python::GilLock lock;
-        PyObject* globals = PyFrame_GetGlobals(call.frame);
-        PyObject* locals = PyFrame_GetLocals(call.frame);
-        populateVariables(call.frame, globals, locals);
-        Py_XDECREF(globals);
-        Py_XDECREF(locals);
+        const auto globals = python::Ref::steal(PyFrame_GetGlobals(call.frame));
+        const auto locals = python::Ref::steal(PyFrame_GetLocals(call.frame));
+        populateVariables(call.frame, globals.get(), locals.get());
         PyErr_Clear();
     }
     Q_EMIT placeChosen(call.file, call.line);

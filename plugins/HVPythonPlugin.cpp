@@ -12,6 +12,7 @@
 #include "runtime/ApplicationInterface.h"
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/PendingError.h"
 #include "runtime/RunMonitor.h"
 #include "runtime/ScriptCompiler.h"
 #include "runtime/StreamCaptureBinding.h"
@@ -48,13 +49,9 @@ IRunObserver* runObserver()
 /// message of its own, only its report on standard error.
 QString compileErrorText()
 {
-    PyObject *type = nullptr, *value = nullptr, *traceback = nullptr;
-    PyErr_Fetch(&type, &value, &traceback);
-    PyErr_NormalizeException(&type, &value, &traceback);
-    const char* utf8 = value && PyUnicode_Check(value) ? PyUnicode_AsUTF8(value) : nullptr;
-    const QString text = QString::fromUtf8(utf8);
-    PyErr_Restore(type, value, traceback);
-    return text;
+    python::PendingError error;
+    PyObject* value = error.value();
+    return QString::fromUtf8(value && PyUnicode_Check(value) ? PyUnicode_AsUTF8(value) : nullptr);
 }
 
 } // namespace

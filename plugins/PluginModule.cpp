@@ -2,6 +2,7 @@
 
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/Ref.h"
 #include "runtime/ScriptCoding.h"
 
 #include <QDateTime>
@@ -46,30 +47,27 @@ bool readStartupFile(const QString& path, QString& text, QString& error)
 
 HookResult callHook(PyObject* hook)
 {
-    PyObject* result = PyObject_CallNoArgs(hook);
+    const Ref result = Ref::steal(PyObject_CallNoArgs(hook));
     if (!result) {
         printPendingError();
         return HookResult::Raised;
     }
-    const HookResult answer = result == Py_True    ? HookResult::True
-                              : result == Py_False ? HookResult::False
-                                                   : HookResult::NotBool;
-    Py_DECREF(result);
-    return answer;
+    return result.get() == Py_True    ? HookResult::True
+           : result.get() == Py_False ? HookResult::False
+                                      : HookResult::NotBool;
 }
 
 PyObject* findHook(PyObject* module, const HookName& hookName, QString& error)
 {
-    PyObject* hook = PyObject_GetAttrString(module, hookName.name);
+    Ref hook = Ref::steal(PyObject_GetAttrString(module, hookName.name));
     PyErr_Clear();
     if (!hook) {
         error = QLatin1String(hookName.notFound);
         return nullptr;
     }
-    if (PyCallable_Check(hook))
-        return hook;
+    if (PyCallable_Check(hook.get()))
+        return hook.release();
     error = QLatin1String(hookName.notCallable);
-    Py_DECREF(hook);
     return nullptr;
 }
 

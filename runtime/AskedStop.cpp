@@ -4,6 +4,7 @@
 #include "host/services/IAppWrapper.h"
 #include "runtime/ApplicationInterface.h"
 #include "runtime/ErrorLocation.h"
+#include "runtime/PendingError.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -31,12 +32,9 @@ bool reportAskedStop()
 {
     if (!PyErr_Occurred() || !isAskedStop())
         return false;
-    PyObject *type = nullptr, *value = nullptr, *traceback = nullptr;
-    PyErr_Fetch(&type, &value, &traceback);
-    const ErrorLocation location = innermostLocation(traceback);
-    Py_XDECREF(type);
-    Py_XDECREF(value);
-    Py_XDECREF(traceback);
+    PendingError stop;
+    const ErrorLocation location = innermostLocation(stop.traceback());
+    stop.drop();
     PyErr_Clear();
     HVEventBus::instance().sendMessage(MessageLevel::Information,
                                        location.file.empty()

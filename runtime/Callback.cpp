@@ -2,6 +2,7 @@
 
 #include "runtime/Errors.h"
 #include "runtime/QtCall.h"
+#include "runtime/Ref.h"
 
 namespace python {
 
@@ -16,19 +17,16 @@ void Callback::call(PyObject* (*makeArgument)(const void*), const void* maker) c
         return;
     const QtCall scope(m_name);
     // The call may end the connection, and this object and the callable with it.
-    PyObject* callable = m_reference.get();
+    const Ref callable = Ref::borrow(m_reference.get());
     if (!callable)
         return;
-    Py_INCREF(callable);
-    PyObject* argument = makeArgument ? makeArgument(maker) : nullptr;
-    PyObject* result = nullptr;
+    const Ref argument = Ref::steal(makeArgument ? makeArgument(maker) : nullptr);
+    Ref result;
     if (argument || !makeArgument)
-        result = argument ? PyObject_CallOneArg(callable, argument) : PyObject_CallNoArgs(callable);
+        result = Ref::steal(argument ? PyObject_CallOneArg(callable.get(), argument.get())
+                                     : PyObject_CallNoArgs(callable.get()));
     if (!result)
         printPendingError();
-    Py_XDECREF(result);
-    Py_XDECREF(argument);
-    Py_DECREF(callable);
 }
 
 } // namespace python

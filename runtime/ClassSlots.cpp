@@ -1,6 +1,7 @@
 #include "runtime/ClassSlots.h"
 
 #include "runtime/Errors.h"
+#include "runtime/Ref.h"
 
 #include <boost/python.hpp>
 
@@ -92,14 +93,12 @@ void setClassAttribute(PyTypeObject* type, const char* name, PyObject* newRefere
 
 PyObject* allocateWithDictionary(PyTypeObject* type, Py_ssize_t extraBytes)
 {
-    PyObject* object = PyType_GenericAlloc(type, extraBytes);
+    Ref object = Ref::steal(PyType_GenericAlloc(type, extraBytes));
     if (!object)
         return nullptr;
-    PyObject*& dictionary = *reinterpret_cast<PyObject**>(reinterpret_cast<char*>(object) + type->tp_dictoffset);
+    PyObject*& dictionary = *reinterpret_cast<PyObject**>(reinterpret_cast<char*>(object.get()) + type->tp_dictoffset);
     dictionary = PyDict_New();
-    if (!dictionary)
-        Py_CLEAR(object);
-    return object;
+    return dictionary ? object.release() : nullptr;
 }
 
 } // namespace
@@ -157,19 +156,14 @@ void installAttributeDictionary(PyTypeObject* type)
 PyObject* constructOrdinarily(PyObject* type, PyObject* const* arguments, std::size_t count, PyObject* keywordNames)
 {
     const Py_ssize_t positional = PyVectorcall_NARGS(count);
-    PyObject* tuple = PyTuple_New(positional);
-    PyObject* keywords = keywordNames ? PyDict_New() : nullptr;
+    const Ref tuple = Ref::steal(PyTuple_New(positional));
+    const Ref keywords = Ref::steal(keywordNames ? PyDict_New() : nullptr);
     bool complete = tuple && (keywords || !keywordNames);
-    for (Py_ssize_t i = 0; complete && i < positional; ++i) {
-        Py_INCREF(arguments[i]);
-        PyTuple_SET_ITEM(tuple, i, arguments[i]);
-    }
+    for (Py_ssize_t i = 0; complete && i < positional; ++i)
+        PyTuple_SET_ITEM(tuple.get(), i, Ref::borrow(arguments[i]).release());
     for (Py_ssize_t i = 0; complete && keywordNames && i < PyTuple_GET_SIZE(keywordNames); ++i)
-        complete = PyDict_SetItem(keywords, PyTuple_GET_ITEM(keywordNames, i), arguments[positional + i]) == 0;
-    PyObject* result = complete ? Py_TYPE(type)->tp_call(type, tuple, keywords) : nullptr;
-    Py_XDECREF(tuple);
-    Py_XDECREF(keywords);
-    return result;
+        complete = PyDict_SetItem(keywords.get(), PyTuple_GET_ITEM(keywordNames, i), arguments[positional + i]) == 0;
+    return complete ? Py_TYPE(type)->tp_call(type, tuple.get(), keywords.get()) : nullptr;
 }
 
 } // namespace python

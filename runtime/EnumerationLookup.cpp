@@ -2,6 +2,7 @@
 
 #include "runtime/ClassSlots.h"
 #include "runtime/Errors.h"
+#include "runtime/Ref.h"
 
 #include <boost/python.hpp>
 
@@ -36,15 +37,13 @@ bool hasRoom(PyTypeObject* type, PyObject* number)
     return false;
 }
 
-/// Borrowed; null without an exception when the number has no name.
+/// Borrowed from the class; null without an exception when the number has no name.
 PyObject* findNamed(PyTypeObject* type, PyObject* number)
 {
-    PyObject* values = PyObject_GetAttrString(reinterpret_cast<PyObject*>(type), "values");
-    PyObject* named = values && PyDict_Check(values) ? PyDict_GetItemWithError(values, number) : nullptr;
+    const Ref values = Ref::steal(PyObject_GetAttrString(reinterpret_cast<PyObject*>(type), "values"));
     if (!values)
         PyErr_Clear();
-    Py_XDECREF(values); // the class keeps it
-    return named;
+    return values && PyDict_Check(values.get()) ? PyDict_GetItemWithError(values.get(), number) : nullptr;
 }
 
 PyObject* makeNameless(PyTypeObject* type, PyObject* number)
@@ -52,10 +51,8 @@ PyObject* makeNameless(PyTypeObject* type, PyObject* number)
     for (const auto& [closed, refusal] : closedEnumerations())
         if (PyType_IsSubtype(type, closed))
             return PyErr_Format(PyExc_ValueError, "%s, %S %s", type->tp_name, number, refusal);
-    PyObject* arguments = PyTuple_Pack(1, number);
-    PyObject* made = arguments ? PyLong_Type.tp_new(type, arguments, nullptr) : nullptr;
-    Py_XDECREF(arguments);
-    return made;
+    const Ref arguments = Ref::steal(PyTuple_Pack(1, number));
+    return arguments ? PyLong_Type.tp_new(type, arguments.get(), nullptr) : nullptr;
 }
 
 /// What int makes of the arguments, as the named value equal to it or a nameless one.
@@ -63,15 +60,11 @@ PyObject* makeValue(PyTypeObject* type, PyObject* arguments, PyObject* keywords)
 {
     if (type == g_base)
         return PyErr_Format(PyExc_TypeError, "cannot create '%s' instances", type->tp_name);
-    PyObject* number = PyLong_Type.tp_new(&PyLong_Type, arguments, keywords);
-    PyObject* value = nullptr;
-    if (number && hasRoom(type, number)) {
-        value = Py_XNewRef(findNamed(type, number));
-        if (!value && !PyErr_Occurred())
-            value = makeNameless(type, number);
-    }
-    Py_XDECREF(number);
-    return value;
+    const Ref number = Ref::steal(PyLong_Type.tp_new(&PyLong_Type, arguments, keywords));
+    if (!number || !hasRoom(type, number.get()))
+        return nullptr;
+    Ref named = Ref::borrow(findNamed(type, number.get()));
+    return named || PyErr_Occurred() ? named.release() : makeNameless(type, number.get());
 }
 
 /// __new__(cls, ...)
@@ -86,10 +79,8 @@ PyObject* newValue(PyObject* /*unused*/, PyObject* arguments, PyObject* keywords
         PyErr_SetString(PyExc_TypeError, "__new__(), expected an enumeration");
         return nullptr;
     }
-    PyObject* rest = PyTuple_GetSlice(arguments, 1, PyTuple_GET_SIZE(arguments));
-    PyObject* value = rest ? makeValue(type, rest, keywords) : nullptr;
-    Py_XDECREF(rest);
-    return value;
+    const Ref rest = Ref::steal(PyTuple_GetSlice(arguments, 1, PyTuple_GET_SIZE(arguments)));
+    return rest ? makeValue(type, rest.get(), keywords) : nullptr;
 }
 
 PyMethodDef g_newValue{"__new__", reinterpret_cast<PyCFunction>(reinterpret_cast<void (*)()>(newValue)),

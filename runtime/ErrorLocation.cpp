@@ -1,5 +1,7 @@
 #include "runtime/ErrorLocation.h"
 
+#include "runtime/Ref.h"
+
 #include <frameobject.h>
 
 namespace python {
@@ -18,15 +20,12 @@ ErrorLocation innermostLocation(PyObject* traceback)
         return {};
     while (entry->tb_next)
         entry = entry->tb_next;
-    PyCodeObject* code = PyFrame_GetCode(entry->tb_frame);
-    ErrorLocation location{utf8Of(code->co_filename), utf8Of(code->co_name), -1};
+    const auto code = BasicRef<PyCodeObject>::steal(PyFrame_GetCode(entry->tb_frame));
+    ErrorLocation location{utf8Of(code.get()->co_filename), utf8Of(code.get()->co_name), -1};
     // The field is filled lazily, so it is read as an attribute; the frame itself may have run on since.
-    if (PyObject* line = PyObject_GetAttrString(reinterpret_cast<PyObject*>(entry), "tb_lineno")) {
-        location.line = PyLong_AsLong(line);
-        Py_DECREF(line);
-    }
+    if (const Ref line = Ref::steal(PyObject_GetAttrString(reinterpret_cast<PyObject*>(entry), "tb_lineno")))
+        location.line = PyLong_AsLong(line.get());
     PyErr_Clear();
-    Py_DECREF(code);
     return location;
 }
 

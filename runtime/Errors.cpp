@@ -2,6 +2,7 @@
 
 #include "runtime/AskedStop.h"
 #include "runtime/NumberArguments.h"
+#include "runtime/PendingError.h"
 #include "runtime/StreamCaptureBinding.h"
 
 #include <cstdarg>
@@ -22,20 +23,16 @@ void raise(PyObject* type, const char* format, ...)
 
 void raiseFromPending(PyObject* type, const char* format, ...)
 {
-    PyObject *causeType, *cause, *trace;
-    PyErr_Fetch(&causeType, &cause, &trace);
-    PyErr_NormalizeException(&causeType, &cause, &trace);
-    Py_XDECREF(causeType);
-    Py_XDECREF(trace);
+    PendingError pending;
+    Ref cause = Ref::borrow(pending.value());
+    pending.drop();
     va_list arguments;
     va_start(arguments, format);
     PyErr_FormatV(type, format, arguments);
     va_end(arguments);
-    PyObject *errorType, *error, *errorTrace;
-    PyErr_Fetch(&errorType, &error, &errorTrace);
-    PyErr_NormalizeException(&errorType, &error, &errorTrace);
-    PyException_SetCause(error, cause); // takes the reference over
-    PyErr_Restore(errorType, error, errorTrace);
+    PendingError error;
+    PyException_SetCause(error.value(), cause.release()); // takes the reference over
+    error.putBack();
     raisePending();
 }
 

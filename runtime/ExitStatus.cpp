@@ -1,12 +1,14 @@
 #include "runtime/ExitStatus.h"
 
+#include "runtime/Ref.h"
 #include "runtime/StreamCaptureBinding.h"
 
 namespace python {
 
 int exitStatus(PyObject* exception, bool prints)
 {
-    PyObject* code = exception ? PyObject_GetAttrString(exception, "code") : nullptr;
+    const Ref held = Ref::steal(exception ? PyObject_GetAttrString(exception, "code") : nullptr);
+    PyObject* code = held.get();
     PyErr_Clear();
     int status = 1;
     if (code == Py_None) {
@@ -22,7 +24,6 @@ int exitStatus(PyObject* exception, bool prints)
             PyErr_Clear();
         PySys_WriteStderr("\n");
     }
-    Py_XDECREF(code);
     return status;
 }
 

@@ -3,6 +3,7 @@
 #include "runtime/Errors.h"
 #include "runtime/ExitStatus.h"
 #include "runtime/GuiThread.h"
+#include "runtime/PendingError.h"
 #include "runtime/RunMonitor.h"
 
 #include <boost/python.hpp>
@@ -23,17 +24,17 @@ int statusOfPending()
         printPendingError();
         return 1;
     }
-    PyObject *type, *value, *traceback;
-    PyErr_Fetch(&type, &value, &traceback);
-    PyErr_NormalizeException(&type, &value, &traceback);
-    return exitStatus(value, true);
+    PendingError error;
+    const int status = exitStatus(error.value(), true);
+    error.drop();
+    return status;
 }
 
 /// A script may have put a stream with a buffer in place.
 void flush(const char* name)
 {
     PyObject* stream = PySys_GetObject(name);
-    Py_XDECREF(stream ? PyObject_CallMethod(stream, "flush", nullptr) : nullptr);
+    Ref::steal(stream ? PyObject_CallMethod(stream, "flush", nullptr) : nullptr);
     PyErr_Clear();
 }
 
@@ -54,10 +55,8 @@ PyObject* ForkedChild::begin(PyObject* exitFunction, PyObject* /*arguments*/)
         thread_local const OnlyThread leaves;
         static_cast<void>(leaves);
     }
-    PyObject* os = PyImport_ImportModule("os");
-    if (os)
-        PyObject_SetAttrString(os, "_exit", exitFunction);
-    Py_XDECREF(os);
+    if (const Ref os = Ref::steal(PyImport_ImportModule("os")))
+        PyObject_SetAttrString(os.get(), "_exit", exitFunction);
     if (PyErr_Occurred())
         return nullptr;
     Py_RETURN_NONE;

@@ -10,6 +10,7 @@
 #include "runtime/GilLock.h"
 #include "runtime/Interpreter.h"
 #include "runtime/PythonPaths.h"
+#include "runtime/Ref.h"
 #include "runtime/ReplacedBuiltins.h"
 #include "runtime/RunMonitor.h"
 #include "runtime/RunTimeErrorHandler.h"
@@ -64,10 +65,9 @@ void HVPythonExecutionContext::removeDangerousFunctions()
         const char* attribute;
     } dangerous[] = {{"os", "_exit"}};
     for (const auto& [moduleName, attribute] : dangerous) {
-        PyObject* module = PyImport_ImportModule(moduleName);
-        if (module && PyObject_HasAttrString(module, attribute))
-            PyObject_SetAttrString(module, attribute, nullptr);
-        Py_XDECREF(module);
+        const python::Ref module = python::Ref::steal(PyImport_ImportModule(moduleName));
+        if (module && PyObject_HasAttrString(module.get(), attribute))
+            PyObject_SetAttrString(module.get(), attribute, nullptr);
         PyErr_Clear();
     }
 }
@@ -94,7 +94,7 @@ bool HVPythonExecutionContext::executePythonCode(const QString& code, python::Co
     const hv::ChangeScope step(python::projectChanges(), QFileInfo(fileName).fileName());
     const GilLock lock;
     python::restoreLostStreams();
-    PyObject* program = python::compileScript(text, fileName);
+    python::Ref program = python::Ref::steal(python::compileScript(text, fileName));
     if (!program) {
         python::reportSyntaxError(editor);
         m_lastRunEnd = RunEnd::CompileError;
@@ -105,8 +105,8 @@ bool HVPythonExecutionContext::executePythonCode(const QString& code, python::Co
     IAppWrapper* app = python::applicationInterface();
     const python::RunMonitor monitor(app ? app->runObserver() : nullptr, fileName);
     PyGC_Collect();
-    PyObject* result = PyEval_EvalCode(program, m_namespace, m_namespace);
-    Py_DECREF(program);
+    python::Ref result = python::Ref::steal(PyEval_EvalCode(program.get(), m_namespace, m_namespace));
+    program.reset();
     if (python::ForkedChild::isHere())
         python::ForkedChild::leave();
     if (!result) {
@@ -116,7 +116,7 @@ bool HVPythonExecutionContext::executePythonCode(const QString& code, python::Co
     }
     if (editor)
         editor->clearErrors();
-    Py_DECREF(result);
+    result.reset();
     PyGC_Collect();
     m_lastRunEnd = RunEnd::Finished;
     return true;

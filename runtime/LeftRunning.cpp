@@ -3,6 +3,7 @@
 #include "host/services/IAppWrapper.h"
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/Ref.h"
 #include "runtime/RunMonitor.h"
 
 #include <boost/python.hpp>
@@ -44,8 +45,7 @@ PyObject* imported(const char* name)
 void callWithin(Deadline& deadline, PyObject* function)
 {
     const RunMonitor monitor(&deadline, "exit functions");
-    PyObject* result = PyObject_CallNoArgs(function);
-    Py_XDECREF(result);
+    const Ref result = Ref::steal(PyObject_CallNoArgs(function));
     if (!result && deadline.hasPassed() && PyErr_ExceptionMatches(PyExc_KeyboardInterrupt))
         PyErr_Clear();
     else if (!result)
@@ -55,41 +55,35 @@ void callWithin(Deadline& deadline, PyObject* function)
 /// The functions that end thread pools, which plain Python calls before it waits for threads.
 void endThreadPools(PyObject* threading)
 {
-    PyObject* functions = PyObject_GetAttrString(threading, "_threading_atexits");
-    PyObject* newestFirst = functions ? PySequence_List(functions) : nullptr;
-    if (newestFirst && PyList_Reverse(newestFirst) == 0) {
+    const Ref functions = Ref::steal(PyObject_GetAttrString(threading, "_threading_atexits"));
+    const Ref newestFirst = Ref::steal(functions ? PySequence_List(functions.get()) : nullptr);
+    if (newestFirst && PyList_Reverse(newestFirst.get()) == 0) {
         Deadline deadline;
-        for (Py_ssize_t i = 0; i < PyList_GET_SIZE(newestFirst); ++i)
-            callWithin(deadline, PyList_GET_ITEM(newestFirst, i));
-        Py_XDECREF(PyObject_CallMethod(functions, "clear", nullptr));
+        for (Py_ssize_t i = 0; i < PyList_GET_SIZE(newestFirst.get()); ++i)
+            callWithin(deadline, PyList_GET_ITEM(newestFirst.get(), i));
+        Ref::steal(PyObject_CallMethod(functions.get(), "clear", nullptr));
     }
-    Py_XDECREF(newestFirst);
-    Py_XDECREF(functions);
     PyErr_Clear();
 }
 
 /// As plain Python: thread pools end and threads that are no daemons are waited for.
 void waitForThreads(PyObject* threading)
 {
-    PyObject* done = PyObject_CallMethod(threading, "_shutdown", nullptr);
-    if (!done)
+    if (!Ref::steal(PyObject_CallMethod(threading, "_shutdown", nullptr)))
         PyErr_WriteUnraisable(threading);
-    Py_XDECREF(done);
 }
 
 /// Those of atexit. Process pools end here, while their threads still work.
 void callExitFunctions(Patience patience)
 {
-    PyObject* atexit = PyImport_ImportModule("atexit");
-    PyObject* run = atexit ? PyObject_GetAttrString(atexit, "_run_exitfuncs") : nullptr;
+    const Ref atexit = Ref::steal(PyImport_ImportModule("atexit"));
+    const Ref run = Ref::steal(atexit ? PyObject_GetAttrString(atexit.get(), "_run_exitfuncs") : nullptr);
     if (run && patience == Patience::Short) {
         Deadline deadline;
-        callWithin(deadline, run);
+        callWithin(deadline, run.get());
     } else if (run) {
-        Py_XDECREF(PyObject_CallNoArgs(run));
+        Ref::steal(PyObject_CallNoArgs(run.get()));
     }
-    Py_XDECREF(run);
-    Py_XDECREF(atexit);
     PyErr_Clear();
 }
 
@@ -109,9 +103,8 @@ std::vector<unsigned long> otherThreads()
 /// leaving, so the interpreter forgets it. It stops for good when it next asks for the lock.
 void forgetThreads(PyObject* threading)
 {
-    PyObject* locks = PyObject_GetAttrString(threading, "_shutdown_locks");
-    Py_XDECREF(locks ? PyObject_CallMethod(locks, "clear", nullptr) : nullptr);
-    Py_XDECREF(locks);
+    const Ref locks = Ref::steal(PyObject_GetAttrString(threading, "_shutdown_locks"));
+    Ref::steal(locks ? PyObject_CallMethod(locks.get(), "clear", nullptr) : nullptr);
     PyErr_Clear();
 }
 

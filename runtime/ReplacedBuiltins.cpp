@@ -6,6 +6,7 @@
 #include "runtime/GilLock.h"
 #include "runtime/GuiThread.h"
 #include "runtime/HVPythonDocumentation.h"
+#include "runtime/Ref.h"
 #include "runtime/TextConversion.h"
 #include "runtime/UserWindows.h"
 
@@ -23,10 +24,8 @@ PyObject* g_originalInput = nullptr;
 QString labelOf(const bp::object& prompt)
 {
     QString label;
-    PyObject* text = PyObject_Str(prompt.ptr());
-    if (text)
-        textFromPython(text, label);
-    Py_XDECREF(text);
+    if (const Ref text = Ref::steal(PyObject_Str(prompt.ptr())))
+        textFromPython(text.get(), label);
     PyErr_Clear();
     return label;
 }
@@ -51,18 +50,12 @@ bp::object help(const bp::object& object)
         HVPythonDocumentation::openIndex();
         return {};
     }
-    PyObject* pydoc = PyImport_ImportModule("pydoc");
-    PyObject* pydocHelp = pydoc ? PyDict_GetItemString(PyModule_GetDict(pydoc), "help") : nullptr;
-    Py_XINCREF(pydocHelp);
-    Py_XDECREF(pydoc);
+    const Ref pydoc = Ref::steal(PyImport_ImportModule("pydoc"));
+    const Ref pydocHelp = Ref::borrow(pydoc ? PyDict_GetItemString(PyModule_GetDict(pydoc.get()), "help") : nullptr);
     PyErr_Clear();
-    if (!pydocHelp || pydocHelp == Py_None) {
-        Py_XDECREF(pydocHelp);
+    if (!pydocHelp || pydocHelp.get() == Py_None)
         return {};
-    }
-    PyObject* result = PyObject_CallFunction(pydocHelp, "(O)", object.ptr());
-    Py_DECREF(pydocHelp);
-    return owned(result);
+    return owned(PyObject_CallOneArg(pydocHelp.get(), object.ptr()));
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include "runtime/ExitStatus.h"
 #include "runtime/GilLock.h"
 #include "runtime/GuiThread.h"
+#include "runtime/PendingError.h"
 #include "runtime/UserWindows.h"
 
 #include <QSettings>
@@ -29,51 +30,6 @@ ErrorObserver& errorObserver()
     static ErrorObserver observer;
     return observer;
 }
-
-/// The fetched exception; given back by restore(), otherwise dropped.
-class FetchedException
-{
-public:
-    FetchedException()
-    {
-        PyErr_Fetch(&m_type, &m_value, &m_traceback);
-        PyErr_NormalizeException(&m_type, &m_value, &m_traceback);
-        if (m_traceback && m_value)
-            PyException_SetTraceback(m_value, m_traceback);
-    }
-    ~FetchedException()
-    {
-        Py_XDECREF(m_type);
-        Py_XDECREF(m_value);
-        Py_XDECREF(m_traceback);
-    }
-    FetchedException(const FetchedException&) = delete;
-    FetchedException& operator=(const FetchedException&) = delete;
-
-    void restore()
-    {
-        PyErr_Restore(std::exchange(m_type, nullptr), std::exchange(m_value, nullptr),
-                      std::exchange(m_traceback, nullptr));
-    }
-
-    bool isA(PyObject* type) const { return m_type && PyErr_GivenExceptionMatches(m_type, type); }
-    PyObject* traceback() const { return m_traceback; }
-    PyObject* value() const { return m_value; }
-
-    /// New reference, or null (nothing pending) when the exception has no such attribute.
-    PyObject* attribute(const char* name) const
-    {
-        PyObject* value = m_value ? PyObject_GetAttrString(m_value, name) : nullptr;
-        if (!value)
-            PyErr_Clear();
-        return value;
-    }
-
-private:
-    PyObject* m_type = nullptr;
-    PyObject* m_value = nullptr;
-    PyObject* m_traceback = nullptr;
-};
 
 bool isTerminalProgram()
 {
@@ -96,14 +52,10 @@ void closeWhatTheScriptLeftOpen()
 void reopenStandardInput()
 {
     PyObject* input = PySys_GetObject("stdin");
-    PyObject* closed = input ? PyObject_GetAttrString(input, "closed") : nullptr;
-    if (closed == Py_True) {
-        PyObject* fresh = PyFile_FromFd(0, "<stdin>", "r", -1, "utf-8", nullptr, nullptr, 0);
-        if (fresh)
-            PySys_SetObject("stdin", fresh);
-        Py_XDECREF(fresh);
-    }
-    Py_XDECREF(closed);
+    const Ref closed = Ref::steal(input ? PyObject_GetAttrString(input, "closed") : nullptr);
+    if (closed.get() == Py_True)
+        if (const Ref fresh = Ref::steal(PyFile_FromFd(0, "<stdin>", "r", -1, "utf-8", nullptr, nullptr, 0)))
+            PySys_SetObject("stdin", fresh.get());
     PyErr_Clear();
 }
 
@@ -129,23 +81,23 @@ bool isOfTheLibrary(PyObject* name)
     return found;
 }
 
-void reportMissingModule(FetchedException& exception, CodeEditor* editor)
+void reportMissingModule(PendingError& exception, CodeEditor* editor)
 {
-    PyObject* name = exception.attribute("name");
+    const Ref name = exception.attribute("name");
     if (!name) {
         PyErr_SetString(PyExc_AttributeError, "ModuleNotFoundError missing module 'name' attribute. Uh oh");
         printPendingError();
-        exception.restore();
+        exception.putBack();
         return;
     }
-    const QString moduleName = isOfTheLibrary(name) ? QString() : QString::fromStdString(utf8Of(name));
-    Py_DECREF(name);
+    const QString moduleName = isOfTheLibrary(name.get()) ? QString() : QString::fromStdString(utf8Of(name.get()));
     const bool installed = moduleFinder() && !moduleName.isEmpty() && moduleFinder()(moduleName);
     if (installed) {
         if (editor)
             editor->clearErrors();
+        exception.drop();
     } else {
-        exception.restore();
+        exception.putBack();
         printPendingError();
     }
     PyGC_Collect();
@@ -172,37 +124,34 @@ void setModuleFinder(ModuleFinder finder)
 
 void reportSyntaxError(CodeEditor* editor)
 {
-    FetchedException exception;
-    PyObject* file = exception.attribute("filename");
-    PyObject* line = exception.attribute("lineno");
-    if (file && line && editor && PyLong_Check(line))
-        editor->errorDetected(utf8Of(file), std::string(), PyLong_AsLong(line));
-    Py_XDECREF(file);
-    Py_XDECREF(line);
-    exception.restore();
+    PendingError exception;
+    const Ref file = exception.attribute("filename");
+    const Ref line = exception.attribute("lineno");
+    if (file && line && editor && PyLong_Check(line.get()))
+        editor->errorDetected(utf8Of(file.get()), std::string(), PyLong_AsLong(line.get()));
+    exception.putBack();
     printPendingError();
 }
 
 RunEnd handleRunTimeError(CodeEditor* editor, int* status)
 {
     const GilLock lock;
-    PyObject* pending = PyErr_Occurred();
-    if (!pending)
+    const Ref type = Ref::borrow(PyErr_Occurred());
+    if (!type)
         return RunEnd::Finished;
     if (status)
         *status = 1;
 
     const bool mayOpenAndCloseWindows = isGuiThread();
-    // Closing a window may run Python code, which must not find an exception pending.
-    PyObject *type = nullptr, *value = nullptr, *traceback = nullptr;
-    PyErr_Fetch(&type, &value, &traceback);
-    if (mayOpenAndCloseWindows)
+    if (mayOpenAndCloseWindows) {
+        // Closing a window may run Python code, which must not find an exception pending.
+        const PendingError pending;
         closeWhatTheScriptLeftOpen();
-    PyErr_Restore(type, value, traceback);
+    }
 
     const bool findModules =
         mayOpenAndCloseWindows && QSettings().value(QStringLiteral("Python/autofind"), true).toBool();
-    if (isSyntaxLike(type)) {
+    if (isSyntaxLike(type.get())) {
         reportSyntaxError(editor);
         PyGC_Collect();
         return RunEnd::Raised;
@@ -213,7 +162,8 @@ RunEnd handleRunTimeError(CodeEditor* editor, int* status)
         return RunEnd::Stopped;
     }
 
-    FetchedException exception;
+    PendingError exception;
+    PyObject* error = exception.value();
     ErrorLocation location;
     if (exception.traceback() && editor) {
         location = innermostLocation(exception.traceback());
@@ -221,24 +171,25 @@ RunEnd handleRunTimeError(CodeEditor* editor, int* status)
     }
 
     if (exception.isA(PyExc_SystemExit)) {
-        const int exit = exitStatus(exception.value(), isTerminalProgram());
+        const int exit = exitStatus(error, isTerminalProgram());
         if (status)
             *status = exit;
         if (!isTerminalProgram())
             reportSystemExit(location);
         reopenStandardInput();
+        exception.drop();
         PyGC_Collect();
         return exit == 0 ? RunEnd::ExitedZero : RunEnd::ExitedNonZero;
     }
     // A copy: the observer may be replaced while it looks.
     const ErrorObserver observer = errorObserver();
     if (observer && mayOpenAndCloseWindows && !exception.isA(PyExc_KeyboardInterrupt))
-        observer(exception.value(), exception.traceback());
+        observer(error, exception.traceback());
     if (exception.isA(PyExc_ModuleNotFoundError) && findModules) {
         reportMissingModule(exception, editor);
         return RunEnd::Raised;
     }
-    exception.restore();
+    exception.putBack();
     printPendingError();
     PyGC_Collect();
     return RunEnd::Raised;

@@ -2,6 +2,7 @@
 
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/PendingError.h"
 #include "runtime/TextConversion.h"
 
 #include <boost/python.hpp>
@@ -21,27 +22,23 @@ constexpr int g_markSize = sizeof g_byteOrderMark - 1;
 /// What the pending exception says; clears it.
 QString takeErrorText()
 {
-    PyObject *type = nullptr, *value = nullptr, *traceback = nullptr;
-    PyErr_Fetch(&type, &value, &traceback);
-    PyErr_NormalizeException(&type, &value, &traceback);
-    PyObject* text = value ? PyObject_Str(value) : nullptr;
+    PendingError error;
+    const Ref text = Ref::steal(error ? PyObject_Str(error.value()) : nullptr);
     QString result;
-    if (!text || !textFromPython(text, result))
+    if (!text || !textFromPython(text.get(), result))
         result = QStringLiteral("unknown error");
+    error.drop();
     PyErr_Clear();
-    for (PyObject* object : {text, type, value, traceback})
-        Py_XDECREF(object);
     return result;
 }
 
-/// Null with the exception pending.
-PyObject* encoded(const QString& text, const QByteArray& encoding)
+/// None with the exception pending.
+Ref encoded(const QString& text, const QByteArray& encoding)
 {
-    PyObject* str = PyUnicode_DecodeUTF16(reinterpret_cast<const char*>(text.utf16()),
-                                          static_cast<Py_ssize_t>(text.size()) * 2, "surrogatepass", nullptr);
-    PyObject* bytes = str ? PyUnicode_AsEncodedString(str, encoding.constData(), "strict") : nullptr;
-    Py_XDECREF(str);
-    return bytes;
+    const Ref str =
+        Ref::steal(PyUnicode_DecodeUTF16(reinterpret_cast<const char*>(text.utf16()),
+                                         static_cast<Py_ssize_t>(text.size()) * 2, "surrogatepass", nullptr));
+    return Ref::steal(str ? PyUnicode_AsEncodedString(str.get(), encoding.constData(), "strict") : nullptr);
 }
 
 /// A sentence on the first character that stands in the way, after encoded() failed.
@@ -49,14 +46,11 @@ QString takeEncodingError(const QString& text, const QByteArray& encoding)
 {
     if (!PyErr_ExceptionMatches(PyExc_UnicodeEncodeError))
         return takeErrorText();
-    PyObject *type = nullptr, *value = nullptr, *traceback = nullptr;
-    PyErr_Fetch(&type, &value, &traceback);
-    PyErr_NormalizeException(&type, &value, &traceback);
+    PendingError error;
     Py_ssize_t start = 0;
-    PyUnicodeEncodeError_GetStart(value, &start);
+    PyUnicodeEncodeError_GetStart(error.value(), &start);
+    error.drop();
     PyErr_Clear();
-    for (PyObject* object : {type, value, traceback})
-        Py_XDECREF(object);
     const QVector<uint> characters = text.toUcs4();
     const uint character = characters.value(static_cast<int>(start));
     const auto line = std::count(characters.begin(), characters.begin() + static_cast<int>(start), uint{'\n'}) + 1;
@@ -102,9 +96,8 @@ bool isScriptEncoding(const QByteArray& encoding)
 {
     const GilLock lock;
     const QByteArray sample = "# coding: ";
-    PyObject* bytes = encoded(QString::fromLatin1(sample), encoding);
-    const bool same = bytes && sample == PyBytes_AS_STRING(bytes);
-    Py_XDECREF(bytes);
+    const Ref bytes = encoded(QString::fromLatin1(sample), encoding);
+    const bool same = bytes && sample == PyBytes_AS_STRING(bytes.get());
     PyErr_Clear();
     return same;
 }
@@ -112,26 +105,23 @@ bool isScriptEncoding(const QByteArray& encoding)
 bool decodeText(const QByteArray& bytes, const QByteArray& encoding, QString& text, QString& error)
 {
     const GilLock lock;
-    PyObject* decoded = PyUnicode_Decode(bytes.constData(), bytes.size(), encoding.constData(), "strict");
-    const bool isText = decoded && textFromPython(decoded, text);
+    const Ref decoded = Ref::steal(PyUnicode_Decode(bytes.constData(), bytes.size(), encoding.constData(), "strict"));
+    const bool isText = decoded && textFromPython(decoded.get(), text);
     if (!isText)
         error = takeErrorText();
-    Py_XDECREF(decoded);
     return isText;
 }
 
 QByteArray encodeText(const QString& text, const QByteArray& encoding, QString& error)
 {
     const GilLock lock;
-    PyObject* bytes = encoded(text, encoding);
+    const Ref bytes = encoded(text, encoding);
     if (!bytes) {
         error = takeEncodingError(text, encoding);
         return {};
     }
     error.clear();
-    QByteArray result(PyBytes_AS_STRING(bytes), static_cast<int>(PyBytes_GET_SIZE(bytes)));
-    Py_DECREF(bytes);
-    return result;
+    return {PyBytes_AS_STRING(bytes.get()), static_cast<int>(PyBytes_GET_SIZE(bytes.get()))};
 }
 
 bool decodeScript(const QByteArray& bytes, QString& text, QString& error)

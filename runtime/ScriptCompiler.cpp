@@ -1,5 +1,7 @@
 #include "runtime/ScriptCompiler.h"
 
+#include "runtime/Ref.h"
+
 namespace python {
 
 namespace {
@@ -11,13 +13,11 @@ bool refuseNullCharacters(const QString& code, const QByteArray& fileName)
     if (position < 0)
         return false;
     const int line = code.leftRef(position).count(QLatin1Char('\n')) + 1;
-    PyObject* arguments =
-        Py_BuildValue("(s(Niiz))", "source code cannot contain null characters",
-                      PyUnicode_DecodeFSDefault(fileName.constData()), line, 1, static_cast<const char*>(nullptr));
-    if (arguments) {
-        PyErr_SetObject(PyExc_SyntaxError, arguments);
-        Py_DECREF(arguments);
-    }
+    const Ref arguments = Ref::steal(Py_BuildValue("(s(Niiz))", "source code cannot contain null characters",
+                                                   PyUnicode_DecodeFSDefault(fileName.constData()), line, 1,
+                                                   static_cast<const char*>(nullptr)));
+    if (arguments)
+        PyErr_SetObject(PyExc_SyntaxError, arguments.get());
     return true;
 }
 

@@ -5,6 +5,7 @@
 #include "runtime/Errors.h"
 #include "runtime/ForkedChild.h"
 #include "runtime/GilLock.h"
+#include "runtime/Ref.h"
 
 #include <boost/python.hpp>
 #include <boost/python/stl_iterator.hpp>
@@ -70,13 +71,11 @@ PyObject* write(PyObject* self, PyObject* text)
         return post(levelOf(self), {utf8, static_cast<std::size_t>(size)});
     // Lone surrogates have no UTF-8 form; they are shown escaped rather than lost.
     PyErr_Clear();
-    PyObject* escaped = PyUnicode_AsEncodedString(text, "utf-8", "backslashreplace");
+    const Ref escaped = Ref::steal(PyUnicode_AsEncodedString(text, "utf-8", "backslashreplace"));
     if (!escaped)
         return nullptr;
-    PyObject* result =
-        post(levelOf(self), {PyBytes_AS_STRING(escaped), static_cast<std::size_t>(PyBytes_GET_SIZE(escaped))});
-    Py_DECREF(escaped);
-    return result;
+    return post(levelOf(self),
+                {PyBytes_AS_STRING(escaped.get()), static_cast<std::size_t>(PyBytes_GET_SIZE(escaped.get()))});
 }
 
 PyMethodDef g_write = {"write", write, METH_O,

@@ -1,6 +1,7 @@
 #include "runtime/TextConversion.h"
 
 #include "runtime/Errors.h"
+#include "runtime/PendingError.h"
 #include "runtime/RunTimeErrorHandler.h"
 #include "runtime/TextSetting.h"
 
@@ -15,15 +16,11 @@ namespace {
 /// Tells the pending exception how the text can be had.
 void addNote()
 {
-    PyObject *type, *value, *traceback;
-    PyErr_Fetch(&type, &value, &traceback);
-    PyErr_NormalizeException(&type, &value, &traceback);
-    PyObject* none = PyObject_CallMethod(value, "add_note", "s",
-                                         "Texts of the application reach scripts in ASCII only. To have them whole, "
-                                         "turn on Settings > Python > Whole Unicode texts, or use strativo run "
-                                         "--unicode-text.");
-    Py_XDECREF(none);
-    PyErr_Restore(type, value, traceback); // in place of what may have gone wrong above
+    PendingError error;
+    Ref::steal(PyObject_CallMethod(error.value(), "add_note", "s",
+                                   "Texts of the application reach scripts in ASCII only. To have them whole, "
+                                   "turn on Settings > Python > Whole Unicode texts, or use strativo run "
+                                   "--unicode-text."));
 }
 
 struct TextToPython

@@ -1,6 +1,7 @@
 #include "runtime/WakeUpSignal.h"
 
 #include "runtime/Errors.h"
+#include "runtime/Ref.h"
 
 #include <boost/python.hpp>
 
@@ -35,14 +36,11 @@ PyObject* leaveWakeUpSignalOut(PyObject* original, PyObject* arguments)
     PyObject* mask = nullptr;
     if (!PyArg_UnpackTuple(arguments, "pthread_sigmask", 2, 2, &how, &mask))
         return nullptr;
-    PyObject* kept = PySet_New(mask);
-    PyObject* number = PyLong_FromLong(g_wakeUpSignal);
-    PyObject* before = kept && number && PySet_Discard(kept, number) >= 0
-                           ? PyObject_CallFunctionObjArgs(original, how, kept, nullptr)
-                           : nullptr;
-    Py_XDECREF(kept);
-    Py_XDECREF(number);
-    return before;
+    const Ref kept = Ref::steal(PySet_New(mask));
+    const Ref number = Ref::steal(PyLong_FromLong(g_wakeUpSignal));
+    return kept && number && PySet_Discard(kept.get(), number.get()) >= 0
+               ? PyObject_CallFunctionObjArgs(original, how, kept.get(), nullptr)
+               : nullptr;
 }
 
 PyMethodDef g_replacements[] = {

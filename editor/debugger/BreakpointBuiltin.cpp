@@ -2,6 +2,7 @@
 
 #include "editor/debugger/Engine.h"
 #include "host/services/HVEventBus.h"
+#include "runtime/Ref.h"
 
 #include <QCoreApplication>
 
@@ -31,11 +32,10 @@ PyMethodDef g_method = {"breakpointhook",
 void setBreakpointBuiltin(Engine* engine)
 {
     g_engine = engine;
-    PyObject* hook = engine ? PyCFunction_New(&g_method, nullptr) : PySys_GetObject("__breakpointhook__");
+    const auto hook = engine ? python::Ref::steal(PyCFunction_New(&g_method, nullptr))
+                             : python::Ref::borrow(PySys_GetObject("__breakpointhook__"));
     if (hook)
-        PySys_SetObject("breakpointhook", hook);
-    if (engine)
-        Py_XDECREF(hook);
+        PySys_SetObject("breakpointhook", hook.get());
     PyErr_Clear();
 }
 

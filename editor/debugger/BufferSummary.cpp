@@ -1,4 +1,5 @@
 #include "editor/debugger/ValueText.h"
+#include "runtime/Ref.h"
 
 #include <QStringList>
 
@@ -66,12 +67,11 @@ const Format* formatOf(const Py_buffer& view)
 
 bool isOfScriptingModule(PyObject* value)
 {
-    PyObject* module = PyObject_GetAttrString(reinterpret_cast<PyObject*>(Py_TYPE(value)), "__module__");
-    const bool ours =
-        module && PyUnicode_Check(module) && PyUnicode_CompareWithASCIIString(module, "strativo_python") == 0;
-    Py_XDECREF(module);
+    const auto module =
+        python::Ref::steal(PyObject_GetAttrString(reinterpret_cast<PyObject*>(Py_TYPE(value)), "__module__"));
     PyErr_Clear();
-    return ours;
+    return module && PyUnicode_Check(module.get()) &&
+           PyUnicode_CompareWithASCIIString(module.get(), "strativo_python") == 0;
 }
 
 QString describe(const Py_buffer& view, bool marked)

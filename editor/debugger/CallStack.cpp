@@ -2,6 +2,7 @@
 
 #include "editor/debugger/CodeMarks.h"
 #include "editor/debugger/FrameLayout.h"
+#include "runtime/Ref.h"
 
 namespace debugger {
 
@@ -50,9 +51,9 @@ CallStack CallStack::ofTraceback(PyObject* traceback)
     for (auto* entry = reinterpret_cast<PyTracebackObject*>(traceback); entry && stack.m_calls.size() < g_mostCalls;
          entry = entry->tb_next) {
         // The field is filled lazily, so it is read as an attribute.
-        PyObject* number = PyObject_GetAttrString(reinterpret_cast<PyObject*>(entry), "tb_lineno");
-        const int line = number ? static_cast<int>(PyLong_AsLong(number)) : -1;
-        Py_XDECREF(number);
+        const python::Ref number =
+            python::Ref::steal(PyObject_GetAttrString(reinterpret_cast<PyObject*>(entry), "tb_lineno"));
+        const int line = number ? static_cast<int>(PyLong_AsLong(number.get())) : -1;
         PyErr_Clear();
         Py_INCREF(entry->tb_frame);
         stack.add(entry->tb_frame, line);

@@ -1,10 +1,13 @@
 #include "editor/debugger/CodeMarks.h"
 
+#include "runtime/PendingError.h"
 #include "runtime/PythonPaths.h"
 
 #include <QFileInfo>
 
 namespace debugger {
+
+using python::Ref;
 
 namespace {
 
@@ -19,43 +22,27 @@ Py_ssize_t extraIndex()
     return index;
 }
 
-/// Whoever asks may be about to throw an exception into a generator.
-class PendingErrorKept
-{
-public:
-    PendingErrorKept() { PyErr_Fetch(&m_type, &m_value, &m_traceback); }
-    ~PendingErrorKept() { PyErr_Restore(m_type, m_value, m_traceback); }
-    PendingErrorKept(const PendingErrorKept&) = delete;
-    PendingErrorKept& operator=(const PendingErrorKept&) = delete;
-
-private:
-    PyObject* m_type = nullptr;
-    PyObject* m_value = nullptr;
-    PyObject* m_traceback = nullptr;
-};
-
 /// The lines for which the interpreter reports an event, as far as they are in `wanted`.
 std::vector<int> linesWithin(PyCodeObject* code, const std::set<int>& wanted)
 {
     std::vector<int> lines;
-    PyObject* ranges = PyObject_CallMethod(reinterpret_cast<PyObject*>(code), "co_lines", nullptr);
-    PyObject* range = nullptr;
-    while (ranges && (range = PyIter_Next(ranges))) {
-        PyObject* number = PyTuple_GET_ITEM(range, 2);
+    const Ref ranges = Ref::steal(PyObject_CallMethod(reinterpret_cast<PyObject*>(code), "co_lines", nullptr));
+    if (!ranges)
+        return lines;
+    while (const Ref range = Ref::steal(PyIter_Next(ranges.get()))) {
+        PyObject* number = PyTuple_GET_ITEM(range.get(), 2);
         if (number != Py_None) {
             const int line = static_cast<int>(PyLong_AsLong(number));
             if (wanted.count(line) != 0)
                 lines.push_back(line);
         }
-        Py_DECREF(range);
     }
-    Py_XDECREF(ranges);
     return lines;
 }
 
 void fill(CodeMarks& marks, PyCodeObject* code, const Breakpoints& breakpoints)
 {
-    const PendingErrorKept pending;
+    const python::PendingError pending; // whoever asks may be about to throw one into a generator
     marks.stops.clear();
     marks.firstLine = 0;
     marks.generation = breakpoints.generation();
@@ -96,7 +83,7 @@ const CodeMarks& marksOf(PyCodeObject* code, const Breakpoints& breakpoints)
     if (marks && marks->generation == breakpoints.generation())
         return *marks;
     if (!marks) {
-        const PendingErrorKept pending;
+        const python::PendingError pending; // whoever asks may be about to throw one into a generator
         marks = makeMarks(code);
     }
     if (!marks)

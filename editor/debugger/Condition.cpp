@@ -1,23 +1,24 @@
 #include "editor/debugger/Condition.h"
 
+#include "runtime/Ref.h"
+
 namespace debugger {
+
+using python::Ref;
 
 namespace {
 
-/// New reference, or null with the exception pending. A condition in a loop is compiled once.
-PyObject* compiled(const QString& expression)
+/// None with the exception pending. A condition in a loop is compiled once.
+Ref compiled(const QString& expression)
 {
     static QString lastExpression;
-    static PyObject* lastCode = nullptr; // outlives the interpreter by design: one small object
-    if (lastCode && lastExpression == expression) {
-        Py_INCREF(lastCode);
+    static Ref& lastCode = *new Ref; // outlives the interpreter by design: one small object
+    if (lastCode && lastExpression == expression)
         return lastCode;
-    }
-    PyObject* code = Py_CompileString(expression.toUtf8().constData(), "<condition>", Py_eval_input);
+    Ref code = Ref::steal(Py_CompileString(expression.toUtf8().constData(), "<condition>", Py_eval_input));
     if (!code)
-        return nullptr;
-    Py_INCREF(code);
-    Py_XDECREF(std::exchange(lastCode, code));
+        return {};
+    lastCode = code;
     lastExpression = expression;
     return code;
 }
@@ -26,17 +27,13 @@ PyObject* compiled(const QString& expression)
 
 ConditionResult evaluateCondition(const QString& expression, PyFrameObject* frame)
 {
-    PyObject* code = compiled(expression);
-    PyObject* globals = code ? PyFrame_GetGlobals(frame) : nullptr;
-    PyObject* locals = globals ? PyFrame_GetLocals(frame) : nullptr;
-    PyObject* value = locals ? PyEval_EvalCode(code, globals, locals) : nullptr;
-    Py_XDECREF(globals);
-    Py_XDECREF(locals);
-    Py_XDECREF(code);
+    const Ref code = compiled(expression);
+    const Ref globals = Ref::steal(code ? PyFrame_GetGlobals(frame) : nullptr);
+    const Ref locals = Ref::steal(globals ? PyFrame_GetLocals(frame) : nullptr);
+    const Ref value = Ref::steal(locals ? PyEval_EvalCode(code.get(), globals.get(), locals.get()) : nullptr);
     if (!value)
         return ConditionResult::Raised;
-    const int truth = PyObject_IsTrue(value);
-    Py_DECREF(value);
+    const int truth = PyObject_IsTrue(value.get());
     return truth < 0 ? ConditionResult::Raised : truth ? ConditionResult::True : ConditionResult::False;
 }
 

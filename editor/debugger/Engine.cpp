@@ -5,6 +5,7 @@
 #include "editor/debugger/FrameLayout.h"
 #include "host/services/HVEventBus.h"
 #include "runtime/GilLock.h"
+#include "runtime/PendingError.h"
 #include "runtime/RunMonitor.h"
 
 #include <QCoreApplication>
@@ -21,10 +22,9 @@ QString tr(const char* text)
 /// "NameError: name 'x' is not defined", for the user.
 QString describe(PyObject* exception)
 {
-    PyObject* text = PyObject_Str(exception);
-    const char* utf8 = text ? PyUnicode_AsUTF8(text) : nullptr;
+    const auto text = python::Ref::steal(PyObject_Str(exception));
+    const char* utf8 = text ? PyUnicode_AsUTF8(text.get()) : nullptr;
     const QString message = QString::fromUtf8(utf8 ? utf8 : "");
-    Py_XDECREF(text);
     PyErr_Clear();
     const QString type = QString::fromUtf8(Py_TYPE(exception)->tp_name);
     return message.isEmpty() ? type : QStringLiteral("%1: %2").arg(type, message);
@@ -120,18 +120,11 @@ int Engine::reached(PyFrameObject* frame, int line)
     case ConditionResult::Raised:
         break;
     }
-    PyObject *type = nullptr, *value = nullptr, *traceback = nullptr;
-    PyErr_Fetch(&type, &value, &traceback);
-    PyErr_NormalizeException(&type, &value, &traceback);
-    if (PyErr_GivenExceptionMatches(type, PyExc_KeyboardInterrupt)) {
-        // The user stopped a condition that did not come to an end.
-        PyErr_Restore(type, value, traceback);
-        return -1;
-    }
-    const QString reason = tr("The condition \"%1\" raised %2").arg(condition, describe(value));
-    Py_XDECREF(type);
-    Py_XDECREF(value);
-    Py_XDECREF(traceback);
+    python::PendingError error;
+    if (error.isA(PyExc_KeyboardInterrupt))
+        return -1; // the user stopped a condition that did not come to an end
+    const QString reason = tr("The condition \"%1\" raised %2").arg(condition, describe(error.value()));
+    error.drop();
     return pause(frame, reason);
 }
 

@@ -1,5 +1,7 @@
 #include "editor/debugger/TimeLimit.h"
 
+#include "runtime/Ref.h"
+
 #include <boost/python/detail/wrap_python.hpp>
 
 #include <condition_variable>
@@ -9,6 +11,8 @@
 #include <thread>
 
 namespace debugger {
+
+using python::Ref;
 
 namespace {
 
@@ -39,15 +43,12 @@ PyMethodDef g_strike = {"__strativo_time_limit", strike, METH_VARARGS, nullptr};
 int installSignal()
 {
     const int number = SIGRTMIN + 7;
-    PyObject* module = PyImport_ImportModule("_signal");
-    PyObject* handler = PyCFunction_New(&g_strike, nullptr);
-    PyObject* before = module && handler ? PyObject_CallMethod(module, "signal", "iO", number, handler) : nullptr;
-    const bool installed = before != nullptr;
-    Py_XDECREF(before);
-    Py_XDECREF(handler);
-    Py_XDECREF(module);
+    const Ref module = Ref::steal(PyImport_ImportModule("_signal"));
+    const Ref handler = Ref::steal(PyCFunction_New(&g_strike, nullptr));
+    const Ref before = Ref::steal(
+        module && handler ? PyObject_CallMethod(module.get(), "signal", "iO", number, handler.get()) : nullptr);
     PyErr_Clear();
-    return installed ? number : 0;
+    return before ? number : 0;
 }
 
 } // namespace

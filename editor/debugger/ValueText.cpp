@@ -1,8 +1,11 @@
 #include "editor/debugger/ValueText.h"
 
 #include "editor/debugger/TimeLimit.h"
+#include "runtime/Ref.h"
 
 namespace debugger {
+
+using python::Ref;
 
 namespace {
 
@@ -57,7 +60,7 @@ QString cut(QString text)
 /// The repr as text; a remark, and nothing pending, when it failed.
 QString repr(PyObject* value)
 {
-    PyObject* text = PyObject_Repr(value);
+    Ref text = Ref::steal(PyObject_Repr(value));
     if (!text) {
         PyObject* type = PyErr_Occurred();
         const QString name = type ? QString::fromUtf8(reinterpret_cast<PyTypeObject*>(type)->tp_name) : QString();
@@ -65,14 +68,11 @@ QString repr(PyObject* value)
         return QStringLiteral("<repr raised %1>").arg(name);
     }
     // The UTF-8 of the whole would be computed and kept for nothing.
-    PyObject* head = PyUnicode_Substring(text, 0, g_longest + 1);
-    Py_DECREF(text);
-    PyObject* bytes = head ? PyUnicode_AsEncodedString(head, "utf-8", "backslashreplace") : nullptr;
-    const QString result = bytes ? QString::fromUtf8(PyBytes_AS_STRING(bytes)) : QString();
-    Py_XDECREF(bytes);
-    Py_XDECREF(head);
+    const Ref head = Ref::steal(PyUnicode_Substring(text.get(), 0, g_longest + 1));
+    text.reset();
+    const Ref bytes = Ref::steal(head ? PyUnicode_AsEncodedString(head.get(), "utf-8", "backslashreplace") : nullptr);
     PyErr_Clear();
-    return result;
+    return bytes ? QString::fromUtf8(PyBytes_AS_STRING(bytes.get())) : QString();
 }
 
 } // namespace
@@ -86,11 +86,8 @@ QString ValueText::of(PyObject* value)
     if (const QString summary = sizeOnly(value); !summary.isEmpty())
         return summary;
     Py_ssize_t size = 0;
-    if (PyObject* head = headOf(value, size)) {
-        const QString text = limitedRepr(head);
-        Py_DECREF(head);
-        return QStringLiteral("%1… (%2)").arg(text).arg(static_cast<qlonglong>(size));
-    }
+    if (const Ref head = Ref::steal(headOf(value, size)))
+        return QStringLiteral("%1… (%2)").arg(limitedRepr(head.get())).arg(static_cast<qlonglong>(size));
     return cut(limitedRepr(value));
 }
 

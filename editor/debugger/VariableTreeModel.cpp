@@ -3,8 +3,11 @@
 #include "editor/debugger/TimeLimit.h"
 #include "editor/debugger/ValueText.h"
 #include "runtime/GilLock.h"
+#include "runtime/Ref.h"
 
 #include <optional>
+
+using python::Ref;
 
 namespace {
 
@@ -124,18 +127,15 @@ void VariableTreeModel::populate(PyObject* globals, PyObject* locals)
 
 void VariableTreeModel::appendMapping(Items& rows, PyObject* mapping, bool global, debugger::ValueText& text) const
 {
-    PyObject* keys = mapping ? PyMapping_Keys(mapping) : nullptr;
-    const Py_ssize_t count = keys ? PyList_GET_SIZE(keys) : 0;
+    const Ref keys = Ref::steal(mapping ? PyMapping_Keys(mapping) : nullptr);
+    const Py_ssize_t count = keys ? PyList_GET_SIZE(keys.get()) : 0;
     for (Py_ssize_t i = 0; i < count; ++i) {
-        PyObject* key = PyList_GET_ITEM(keys, i);
+        PyObject* key = PyList_GET_ITEM(keys.get(), i);
         const std::optional<QString> name = shownName(key);
-        PyObject* value = name ? PyObject_GetItem(mapping, key) : nullptr;
-        if (value)
-            rows.push_back(std::make_unique<Item>(value, *name, text, nullptr, global));
-        Py_XDECREF(value);
+        if (const Ref value = Ref::steal(name ? PyObject_GetItem(mapping, key) : nullptr))
+            rows.push_back(std::make_unique<Item>(value.get(), *name, text, nullptr, global));
         PyErr_Clear();
     }
-    Py_XDECREF(keys);
     PyErr_Clear();
 }
 
@@ -146,32 +146,29 @@ void VariableTreeModel::fetchAttributes(Item& item) const
         return;
     const python::GilLock lock;
     // A property may end the pause, and with it this model's hold on the value.
-    PyObject* object = item.value;
-    Py_INCREF(object);
+    const Ref held = Ref::borrow(item.value);
+    PyObject* object = held.get();
     debugger::ValueText text;
     auto left = g_attributesTime;
     const auto limited = [&left](const auto& look) {
         const auto start = std::chrono::steady_clock::now();
         const debugger::TimeLimit limit(std::min(left, g_attributeTime));
-        PyObject* result = look();
+        Ref result = Ref::steal(look());
         left -= std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start);
         return result;
     };
-    PyObject* names = limited([=] { return PyObject_Dir(object); });
-    const Py_ssize_t count = names && PyList_Check(names) ? PyList_GET_SIZE(names) : 0;
+    const Ref names = limited([=] { return PyObject_Dir(object); });
+    const Py_ssize_t count = names && PyList_Check(names.get()) ? PyList_GET_SIZE(names.get()) : 0;
     for (Py_ssize_t i = 0; i < count && left.count() > 0; ++i) {
         PyErr_Clear();
-        PyObject* key = PyList_GET_ITEM(names, i);
+        PyObject* key = PyList_GET_ITEM(names.get(), i);
         const std::optional<QString> name = shownName(key);
-        PyObject* attribute = name ? limited([=] { return PyObject_GetAttr(object, key); }) : nullptr;
-        if (attribute && !isCode(attribute)) {
-            item.children.push_back(std::make_unique<Item>(attribute, *name, text, &item, item.global));
+        const Ref attribute = name ? limited([=] { return PyObject_GetAttr(object, key); }) : Ref();
+        if (attribute && !isCode(attribute.get())) {
+            item.children.push_back(std::make_unique<Item>(attribute.get(), *name, text, &item, item.global));
             item.children.back()->fetched = true; // one level only
         }
-        Py_XDECREF(attribute);
     }
-    Py_XDECREF(names);
-    Py_DECREF(object);
     PyErr_Clear();
 }
 

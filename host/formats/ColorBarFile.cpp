@@ -15,39 +15,35 @@ constexpr qint64 g_largestFile = 32 << 20;
 
 } // namespace
 
-std::optional<ColorBar> readColorBar(const QString& filename, const QString& name, QString& error)
+hv::Result<ColorBar> readColorBar(const QString& filename, const QString& name)
 {
+    using hv::Failure;
     QFile file(filename);
     const QFileInfo source(filename);
-    if (source.exists() && !source.isFile()) {
-        error = QStringLiteral("it is not an ordinary file");
-        return std::nullopt;
-    }
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = file.errorString();
-        return std::nullopt;
-    }
+    if (source.exists() && !source.isFile())
+        return Failure(QStringLiteral("it is not an ordinary file"));
+    if (!file.open(QIODevice::ReadOnly))
+        return Failure(file.errorString());
     const QByteArray content = file.read(g_largestFile + 1);
-    if (file.error() != QFileDevice::NoError) {
-        error = file.errorString();
-        return std::nullopt;
-    }
-    if (content.size() > g_largestFile) {
-        error = QStringLiteral("it is too large for a colour bar");
-        return std::nullopt;
-    }
+    if (file.error() != QFileDevice::NoError)
+        return Failure(file.errorString());
+    if (content.size() > g_largestFile)
+        return Failure(QStringLiteral("it is too large for a colour bar"));
     const QByteArray start = content.trimmed();
     const bool isJson = start.startsWith('[') || start.startsWith('{');
-    std::optional<ColorBar> bar = isJson ? readColorMap(content, name, error) : readPaletteTable(content, error);
+    hv::Result<ColorBar> bar = isJson ? readColorMap(content, name) : readPaletteTable(content);
     if (bar && bar->name().isEmpty())
         bar->setName(source.completeBaseName());
     return bar;
 }
 
-bool writeColorBar(const ColorBar& bar, const QString& filename, QString& error)
+hv::Result<void> writeColorBar(const ColorBar& bar, const QString& filename)
 {
     const bool isPaletteTable = QFileInfo(filename).suffix().compare(QLatin1String("cpt"), Qt::CaseInsensitive) == 0;
-    return hv::writeWholeFile(filename, isPaletteTable ? writePaletteTable(bar) : writeColorMap(bar), error);
+    QString reason;
+    if (hv::writeWholeFile(filename, isPaletteTable ? writePaletteTable(bar) : writeColorMap(bar), reason))
+        return {};
+    return hv::Failure(reason);
 }
 
 QVector<ColorPoint> storedPoints(const ColorBar& bar)

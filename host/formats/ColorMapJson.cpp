@@ -35,9 +35,9 @@ QRgb withAlpha(QRgb color, int alpha)
 class MapReader
 {
 public:
-    MapReader(const QJsonObject& map, QString& error) : m_map(map), m_error(error) {}
+    explicit MapReader(const QJsonObject& map) : m_map(map) {}
 
-    std::optional<ColorBar> read()
+    hv::Result<ColorBar> read()
     {
         ColorBar bar;
         bar.setName(m_map[QLatin1String("Name")].toString());
@@ -49,7 +49,7 @@ public:
             fail(QStringLiteral("it has neither RGBPoints nor IndexedColors"));
         readSpecialColors(bar);
         if (m_hasFailed)
-            return std::nullopt;
+            return hv::Failure(m_error);
         return bar;
     }
 
@@ -200,7 +200,7 @@ private:
     }
 
     const QJsonObject& m_map;
-    QString& m_error;
+    QString m_error;
     bool m_hasFailed = false;
 };
 
@@ -220,24 +220,21 @@ QJsonArray rgbOf(QRgb color)
 
 } // namespace
 
-std::optional<ColorBar> readColorMap(const QByteArray& json, const QString& name, QString& error)
+hv::Result<ColorBar> readColorMap(const QByteArray& json, const QString& name)
 {
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(json, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
-        error = QStringLiteral("line %1: %2")
-                    .arg(json.left(parseError.offset).count('\n') + 1)
-                    .arg(parseError.errorString());
-        return std::nullopt;
+        const int line = json.left(parseError.offset).count('\n') + 1;
+        return hv::Failure(QStringLiteral("line %1: %2").arg(line).arg(parseError.errorString()), {}, line);
     }
     const QJsonArray maps = document.isArray() ? document.array() : QJsonArray{document.object()};
     for (const QJsonValue map : maps) {
         if (map.isObject() && (name.isEmpty() || map[QLatin1String("Name")].toString() == name))
-            return MapReader(map.toObject(), error).read();
+            return MapReader(map.toObject()).read();
     }
-    error = name.isEmpty() ? QStringLiteral("it holds no colour map")
-                           : QStringLiteral("it holds no colour map \"%1\"").arg(name);
-    return std::nullopt;
+    return hv::Failure(name.isEmpty() ? QStringLiteral("it holds no colour map")
+                                      : QStringLiteral("it holds no colour map \"%1\"").arg(name));
 }
 
 QByteArray writeColorMap(const ColorBar& bar)

@@ -6,6 +6,7 @@
 #include <QPolygonF>
 
 #include <limits>
+#include <optional>
 
 namespace {
 
@@ -79,20 +80,16 @@ private:
 
 } // namespace
 
-std::optional<MapOutline> readMapOutline(const QByteArray& text, QString& error)
+hv::Result<MapOutline> readMapOutline(const QByteArray& text)
 {
     QJsonParseError problem;
     const QJsonDocument document = QJsonDocument::fromJson(text, &problem);
-    if (!document.isObject()) {
-        error = QStringLiteral("This is no GeoJSON: %1.").arg(problem.errorString());
-        return std::nullopt;
-    }
+    if (!document.isObject())
+        return hv::Failure(QStringLiteral("This is no GeoJSON: %1.").arg(problem.errorString()));
     Reader reader;
     reader.read(document.object());
-    if (reader.isEmpty()) {
-        error = QStringLiteral("There are no coordinates in it.");
-        return std::nullopt;
-    }
+    if (reader.isEmpty())
+        return hv::Failure(QStringLiteral("There are no coordinates in it."));
     reader.outline.bounds = reader.bounds();
     return std::move(reader.outline);
 }

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "host/core/Result.h"
+
 #include <QPainterPath>
 #include <QString>
-
-#include <optional>
 
 class QByteArray;
 
@@ -16,5 +16,5 @@ struct MapOutline
     QRectF bounds; ///< map coordinates; may have no width or height
 };
 
-/// Null with a sentence in `error` for what is no GeoJSON or holds no geometry.
-std::optional<MapOutline> readMapOutline(const QByteArray& text, QString& error);
+/// Fails for what is no GeoJSON or holds no geometry.
+hv::Result<MapOutline> readMapOutline(const QByteArray& text);

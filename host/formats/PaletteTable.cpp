@@ -374,15 +374,15 @@ QString colorText(QRgb color)
 
 } // namespace
 
-std::optional<ColorBar> readPaletteTable(const QByteArray& text, QString& error)
+hv::Result<ColorBar> readPaletteTable(const QByteArray& text)
 {
     TableReader reader;
     try {
         return reader.read(text);
     } catch (const TableError& problem) {
-        error =
-            reader.line() > 0 ? QStringLiteral("line %1: %2").arg(reader.line()).arg(problem.reason) : problem.reason;
-        return std::nullopt;
+        const int line = reader.line();
+        return hv::Failure(line > 0 ? QStringLiteral("line %1: %2").arg(line).arg(problem.reason) : problem.reason, {},
+                           line);
     }
 }
 

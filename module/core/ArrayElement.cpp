@@ -1,6 +1,7 @@
 #include "module/core/ArrayElement.h"
 
 #include "runtime/NumberArguments.h"
+#include "runtime/Ref.h"
 
 namespace python::element {
 
@@ -24,12 +25,11 @@ Conversion toDouble(PyObject* object, double& value)
 
 Conversion toInt32(PyObject* object, std::int32_t& value)
 {
-    PyObject* number = PyIndex_Check(object) ? PyNumber_Index(object) : nullptr;
+    const Ref number = Ref::steal(PyIndex_Check(object) ? PyNumber_Index(object) : nullptr);
     if (!number)
         return PyErr_Occurred() ? pendingFailure() : Conversion::WrongType;
     int overflow = 0;
-    const long long wide = PyLong_AsLongLongAndOverflow(number, &overflow);
-    Py_DECREF(number);
+    const long long wide = PyLong_AsLongLongAndOverflow(number.get(), &overflow);
     value = static_cast<std::int32_t>(wide);
     if (overflow == 0 && value == wide)
         return Conversion::Done;

@@ -54,11 +54,10 @@ Bar fromFile(const PathText& path, const QString& name)
         if (auto opened = Bar::open(ObjectKind::ColorBar, filename))
             return *opened;
     // One map of several; or once more, for the bare reason.
-    QString error;
-    const std::optional<ColorBar> bar = display::readColorBar(filename, name, error);
+    const auto bar = display::readColorBar(filename, name);
     if (!bar)
         raise(PyExc_IOError, "ColorBar.fromFile(), unable to read file '%s': %s", shown.constData(),
-              error.toUtf8().constData());
+              bar.failure().sentence.toUtf8().constData());
     return {*bar, filename};
 }
 
@@ -200,14 +199,13 @@ struct Pickling : bp::pickle_suite
     static void setstate(Bar& bar, const bp::tuple& state)
     {
         const bp::object map = state[0];
-        QString error(QStringLiteral("the state is not that of a colour bar"));
-        const std::optional<ColorBar> read =
-            PyBytes_Check(map.ptr()) ? display::readColorMap(QByteArray(PyBytes_AS_STRING(map.ptr()),
-                                                                        static_cast<int>(PyBytes_GET_SIZE(map.ptr()))),
-                                                             QString(), error)
-                                     : std::nullopt;
+        const hv::Result<ColorBar> read =
+            PyBytes_Check(map.ptr())
+                ? display::readColorMap({PyBytes_AS_STRING(map.ptr()), static_cast<int>(PyBytes_GET_SIZE(map.ptr()))},
+                                        {})
+                : hv::Failure(QStringLiteral("the state is not that of a colour bar"));
         if (!read)
-            raise(PyExc_ValueError, "ColorBar.__setstate__(), %s", error.toUtf8().constData());
+            raise(PyExc_ValueError, "ColorBar.__setstate__(), %s", read.failure().sentence.toUtf8().constData());
         Bar restored(*read);
         setBounds(restored, state[1]);
         bar = restored;

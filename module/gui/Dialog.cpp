@@ -7,6 +7,7 @@
 #include "runtime/ApplicationInterface.h"
 #include "runtime/Errors.h"
 #include "runtime/GilLock.h"
+#include "runtime/PendingError.h"
 #include "runtime/RunMonitor.h"
 
 #include <QDialog>
@@ -155,7 +156,9 @@ public:
             const GilLock lock;
             if (PyErr_CheckSignals() == 0)
                 return;
-            PyErr_Fetch(&m_error[0], &m_error[1], &m_error[2]);
+            PendingError interruption;
+            m_interruption = Ref::borrow(interruption.value());
+            interruption.drop();
             m_timer.stop();
             if (dialog)
                 dialog->reject();
@@ -165,15 +168,15 @@ public:
     /// Unwinds with the exception of the signal, if one came. Needs the interpreter lock.
     void raiseIfInterrupted()
     {
-        if (!m_error[0])
+        if (!m_interruption)
             return;
-        PyErr_Restore(m_error[0], m_error[1], m_error[2]);
+        PyErr_SetObject(reinterpret_cast<PyObject*>(Py_TYPE(m_interruption.get())), m_interruption.get());
         raisePending();
     }
 
 private:
     QTimer m_timer;
-    PyObject* m_error[3] = {};
+    Ref m_interruption;
 };
 
 /// Shows the dialog and waits until it is hidden or gone.

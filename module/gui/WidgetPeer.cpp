@@ -7,6 +7,7 @@
 #include "runtime/ClassSlots.h"
 #include "runtime/Errors.h"
 #include "runtime/QtCall.h"
+#include "runtime/Ref.h"
 
 #include <QWindow>
 
@@ -108,20 +109,14 @@ bool WidgetPeer::callOverride(Handler handler, QEvent& event)
         return false;
     const ArrangingScope arranging(handler, widget());
     // The handler may let go of the last name of its own widget.
-    Py_INCREF(self);
-    PyObject* wrapped = wrapEvent(event);
-    if (wrapped) {
-        PyObject* arguments[] = {self, wrapped};
-        PyObject* result = PyObject_VectorcallMethod(method.name, arguments, 2, nullptr);
-        endEvent(wrapped);
-        if (!result)
-            printPendingError();
-        Py_XDECREF(result);
-        Py_DECREF(wrapped);
-    } else {
+    const Ref kept = Ref::borrow(self);
+    const Ref wrapped = Ref::steal(wrapEvent(event));
+    PyObject* arguments[] = {self, wrapped.get()};
+    const Ref result = Ref::steal(wrapped ? PyObject_VectorcallMethod(method.name, arguments, 2, nullptr) : nullptr);
+    if (wrapped)
+        endEvent(wrapped.get());
+    if (!result)
         printPendingError();
-    }
-    Py_DECREF(self);
     return true;
 }
 

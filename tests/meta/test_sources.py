@@ -90,6 +90,21 @@ class RulesCase(unittest.TestCase):
         self.assertEqual([fault.split()[0] for fault in rules.lock_by_hand(self.root)],
                          ["runtime/HVPythonExecutionContext.cpp", "editor/E.cpp"])
 
+    def test_counts_by_hand(self):
+        self.write("runtime/Ref.h", "Py_XINCREF(object); Py_XDECREF(object); Py_CLEAR(object);")
+        self.write("runtime/R.cpp", "const Ref name = Ref::steal(PyObject_Str(o)); // no Py_DECREF(name)", "Py_NewRef(o);")
+        self.assertEqual(rules.counts_by_hand(self.root), [])
+        self.write("runtime/R.cpp", "Py_XDECREF(o);", "PyErr_Fetch(&type, &value, &traceback);")
+        self.assertEqual(rules.counts_by_hand(self.root),
+                         ["runtime/R.cpp counts references or keeps an exception by hand: 2, allowed 0"])
+
+    def test_errors_to_fill(self):
+        self.write("host/data/D.h", "Result<void> save(const QString& path);", "void tell(const QString& what);")
+        self.write("editor/E.h", "bool save(QString& error);")
+        self.assertEqual(rules.errors_to_fill(self.root), [])
+        self.write("host/data/D.h", "bool save(QString* error);", "bool read(const QString& path, QString& reason);")
+        self.assertEqual(rules.errors_to_fill(self.root), ["host/data/D.h has an error to fill where a Result is due: 2, allowed 0"])
+
     def test_waiting_for_the_gui_thread(self):
         self.write("host/jobs/J.cpp", "Qt::QueuedConnection")
         self.assertEqual(rules.waiting_for_the_gui_thread(self.root), [])
@@ -137,6 +152,12 @@ class Tree(unittest.TestCase):
 
     def test_lock_by_guards(self):
         self.expect_none(rules.lock_by_hand(TREE))
+
+    def test_counts_by_references(self):
+        self.expect_none(rules.counts_by_hand(TREE))
+
+    def test_failures_as_results(self):
+        self.expect_none(rules.errors_to_fill(TREE))
 
     def test_nobody_waits_for_the_gui_thread(self):
         self.expect_none(rules.waiting_for_the_gui_thread(TREE))

@@ -19,20 +19,24 @@ const ObjectKindInfo& ColorBarKind::info() const
 
 Result<ObjectValue> ColorBarKind::read(const QString& path) const
 {
-    QString reason;
-    std::optional<ColorBar> bar = display::readColorBar(path, {}, reason);
+    Result<ColorBar> bar = display::readColorBar(path, {});
     if (!bar)
-        return Failure(QStringLiteral("Unable to read '%1': %2.").arg(QDir::toNativeSeparators(path), reason), path);
+        return Failure(
+            QStringLiteral("Unable to read '%1': %2.").arg(QDir::toNativeSeparators(path), bar.failure().sentence),
+            path, bar.failure().line);
     return ObjectValue::of(std::move(*bar));
 }
 
 Result<void> ColorBarKind::write(const ObjectValue& value, const QString& path) const
 {
     const auto bar = value.as<ColorBar>();
-    QString reason(QStringLiteral("it is no colour bar"));
-    if (bar && display::writeColorBar(*bar, path, reason))
+    const Result<void> written =
+        bar ? display::writeColorBar(*bar, path) : Failure(QStringLiteral("it is no colour bar"));
+    if (written)
         return {};
-    return Failure(QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(path), reason), path);
+    return Failure(
+        QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(path), written.failure().sentence),
+        path);
 }
 
 std::unique_ptr<ObjectPicture> ColorBarKind::picture(const ObjectValue& value) const

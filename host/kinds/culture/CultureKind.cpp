@@ -14,10 +14,9 @@ const ObjectKindInfo& CultureKind::info() const
 
 Result<ObjectValue> CultureKind::parse(const QByteArray& text) const
 {
-    QString reason;
-    auto outline = readMapOutline(text, reason);
+    auto outline = readMapOutline(text);
     if (!outline)
-        return Failure(reason);
+        return outline.failure();
     return ObjectValue::of(Culture{text, std::move(*outline)});
 }
 

@@ -16,20 +16,26 @@ namespace {
 
 QString g_error;
 
+/// Keeps why something failed.
+template <typename T>
+bool done(const hv::Result<T>& result)
+{
+    g_error = result ? QString() : result.failure().sentence;
+    return static_cast<bool>(result);
+}
+
 ColorBar table(const char* text)
 {
-    g_error.clear();
-    const auto bar = readPaletteTable(text, g_error);
-    EXPECT_TRUE(bar) << qPrintable(g_error);
-    return bar.value_or(ColorBar());
+    const auto bar = readPaletteTable(text);
+    EXPECT_TRUE(done(bar)) << qPrintable(g_error);
+    return bar ? *bar : ColorBar();
 }
 
 ColorBar map(const char* text, const char* name = "")
 {
-    g_error.clear();
-    const auto bar = readColorMap(text, QString::fromLatin1(name), g_error);
-    EXPECT_TRUE(bar) << qPrintable(g_error);
-    return bar.value_or(ColorBar());
+    const auto bar = readColorMap(text, QString::fromLatin1(name));
+    EXPECT_TRUE(done(bar)) << qPrintable(g_error);
+    return bar ? *bar : ColorBar();
 }
 
 void expectRange(const ColorBar& bar, double minimum, double maximum)
@@ -102,7 +108,7 @@ TEST(ColorBarFile, BadPaletteTables)
         {"-1.7e308 black 1.7e308 white\n", "the range -1.7e+308 to 1.7e+308 can not be shown"},
     };
     for (const auto& [text, message] : cases) {
-        EXPECT_FALSE(readPaletteTable(text, g_error)) << text;
+        EXPECT_FALSE(done(readPaletteTable(text))) << text;
         EXPECT_STREQ(qPrintable(g_error), message);
     }
 }
@@ -144,7 +150,7 @@ TEST(ColorBarFile, ColorMaps)
          "colour map \"a\": unknown ColorSpace \"XYZ\""},
     };
     for (const auto& [text, message] : cases) {
-        EXPECT_FALSE(readColorMap(text, QString(), g_error)) << text;
+        EXPECT_FALSE(done(readColorMap(text, QString()))) << text;
         EXPECT_STREQ(qPrintable(g_error), message);
     }
 }
@@ -159,9 +165,9 @@ TEST(ColorBarFile, EveryPaletteSurvivesBothFormats)
             bar.setRange(-1234.5678, 0.1);
             bar.setAboveColor(qRgb(1, 2, 3));
             const QString file = folder.filePath(palette.identifier + QLatin1Char('.') + QLatin1String(suffix));
-            ASSERT_TRUE(writeColorBar(bar, file, g_error)) << qPrintable(g_error);
-            const auto read = readColorBar(file, QString(), g_error);
-            ASSERT_TRUE(read) << qPrintable(g_error);
+            ASSERT_TRUE(done(writeColorBar(bar, file))) << qPrintable(g_error);
+            const auto read = readColorBar(file, QString());
+            ASSERT_TRUE(done(read)) << qPrintable(g_error);
             EXPECT_EQ(read->colors(), bar.colors());
             EXPECT_EQ(read->name(), palette.identifier);
             expectRange(*read, bar.minimum(), bar.maximum());
@@ -172,37 +178,37 @@ TEST(ColorBarFile, EveryPaletteSurvivesBothFormats)
     }
     ColorBar bar;
     bar.setPoints({{0, qRgba(9, 8, 7, 0)}, {0.3, qRgba(1, 2, 3, 77)}, {0.3, qRgb(4, 5, 6)}, {1, qRgb(7, 8, 9)}});
-    EXPECT_EQ(readColorMap(writeColorMap(bar), QString(), g_error)->colors(), bar.colors());
-    EXPECT_EQ(readPaletteTable(writePaletteTable(bar), g_error)->colors(), bar.colors());
+    EXPECT_EQ(readColorMap(writeColorMap(bar), QString())->colors(), bar.colors());
+    EXPECT_EQ(readPaletteTable(writePaletteTable(bar))->colors(), bar.colors());
 }
 
 TEST(ColorBarFile, FailuresLeaveFilesAlone)
 {
     const QTemporaryDir folder;
-    EXPECT_FALSE(readColorBar(folder.path(), QString(), g_error));
+    EXPECT_FALSE(done(readColorBar(folder.path(), QString())));
     EXPECT_STREQ(qPrintable(g_error), "it is not an ordinary file");
-    EXPECT_FALSE(writeColorBar(ColorBar(), folder.filePath(QStringLiteral("none/x.json")), g_error));
+    EXPECT_FALSE(done(writeColorBar(ColorBar(), folder.filePath(QStringLiteral("none/x.json")))));
     EXPECT_FALSE(g_error.isEmpty());
     // What is not an ordinary file (here a pipe) must not be replaced by one.
     const QString pipe = folder.filePath(QStringLiteral("pipe"));
     ASSERT_EQ(mkfifo(pipe.toLocal8Bit().constData(), 0600), 0);
-    EXPECT_FALSE(writeColorBar(ColorBar(), pipe, g_error));
+    EXPECT_FALSE(done(writeColorBar(ColorBar(), pipe)));
     EXPECT_TRUE(QFile::exists(pipe) && !QFileInfo(pipe).isFile());
-    EXPECT_FALSE(readColorBar(pipe, QString(), g_error));
+    EXPECT_FALSE(done(readColorBar(pipe, QString())));
     QFile::remove(pipe);
 
     // A limit on the size of files stands for a full disk: the old file stays, and nothing lies beside it.
     const QString file = folder.filePath(QStringLiteral("kept.json"));
-    ASSERT_TRUE(writeColorBar(ColorBar(), file, g_error));
+    ASSERT_TRUE(done(writeColorBar(ColorBar(), file)));
     rlimit limit;
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
     const rlimit tight{100, limit.rlim_max};
     const auto handler = std::signal(SIGXFSZ, SIG_IGN);
     ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &tight), 0);
-    const bool isWritten = writeColorBar(PaletteCatalogue::instance().palettes().back().colorBar, file, g_error);
+    const bool isWritten = done(writeColorBar(PaletteCatalogue::instance().palettes().back().colorBar, file));
     setrlimit(RLIMIT_FSIZE, &limit);
     std::signal(SIGXFSZ, handler);
     EXPECT_FALSE(isWritten);
-    EXPECT_EQ(readColorBar(file, QString(), g_error)->colors(), ColorBar().colors());
+    EXPECT_EQ(readColorBar(file, QString())->colors(), ColorBar().colors());
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
