@@ -44,6 +44,7 @@ void ChangeLog::finish(const QString& text)
 {
     ChangeStep::Changes changes = std::exchange(m_changes, {});
     const bool canUndo = std::exchange(m_canUndo, true);
+    ++m_finished;
     if (m_sink && (!changes.empty() || !canUndo))
         m_sink->add(std::make_unique<ChangeStep>(text, std::move(changes), canUndo));
 }

@@ -35,6 +35,8 @@ public:
 
     /// Whether a scope is open: what happens now belongs to its step.
     bool isOpen() const { return m_runs > 0 || m_steps > 0; }
+    /// How many steps have ended: what was recorded before the last one is no part of the present one.
+    quint64 finishedSteps() const { return m_finished; }
 
 private:
     friend class ChangeScope;
@@ -53,6 +55,7 @@ private:
     int m_steps = 0;
     QString m_stepText;
     quint64 m_stepNumber = 0;
+    quint64 m_finished = 0;
     qint64 m_mostBytes = qint64(1) << 30;
 };
 

@@ -13,7 +13,7 @@
 #include <vector>
 
 /// host/volume: the file of a volume: float samples on a grid of inlines, crosslines and samples, read at the speed of
-/// memory in every direction and larger than memory when need be. docs/volume-format.md describes the bytes.
+/// memory in every direction and larger than memory when need be. docs/volume_format.rst describes the bytes.
 
 namespace hv {
 

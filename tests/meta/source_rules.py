@@ -33,6 +33,7 @@ MAY_INCLUDE = {
     "host/kinds/randomline": VALUES + ["host/kinds", "host/kinds/demo", "host/kinds/text", "host/volume"],
     "host/kinds/volume": VALUES + ["host/formats", "host/kinds", "host/kinds/demo", "host/volume"],
     "host/data": VALUES + STORE + ["host/services"],
+    "host/blocs": VALUES + STORE + ["host/jobs", "host/kinds/randomline", "host/services", "host/volume"],
     "host/data/demo": VALUES + STORE + ["host/kinds/demo", "host/services"],
     # Windows.
     "host/icons": [],
@@ -42,7 +43,7 @@ MAY_INCLUDE = {
     "runtime": ["host/changes", "host/core", "host/services"],
     "module": ["runtime"],
     "module/core": VALUES + ["host/services", "module", "runtime"],
-    "module/data": VALUES + STORE + ["host/services", "module", "module/core", "runtime"],
+    "module/data": VALUES + STORE + ["host/blocs", "host/services", "host/volume", "module", "module/core", "runtime"],
     # The scripting layer: windows and the application.
     "plugins": ["host/changes", "host/core", "host/data", "host/services", "host/widgets", "runtime"],
     "editor/debugger": ["host/core", "host/icons", "host/services", "runtime"],
