@@ -125,6 +125,7 @@ MainWindow::~MainWindow()
 void MainWindow::fillProjectDock()
 {
     m_browser = new HVProjectBrowser;
+    m_browser->setJobs(m_jobs.get());
     m_browser->setProject(m_projects->project());
     m_projectDock->setWidget(m_browser);
     connect(m_projects, &HVProjectService::projectChanged, m_browser, &HVProjectBrowser::setProject);

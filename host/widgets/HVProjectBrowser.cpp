@@ -125,6 +125,11 @@ void HVProjectBrowser::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
 }
 
+void HVProjectBrowser::setJobs(hv::JobManager* jobs)
+{
+    m_commands->setJobs(jobs);
+}
+
 QVector<const ProjectNode*> HVProjectBrowser::selectedRows() const
 {
     QVector<const ProjectNode*> rows;

@@ -15,6 +15,9 @@ class QLineEdit;
 class QStackedWidget;
 class QTreeView;
 struct ProjectNode;
+namespace hv {
+class JobManager;
+}
 
 /// Shows the objects of the open project in a tree with a search field; made for a dock widget. What is open and
 /// selected stays so when objects come and go. Without a project, and in an empty one, it says how to begin.
@@ -28,6 +31,9 @@ public:
 
     /// Null for none. A browser that is not on the screen looks at the project when it is shown.
     void setProject(HVProject* project);
+
+    /// Who copies large files beside; not owned, outlives the browser. Without it the browser waits for them.
+    void setJobs(hv::JobManager* jobs);
 
     QTreeView* view() const { return m_view; }
     QLineEdit* searchField() const { return m_search; }

@@ -1,6 +1,8 @@
 #include "host/widgets/HVProjectCommands.h"
 
+#include "host/formats/FileCopy.h"
 #include "host/icons/HVIconStore.h"
+#include "host/jobs/JobManager.h"
 #include "host/services/HVEventBus.h"
 #include "host/widgets/ProjectTree.h"
 
@@ -13,7 +15,12 @@
 #include <QMessageBox>
 #include <QUrl>
 
+#include <utility>
+
 namespace {
+
+/// Larger files are copied by a job.
+constexpr qint64 g_mostAtOnce = 32LL * 1024 * 1024;
 
 using Type = ProjectNode::Type;
 
@@ -62,6 +69,8 @@ void HVProjectCommands::fillMenu(QMenu& menu, const QVector<const ProjectNode*>&
     }
     if (isOne && first.type != Type::Kind)
         menu.addAction(tr("Rename"), this, &HVProjectCommands::renameRequested, QKeySequence(Qt::Key_F2));
+    if (areObjectsOfOneKind)
+        menu.addAction(icon("copy_24"), tr("Duplicate"), this, [this, objects] { duplicateObjects(objects); });
     menu.addSeparator();
     menu.addAction(icon("copy_24"), isOne ? tr("Copy Path") : tr("Copy Paths"), this,
                    [paths] { QGuiApplication::clipboard()->setText(paths.join(QLatin1Char('\n'))); });
@@ -140,6 +149,50 @@ void HVProjectCommands::removeRows(const QVector<const ProjectNode*>& rows)
     }
     if (!objects.isEmpty())
         removeObjects(objects);
+}
+
+void HVProjectCommands::duplicateObjects(const Objects& objects)
+{
+    if (!m_project)
+        return;
+    const hv::ChangeScope step(&m_project->changes(), objects.names.size() == 1
+                                                          ? tr("Duplicate '%1'").arg(objects.names.first())
+                                                          : tr("Duplicate %1 objects").arg(objects.names.size()));
+    hv::ObjectStore& store = m_project->store();
+    for (const QString& name : objects.names) {
+        const hv::ObjectKey key{objects.kind, name};
+        hv::ObjectKey copy = key;
+        for (int number = 2; store.contains(copy) || m_comingUp.contains(copy); ++number)
+            copy.name = QStringLiteral("%1 %2").arg(name, QString::number(number));
+        if (m_jobs && QFileInfo(store.path(key)).size() > g_mostAtOnce)
+            duplicateBeside(key, copy);
+        else if (const auto done = store.duplicate(key, copy.name); !done)
+            report(false, done.failure().sentence);
+    }
+}
+
+void HVProjectCommands::duplicateBeside(const hv::ObjectKey& key, const hv::ObjectKey& copy)
+{
+    m_comingUp.insert(copy);
+    const QString from = m_project->store().path(key);
+    const QString to =
+        QFileInfo(from).path() + QLatin1Char('/') + copy.name + QLatin1Char('.') + QFileInfo(from).suffix();
+    const auto work = [from, to](hv::JobContext& context) {
+        qint64 before = 0;
+        return hv::copyWholeFile(from, to, [&](qint64 done, qint64 all) {
+            if (before == 0)
+                context.setSteps(all);
+            context.advance(done - std::exchange(before, done));
+            return !context.cancelled();
+        });
+    };
+    m_jobs->start({tr("Duplicate '%1'").arg(key.name), {key}}, work, this,
+                  [this, copy, project = m_project](hv::JobState, const hv::Result<void>& made) {
+                      m_comingUp.remove(copy);
+                      if (made && project)
+                          if (const auto adopted = project->store().adopt(copy); !adopted)
+                              report(false, adopted.failure().sentence);
+                  });
 }
 
 void HVProjectCommands::removeObjects(const QVector<Objects>& objects)

@@ -1,7 +1,10 @@
 // The project browser in a real window: what it shows, keeps, drags and changes.
 #include "host/data/HVProject.h"
+#include "host/jobs/JobManager.h"
 #include "host/widgets/HVProjectBrowser.h"
+#include "host/widgets/HVProjectCommands.h"
 #include "host/widgets/HVProjectModel.h"
+#include "host/widgets/ProjectTree.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -10,6 +13,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QTemporaryDir>
@@ -158,6 +162,36 @@ TEST_F(ProjectBrowser, renamingAndDeleting)
     EXPECT_EQ(directories().directoryOf("Top 3"), "South") << "removing a folder keeps its objects";
     project.reset();
     browser.setProject(nullptr);
+}
+
+TEST_F(ProjectBrowser, objectsOfEveryKindAreDuplicatedUnderNamesThatAreFree)
+{
+    hv::JobManager jobs;
+    HVProjectCommands commands(nullptr);
+    commands.setProject(project.get());
+    commands.setJobs(&jobs);
+    const auto duplicate = [&](ObjectKind kind, const QString& name) {
+        ProjectNode node{ProjectNode::Type::Object, kind, name, project->filename(kind, name)};
+        QMenu menu;
+        commands.fillMenu(menu, {&node});
+        for (QAction* action : menu.actions())
+            if (action->text() == QLatin1String("Duplicate"))
+                action->trigger();
+    };
+    duplicate(ObjectKind::Well, "W & 1");
+    duplicate(ObjectKind::Horizon3d, "Top 10");
+    duplicate(ObjectKind::Horizon3d, "Top 10");
+    EXPECT_EQ(project->objectNames(ObjectKind::Well), QStringList({"W & 1", "W & 1 2"}));
+    EXPECT_EQ(project->objectNames(ObjectKind::Horizon3d),
+              QStringList({"Base", "Top 2", "Top 10", "Top 10 2", "Top 10 3"}));
+    // Large ones by a job, two of them at once.
+    ASSERT_TRUE(QFile::resize(project->filename(ObjectKind::Horizon3d, "Base"), 40'000'000));
+    duplicate(ObjectKind::Horizon3d, "Base");
+    duplicate(ObjectKind::Horizon3d, "Base");
+    EXPECT_EQ(jobs.jobs().size(), 2u);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return jobs.isIdle(); }, 30000));
+    EXPECT_EQ(project->objectNames(ObjectKind::Horizon3d).mid(0, 3), QStringList({"Base", "Base 2", "Base 3"}));
+    EXPECT_EQ(QFileInfo(project->filename(ObjectKind::Horizon3d, "Base 3")).size(), 40'000'000);
 }
 
 TEST_F(ProjectBrowser, tenThousandObjectsStayQuick)
