@@ -58,7 +58,8 @@ MAY_INCLUDE = {
     "app/demo": ["app", "host/data/demo"],
     "app/workbench": VALUES + STORE + ["app", "editor", "editor/debugger", "host/icons", "host/jobs", "host/services",
                                        "host/viewers", "host/widgets", "plugins", "runtime"],
-    "app/headless": STORE + ["app", "app/workbench", "host/core", "host/jobs", "host/services", "plugins", "runtime"],
+    "app/headless": STORE + ["app", "app/workbench", "host/core", "host/georef", "host/jobs", "host/segy", "host/services",
+                             "host/volume", "plugins", "runtime"],
 }
 
 TOP_FOLDERS = ["host", "runtime", "module", "plugins", "editor", "app"]
