@@ -3,6 +3,7 @@
 option(STRATIVO_BUILD_TESTS "Build the test programs" ON)
 option(STRATIVO_BUILD_BENCHMARKS "Build the benchmark programs" OFF)
 option(STRATIVO_BUILD_DOCS "Build the HTML documentation (needs Sphinx)" ON)
+option(STRATIVO_BUILD_FUZZERS "Build the programs that feed readers with files of any content (needs clang)" OFF)
 option(STRATIVO_SANITIZE "Instrument with the address and undefined-behaviour sanitizers" OFF)
 
 set(CMAKE_CXX_STANDARD 20)
@@ -33,6 +34,9 @@ target_compile_options(strativo_build_flags INTERFACE
   -Werror
   -fno-semantic-interposition
   -fpch-preprocess)
+if(STRATIVO_BUILD_FUZZERS)
+  target_compile_options(strativo_build_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 if(STRATIVO_SANITIZE)
   # Without vptr: Boost.Python asks for the dynamic type of an object whose destructor has run.
   set(sanitizers -fsanitize=address,undefined -fno-sanitize=vptr)

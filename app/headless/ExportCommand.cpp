@@ -5,6 +5,7 @@
 #include "app/headless/TerminalApp.h"
 #include "app/headless/VolumePlace.h"
 #include "app/headless/Words.h"
+#include "host/arrays/ZarrFolder.h"
 #include "host/segy/TraceWriter.h"
 #include "host/volume/VolumeFile.h"
 
@@ -19,10 +20,11 @@ namespace headless {
 namespace {
 
 const char* const g_usage =
-    "usage: strativo export [options] segy VOLUME FILE\n"
+    "usage: strativo export [options] segy|npy|zarr VOLUME FILE\n"
     "\n"
     "Writes a volume for other programs. VOLUME is a volume file, or with --project the name of a\n"
-    "volume of the project.\n"
+    "volume of the project. npy is a file of NumPy: the samples alone. zarr is a folder\n"
+    "with samples, lines, coordinates and attributes.\n"
     "\n"
     "Exit status: 0 the file is there, 1 it is not, 2 the command line was wrong.\n";
 
@@ -35,6 +37,7 @@ QList<QCommandLineOption> options()
         {text("format"), text("SEG-Y samples: ibm (else) or ieee."), text("FORMAT")},
         {text("text"), text("SEG-Y text: ebcdic (else) or ascii."), text("ENCODING")},
         {text("header"), text("SEG-Y: a file whose text goes into the textual header."), text("FILE")},
+        {text("compress"), text("Zarr: chunks are compressed with zlib.")},
         {text("leave-out"),
          text("SEG-Y: traces without values are left out, not written as zeros that are marked as dead.")},
     };
@@ -97,6 +100,20 @@ int exportSegy(const Words& words, const hv::VolumeFile& volume, const QString& 
     return g_statusRan;
 }
 
+int exportArray(const Words& words, const hv::VolumeFile& volume, const QString& target)
+{
+    const bool isZarr = words.at(0) == QLatin1String("zarr");
+    const hv::Result<void> written =
+        runOnTerminal(QStringLiteral("Writing %1").arg(QFileInfo(target).fileName()), [&](hv::JobContext& context) {
+            return isZarr ? hv::arrays::writeZarr(volume, target, words.has(QStringLiteral("compress")), context)
+                          : hv::arrays::writeNumpy(volume, target, context);
+        });
+    if (!written)
+        return fail(written.failure().sentence);
+    std::printf("%s\n", target.toLocal8Bit().constData());
+    return g_statusRan;
+}
+
 } // namespace
 
 int runExport(int argc, char** argv)
@@ -108,17 +125,19 @@ int runExport(int argc, char** argv)
     if (words.status())
         return *words.status();
     const QString target = words.at(2);
-    if (words.at(0) != QLatin1String("segy"))
-        return refuse(QStringLiteral("there is no format \"%1\"; there is segy").arg(words.at(0)));
+    const QString format = words.at(0);
+    if (!QStringList{QStringLiteral("segy"), QStringLiteral("npy"), QStringLiteral("zarr")}.contains(format))
+        return refuse(QStringLiteral("there is no format \"%1\"; there are segy, npy and zarr").arg(format));
     const hv::Result<QString> path = existingVolume({words.value(QStringLiteral("project")), words.at(1)});
     if (!path)
         return fail(path.failure().sentence);
-    if (!words.has(QStringLiteral("replace")) && QFileInfo::exists(target))
-        return fail(QStringLiteral("\"%1\" exists already; --replace replaces it.").arg(target));
+    if (const QFileInfo there(target); there.exists() && (there.isDir() || !words.has(QStringLiteral("replace"))))
+        return fail(QStringLiteral("\"%1\" exists already%2.")
+                        .arg(target, there.isDir() ? QString() : QStringLiteral("; --replace replaces it")));
     const auto volume = hv::VolumeFile::open(*path);
     if (!volume)
         return fail(volume.failure().sentence);
-    return exportSegy(words, **volume, target);
+    return format == QLatin1String("segy") ? exportSegy(words, **volume, target) : exportArray(words, **volume, target);
 }
 
 } // namespace headless

@@ -5,6 +5,7 @@
 #include "app/headless/TerminalApp.h"
 #include "app/headless/VolumePlace.h"
 #include "app/headless/Words.h"
+#include "host/arrays/ZarrFolder.h"
 #include "host/georef/Crs.h"
 #include "host/segy/Import.h"
 
@@ -23,8 +24,9 @@ namespace {
 const char* const g_usage =
     "usage: strativo import [options] FILE\n"
     "\n"
-    "Makes a volume of a SEG-Y file and says how the file was understood. What is not said by an\n"
-    "option is found out. Positions are bytes of the trace header, counted from 1; 189:2 stands for\n"
+    "Makes a volume of a SEG-Y file and says how the file was understood; or of a file of NumPy\n"
+    "(.npy), or a folder of Zarr. What is not said by an option is found out. Positions are bytes of the trace header, "
+    "counted from 1; 189:2 stands for\n"
     "a number of two bytes, 0 for none. Lines are FIRST-LAST, FIRST-LAST/N for every N-th one, or /N.\n"
     "\n"
     "Exit status: 0 the volume is there, 1 it is not, 2 the command line was wrong.\n";
@@ -211,21 +213,33 @@ void print(const hv::segy::Scan& scan)
     std::fflush(stdout);
 }
 
-} // namespace
-
-int runImport(int argc, char** argv)
+/// Where the volume of a file is to be made.
+hv::Result<QString> target(const Words& words, const QFileInfo& file)
 {
-    program::coerceLocale();
-    int ownArguments = 1;
-    const QCoreApplication application(ownArguments, argv);
-    const Words words(argc - 1, argv + 1, g_usage, options(), 1);
-    if (words.status())
-        return *words.status();
-    Request request;
-    if (const QString error = read(words, request); !error.isEmpty())
-        return refuse(error);
+    VolumePlace place{words.value(QStringLiteral("project")), words.value(QStringLiteral("as"))};
+    if (place.name.isEmpty())
+        place.name = file.completeBaseName() + (place.project.isEmpty() ? QStringLiteral(".svol") : QString());
+    return newVolume(place, words.has(QStringLiteral("replace")));
+}
 
-    const QFileInfo file(words.at(0));
+int importArray(const Words& words, const Request& request, const QFileInfo& file)
+{
+    const hv::Result<QString> path = target(words, file);
+    if (!path)
+        return fail(path.failure().sentence);
+    const auto read = file.isDir() ? hv::arrays::readZarr : hv::arrays::readNumpy;
+    const hv::Result<void> made =
+        runOnTerminal(QStringLiteral("Importing %1").arg(file.fileName()), [&](hv::JobContext& context) {
+            return read(file.filePath(), *path, request.import.orders, context);
+        });
+    if (!made)
+        return fail(made.failure().sentence);
+    std::printf("%-12s %s\n", "Made", path->toLocal8Bit().constData());
+    return g_statusRan;
+}
+
+int importSegyFile(const Words& words, const Request& request, const QFileInfo& file)
+{
     using Scanned = std::shared_ptr<const hv::segy::Scan>;
     const hv::Result<Scanned> scan =
         runOnTerminal<Scanned>(QStringLiteral("Looking through %1").arg(file.fileName()), [&](hv::JobContext& context) {
@@ -238,11 +252,7 @@ int runImport(int argc, char** argv)
         return fail(obstacle);
     if (words.has(QStringLiteral("look")))
         return g_statusRan;
-
-    VolumePlace place{words.value(QStringLiteral("project")), words.value(QStringLiteral("as"))};
-    if (place.name.isEmpty())
-        place.name = file.completeBaseName() + (place.project.isEmpty() ? QStringLiteral(".svol") : QString());
-    const hv::Result<QString> path = newVolume(place, words.has(QStringLiteral("replace")));
+    const hv::Result<QString> path = target(words, file);
     if (!path)
         return fail(path.failure().sentence);
     using Counts = hv::segy::ImportCounts;
@@ -255,6 +265,26 @@ int runImport(int argc, char** argv)
     std::printf("%-12s %s: %lld traces, %lld cells without one\n", "Made", path->toLocal8Bit().constData(),
                 static_cast<long long>(counts->read), static_cast<long long>(counts->empty));
     return g_statusRan;
+}
+
+} // namespace
+
+int runImport(int argc, char** argv)
+{
+    program::coerceLocale();
+    hideQtWarnings();
+    int ownArguments = 1;
+    const QCoreApplication application(ownArguments, argv);
+    const Words words(argc - 1, argv + 1, g_usage, options(), 1);
+    if (words.status())
+        return *words.status();
+    Request request;
+    if (const QString error = read(words, request); !error.isEmpty())
+        return refuse(error);
+
+    const QFileInfo file(words.at(0));
+    return file.isDir() || file.suffix() == QLatin1String("npy") ? importArray(words, request, file)
+                                                                 : importSegyFile(words, request, file);
 }
 
 } // namespace headless

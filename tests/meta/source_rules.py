@@ -29,6 +29,7 @@ MAY_INCLUDE = {
     "host/objects": ["host/changes", "host/core", "host/formats", "host/kinds", "host/services"],
     "host/jobs": ["host/core", "host/kinds", "host/objects", "host/services"],
     "host/segy": VALUES + ["host/formats", "host/jobs", "host/volume"],
+    "host/arrays": VALUES + ["host/formats", "host/jobs", "host/segy", "host/volume"],
     "host/volume": VALUES + ["host/formats", "host/jobs"],
     "host/kinds/randomline": VALUES + ["host/kinds", "host/kinds/demo", "host/kinds/text", "host/volume"],
     "host/kinds/volume": VALUES + ["host/formats", "host/kinds", "host/kinds/demo", "host/volume"],
@@ -58,8 +59,8 @@ MAY_INCLUDE = {
     "app/demo": ["app", "host/data/demo"],
     "app/workbench": VALUES + STORE + ["app", "editor", "editor/debugger", "host/icons", "host/jobs", "host/services",
                                        "host/viewers", "host/widgets", "plugins", "runtime"],
-    "app/headless": STORE + ["app", "app/workbench", "host/core", "host/georef", "host/jobs", "host/segy", "host/services",
-                             "host/volume", "plugins", "runtime"],
+    "app/headless": STORE + ["app", "app/workbench", "host/arrays", "host/core", "host/georef", "host/jobs", "host/segy",
+                             "host/services", "host/volume", "plugins", "runtime"],
 }
 
 TOP_FOLDERS = ["host", "runtime", "module", "plugins", "editor", "app"]

@@ -116,6 +116,36 @@ class Commands(unittest.TestCase):
         self.assertIn("cancelled", errors)
         self.assertEqual(os.listdir(self.folder), ["in.sgy"])
 
+    def test_arrays_are_what_numpy_and_zarr_open(self):
+        import zarr
+        cube = make(self.folder / "in.sgy", 5)
+        self.assertEqual(strativo("import", self.folder / "in.sgy", "--as", self.folder / "v.svol").returncode, 0)
+        for format, *options in (("npy",), ("zarr",), ("zarr", "--compress")):
+            target = self.folder / f"out{len(options)}.{format}"
+            result = strativo("export", *options, format, self.folder / "v.svol", target)
+            self.assertEqual(result.returncode, 0, result.stderr)
+            if format == "npy":
+                np.testing.assert_array_equal(np.load(target), cube)
+            else:
+                group = zarr.open_consolidated(str(target), mode="r")
+                np.testing.assert_array_equal(group["samples"][:], cube)
+                np.testing.assert_array_equal(group["inline"][:], range(10, 30, 2))
+                np.testing.assert_allclose(group["x"][3, 2], 500050.0)
+                self.assertEqual(group["samples"].attrs["_ARRAY_DIMENSIONS"], ["inline", "crossline", "time"])
+            back = self.folder / f"back{len(options)}{format}.svol"
+            self.assertEqual(strativo("import", target, "--as", back).returncode, 0)
+            result = strativo("export", "segy", "--format", "ieee", back, self.folder / f"back{len(options)}{format}.sgy")
+            self.assertEqual(result.returncode, 0, result.stderr)
+            with segyio.open(str(self.folder / f"back{len(options)}{format}.sgy")) as file:
+                np.testing.assert_array_equal(segyio.tools.cube(file), cube)
+                self.assertEqual(file.ilines[0], 10 if format == "zarr" else 0)
+        # What zarr writes by itself.
+        zarr.save_array(str(self.folder / "own.zarr"), cube.astype(">i2"), chunks=(3, 4, 7), compressor=zarr.Zlib(level=1))
+        result = strativo("import", self.folder / "own.zarr", "--as", self.folder / "own.svol")
+        self.assertEqual(result.returncode, 0, result.stderr)
+        self.assertEqual(strativo("export", "npy", self.folder / "own.svol", self.folder / "own.npy").returncode, 0)
+        np.testing.assert_array_equal(np.load(self.folder / "own.npy"), cube.astype("i2").astype("f4"))
+
     @unittest.skipUnless(FOREIGN, "STRATIVO_FOREIGN_SEGY names no folder with files of other programs")
     def test_files_of_other_programs(self):
         files = sorted(each for each in Path(FOREIGN).rglob("*") if each.suffix in (".sgy", ".segy"))
