@@ -25,9 +25,9 @@ const char* const g_usage =
     "usage: strativo import [options] FILE\n"
     "\n"
     "Makes a volume of a SEG-Y file and says how the file was understood; or of a file of NumPy\n"
-    "(.npy), or a folder of Zarr. What is not said by an option is found out. Positions are bytes of the trace header, "
-    "counted from 1; 189:2 stands for\n"
-    "a number of two bytes, 0 for none. Lines are FIRST-LAST, FIRST-LAST/N for every N-th one, or /N.\n"
+    "(.npy), or a folder of Zarr. What is not said by an option is found out. Positions are bytes of\n"
+    "the trace header, counted from 1; 189:2 stands for a number of two bytes, 0 for none. Lines are\n"
+    "FIRST-LAST, FIRST-LAST/N for every N-th one, or /N.\n"
     "\n"
     "Exit status: 0 the volume is there, 1 it is not, 2 the command line was wrong.\n";
 

@@ -9,7 +9,7 @@ namespace headless {
 Words::Words(int argc, char** argv, const char* usage, const QList<QCommandLineOption>& options, int positional)
 {
     QStringList words;
-    for (int i = 1; i < argc; ++i) // the command stands for the program
+    for (int i = 0; i < argc; ++i) // the command stands for the program
         words << QString::fromLocal8Bit(argv[i]);
     m_parser.addOptions(options);
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Shows this help."));

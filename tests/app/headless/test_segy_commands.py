@@ -11,7 +11,7 @@ from pathlib import Path
 import numpy as np
 import segyio
 
-PROGRAM = sys.argv.pop(1)
+PROGRAM = os.path.abspath(sys.argv.pop(1))
 # Files that other programs wrote; they are not part of the sources.
 FOREIGN = os.environ.get("STRATIVO_FOREIGN_SEGY", "")
 
