@@ -31,6 +31,7 @@ std::mutex g_mutex; // of whoever changes the list
 constexpr std::size_t g_substituteBytes = std::size_t(1) << 20;
 int g_substitute = -1;
 struct sigaction g_before;
+std::atomic<bool> g_isPassedOn = false;
 
 std::uintptr_t pageSize()
 {
@@ -55,19 +56,23 @@ bool replaceLost(std::uintptr_t address)
     return false;
 }
 
-void onBusError(int signal, siginfo_t* info, void* context)
+void onBusError(int signal, siginfo_t* info, void* /*context*/)
 {
     const int error = errno;
     const bool isReplaced = replaceLost(reinterpret_cast<std::uintptr_t>(info->si_addr));
     errno = error;
     if (isReplaced)
         return;
-    if (g_before.sa_flags & SA_SIGINFO)
-        g_before.sa_sigaction(signal, info, context);
-    else if (g_before.sa_handler != SIG_DFL && g_before.sa_handler != SIG_IGN)
-        g_before.sa_handler(signal);
-    else // The instruction is tried once more, and then ends the program as it would have.
-        sigaction(SIGBUS, &g_before, nullptr);
+    // Nothing of ours: the instruction is tried once more under whoever had the signal before. One who hands it back
+    // (as handlers that print something do) gets it as if nobody had it.
+    struct sigaction next = g_before;
+    if (g_isPassedOn.exchange(true)) {
+        next.sa_handler = SIG_DFL;
+        next.sa_flags = 0;
+    }
+    sigaction(SIGBUS, &next, nullptr);
+    if (info->si_code <= 0) // sent, not met: no instruction will bring it again
+        raise(signal);
 }
 
 bool makeSubstitute()
@@ -93,6 +98,7 @@ void takeSignal()
         ((present.sa_flags & SA_SIGINFO) && present.sa_sigaction == onBusError))
         return;
     g_before = present;
+    g_isPassedOn = false;
     struct sigaction own
     {};
     own.sa_sigaction = onBusError;

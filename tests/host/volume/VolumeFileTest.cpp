@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 
 #include <cmath>
+#include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -263,6 +264,35 @@ TEST_F(VolumeFileTest, AFileThatIsTruncatedWhileItIsReadGivesAnError)
     // It stays so when the file is longer again.
     ASSERT_TRUE(QFile::resize(path(), file->fileSize()));
     EXPECT_FALSE(file->readFrame(ScanOrientation::Inline, 0, frame.data()));
+}
+
+TEST_F(VolumeFileTest, ASignalThatIsNotAboutAFileGoesToWhoeverHadItBefore)
+{
+    volumes::make(path(), volumes::header(4, 3, 5));
+    static const auto before = [](int) { _exit(7); };
+    const auto endWithFile = [this](void (*handler)(int)) {
+        std::signal(SIGBUS, handler);
+        const auto file = volumes::open(path());
+        std::raise(SIGBUS);
+    };
+    EXPECT_EXIT(endWithFile(before), ::testing::ExitedWithCode(7), "");
+    EXPECT_EXIT(endWithFile(SIG_DFL), ::testing::KilledBySignal(SIGBUS), "");
+    // A handler that gives the signal back to the one that it found, ours, and sends it again.
+    static struct sigaction found;
+    EXPECT_EXIT(
+        {
+            auto file = volumes::open(path());
+            struct sigaction own
+            {};
+            own.sa_handler = [](int) {
+                sigaction(SIGBUS, &found, nullptr);
+                std::raise(SIGBUS);
+            };
+            sigaction(SIGBUS, &own, &found);
+            file = volumes::open(path());
+            std::raise(SIGBUS);
+        },
+        ::testing::KilledBySignal(SIGBUS), "");
 }
 
 TEST_F(VolumeFileTest, ADeletedFileStaysReadableToItsReaders)
