@@ -60,9 +60,9 @@ Result<std::unique_ptr<HVBloc>> HVBloc::load(const QString& path, HVProject* pro
     return bloc;
 }
 
-Failure HVBloc::failed(const QString& reason) const
+Failure HVBloc::failed(const QString& why) const
 {
-    return hv::cannotWrite(m_filename, Failure(reason));
+    return hv::cannotWrite(m_filename, Failure(why));
 }
 
 std::optional<hv::ObjectKey> HVBloc::key() const

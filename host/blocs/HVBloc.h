@@ -109,7 +109,7 @@ private:
     void keep(const hv::CellRegion& region);
     hv::Result<void> reopen();
     std::optional<hv::ObjectKey> key() const;
-    hv::Failure failed(const QString& reason) const;
+    hv::Failure failed(const QString& why) const;
 
     QPointer<HVProject> m_project;
     QString m_filename;
