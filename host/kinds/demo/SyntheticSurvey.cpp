@@ -54,6 +54,10 @@ double noise(std::uint64_t a, std::uint64_t b, std::uint64_t c)
 /// A Ricker wavelet's value at `milliseconds` from its centre (Ricker 1953).
 double ricker(double milliseconds)
 {
+    // Further away it is less than a float of any sample shows.
+    constexpr double reach = 75.0;
+    if (std::abs(milliseconds) > reach)
+        return 0.0;
     const double x = std::numbers::pi * g_wavelet * milliseconds / 1000.0;
     return (1.0 - 2.0 * x * x) * std::exp(-x * x);
 }

@@ -18,12 +18,12 @@ QString number(double value)
     return QString::number(value, 'g', 8);
 }
 
-/// "1001 to 1200, 200 lines" of one axis.
+/// "1001 to 1200, step 1 (200)" of one axis.
 QString axisText(double first, double step, int count, const QString& unit)
 {
     const QString last = number(first + step * (count - 1));
     return count == 1 ? number(first) + unit
-                      : QObject::tr("%1 to %2%3, step %4, %5").arg(number(first), last, unit, number(step)).arg(count);
+                      : QObject::tr("%1 to %2%3, step %4 (%5)").arg(number(first), last, unit, number(step)).arg(count);
 }
 
 QString cornerText(const georef::BlocSpace& space, double x, double y)

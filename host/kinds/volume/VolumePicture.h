@@ -8,7 +8,7 @@
 
 namespace hv {
 
-/// The section along the middle inline, and the colour bar that it is painted with: blue to red about zero for samples
+/// The section along the middle inline, and the colour bar that it is painted with: red and blue about zero for samples
 /// of both signs, and from low to high for others.
 class VolumePicture final : public ObjectPicture
 {
