@@ -99,15 +99,7 @@ Result<void> writeAt(int file, const void* bytes, std::int64_t count, std::int64
 
 Result<void> reserveRoom(int file, std::int64_t bytes)
 {
-    // Not posix_fallocate(): where the file system cannot it would write into every block.
-    int error = 0;
-    do
-        error = fallocate(file, 0, 0, bytes) == 0 ? 0 : errno;
-    while (error == EINTR);
-    if (error == 0)
-        return {};
-    if (error != EOPNOTSUPP && error != ENOSYS)
-        return systemFailure(error);
+    // Asked first: file systems take what there is before they find that it is not enough.
     struct stat status
     {};
     struct statvfs disk
@@ -117,7 +109,14 @@ Result<void> reserveRoom(int file, std::int64_t bytes)
     const std::int64_t had = std::int64_t(status.st_blocks) * 512;
     if (bytes - had > static_cast<std::int64_t>(disk.f_bavail) * static_cast<std::int64_t>(disk.f_frsize))
         return systemFailure(ENOSPC);
-    if (status.st_size < bytes && ftruncate(file, bytes) != 0)
+    // Not posix_fallocate(): where the file system cannot it would write into every block.
+    int error = 0;
+    do
+        error = fallocate(file, 0, 0, bytes) == 0 ? 0 : errno;
+    while (error == EINTR);
+    if (error != 0 && error != EOPNOTSUPP && error != ENOSYS)
+        return systemFailure(error);
+    if (error != 0 && status.st_size < bytes && ftruncate(file, bytes) != 0)
         return systemFailure(errno);
     return {};
 }
