@@ -27,7 +27,8 @@ FileDescriptor::~FileDescriptor()
 
 FileDescriptor FileDescriptor::open(const QString& path, int flags)
 {
-    return FileDescriptor(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC));
+    constexpr mode_t newFile = 0666;
+    return FileDescriptor(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, newFile));
 }
 
 int FileDescriptor::release()

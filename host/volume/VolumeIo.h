@@ -18,7 +18,8 @@ public:
     FileDescriptor& operator=(FileDescriptor&& other) noexcept;
     ~FileDescriptor();
 
-    /// `flags` as of open(2); close-on-exec is added. Below 0, with errno, when it cannot be opened.
+    /// `flags` as of open(2); close-on-exec is added, and new files may be read by all as far as
+    /// the process lets them. Below 0, with errno, when it cannot be opened.
     static FileDescriptor open(const QString& path, int flags);
 
     explicit operator bool() const { return m_number >= 0; }

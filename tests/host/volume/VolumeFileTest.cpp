@@ -2,15 +2,18 @@
 #include "VolumeTestData.h"
 #include "host/img/Statistics.h"
 #include "host/volume/OrderCopy.h"
+#include "host/volume/VolumeIo.h"
 
 #include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 
 #include <cmath>
 #include <csignal>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -326,6 +329,20 @@ TEST_F(VolumeFileTest, OrdersAreMadeInBlocksWithinTheirMemory)
             ASSERT_TRUE(copy.run(*whole->clipped({}), nullptr));
             expectSamples(*whole);
         }
+}
+
+TEST_F(VolumeFileTest, FilesThatAreMadeMayBeReadLikeAnyOther)
+{
+    const QTemporaryDir made;
+    const QString path = made.filePath(QStringLiteral("made"));
+    const mode_t mask = umask(022);
+    const FileDescriptor file = FileDescriptor::open(path, O_WRONLY | O_CREAT | O_EXCL);
+    umask(mask);
+    ASSERT_TRUE(bool(file));
+    struct stat state
+    {};
+    ASSERT_EQ(fstat(file.number(), &state), 0);
+    EXPECT_EQ(state.st_mode & 07777, 0644u);
 }
 
 } // namespace
