@@ -263,9 +263,9 @@ void HVPythonDebugger::showPause(const debugger::Pause& pause)
     m_banner->setText(pause.reason.isEmpty() ? place : QStringLiteral("%1\n%2").arg(place, pause.reason));
     m_banner->show();
     m_calls->show(pause.stack);
-    const auto globals = python::Ref::steal(PyFrame_GetGlobals(call.frame));
-    const auto locals = python::Ref::steal(PyFrame_GetLocals(call.frame));
-    populateVariables(call.frame, globals.get(), locals.get());
+    const auto globals = python::Ref::steal(PyFrame_GetGlobals(call.frame.get()));
+    const auto locals = python::Ref::steal(PyFrame_GetLocals(call.frame.get()));
+    populateVariables(call.frame.get(), globals.get(), locals.get());
     PyErr_Clear();
 }
 
@@ -294,9 +294,9 @@ void HVPythonDebugger::showCall(std::size_t index)
     const debugger::CallStack::Call& call = m_pause->stack.calls()[index];
     {
         const python::GilLock lock;
-        const auto globals = python::Ref::steal(PyFrame_GetGlobals(call.frame));
-        const auto locals = python::Ref::steal(PyFrame_GetLocals(call.frame));
-        populateVariables(call.frame, globals.get(), locals.get());
+        const auto globals = python::Ref::steal(PyFrame_GetGlobals(call.frame.get()));
+        const auto locals = python::Ref::steal(PyFrame_GetLocals(call.frame.get()));
+        populateVariables(call.frame.get(), globals.get(), locals.get());
         PyErr_Clear();
     }
     Q_EMIT placeChosen(call.file, call.line);

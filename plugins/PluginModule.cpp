@@ -1,8 +1,7 @@
 #include "plugins/PluginModule.h"
 
 #include "runtime/Errors.h"
-#include "runtime/GilLock.h"
-#include "runtime/Ref.h"
+#include "runtime/LateRelease.h"
 #include "runtime/ScriptCoding.h"
 
 #include <QDateTime>
@@ -13,9 +12,7 @@ namespace python {
 
 PluginModule::~PluginModule()
 {
-    const LateGilLock lock;
-    if (lock)
-        Py_XDECREF(m_module);
+    releaseLate(m_module);
 }
 
 QByteArray freshModuleName(const QString& init)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/Ref.h"
+
 #include <boost/python/detail/wrap_python.hpp>
 
 #include <QByteArray>
@@ -17,18 +19,18 @@ class PluginModule
 {
 public:
     /// Takes the reference over.
-    explicit PluginModule(PyObject* module) : m_module(module) {}
+    explicit PluginModule(PyObject* module) : m_module(Ref::steal(module)) {}
     ~PluginModule();
     PluginModule(const PluginModule&) = delete;
     PluginModule& operator=(const PluginModule&) = delete;
 
-    PyObject* get() const { return m_module; }
+    PyObject* get() const { return m_module.get(); }
 
     /// Between a register() and an unregister() that both returned True.
     bool registered = false;
 
 private:
-    PyObject* m_module;
+    Ref m_module;
 };
 
 /// "<init>_<seconds since 1970>". A name that is taken, because another plug-in with such a startup file was loaded in

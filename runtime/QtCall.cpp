@@ -24,7 +24,6 @@ int g_calls = 0;                       // NOLINT
 
 QtCall::QtCall(const char* name) : m_monitor(runObserver(), name)
 {
-    PyErr_Fetch(&m_pending[0], &m_pending[1], &m_pending[2]);
     ++s_depth;
     if (g_calls++ == 0)
         g_step.emplace(projectChanges(), name);
@@ -35,7 +34,6 @@ QtCall::~QtCall()
     if (--g_calls == 0)
         g_step.reset();
     leave();
-    PyErr_Restore(m_pending[0], m_pending[1], m_pending[2]);
 }
 
 } // namespace python

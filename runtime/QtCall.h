@@ -1,6 +1,7 @@
 #pragma once
 
 #include "runtime/GilLock.h"
+#include "runtime/PendingError.h"
 #include "runtime/Remains.h"
 #include "runtime/RunMonitor.h"
 
@@ -43,7 +44,7 @@ private:
 
     const GilLock m_lock;
     const RunMonitor m_monitor;
-    PyObject* m_pending[3];
+    const PendingError m_pending;
     static inline int s_depth = 0;
 };
 

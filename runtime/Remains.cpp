@@ -1,5 +1,6 @@
 #include "runtime/Remains.h"
 
+#include "runtime/LateRelease.h"
 #include "runtime/QtCall.h"
 
 #include <QCoreApplication>
@@ -15,22 +16,17 @@ namespace python {
 namespace {
 
 /// What the object held that destroyNow() destroys; null outside of it. GUI thread.
-std::vector<PyObject*>* g_released = nullptr;
+std::vector<Ref>* g_released = nullptr;
 
 /// A reference that goes with a Qt object.
 class Released final : public QObject
 {
 public:
-    explicit Released(PyObject* held) : m_held(held) {}
-    ~Released() override
-    {
-        const LateGilLock lock;
-        if (lock)
-            Py_DECREF(m_held);
-    }
+    explicit Released(Ref held) : m_held(std::move(held)) {}
+    ~Released() override { releaseLate(m_held); }
 
 private:
-    PyObject* m_held;
+    Ref m_held;
 };
 
 } // namespace
@@ -85,12 +81,10 @@ private:
 
 void Remains::destroyNow(QObject& object)
 {
-    std::vector<PyObject*> released;
-    std::vector<PyObject*>* outer = std::exchange(g_released, &released);
+    std::vector<Ref> released;
+    std::vector<Ref>* outer = std::exchange(g_released, &released);
     delete &object;
     g_released = outer;
-    for (PyObject* reference : released)
-        Py_DECREF(reference);
 }
 
 void Remains::destroyLater(QObject& object)
@@ -107,16 +101,16 @@ void Remains::destroyLater(QObject& object)
         call();
 }
 
-void Remains::releaseLater(PyObject* reference)
+void Remains::releaseLater(Ref reference)
 {
     const QCoreApplication* application = QCoreApplication::instance();
-    const bool endsNothing = Py_REFCNT(reference) > 1;
+    const bool endsNothing = Py_REFCNT(reference.get()) > 1;
     if (endsNothing || !application || application->thread() != QThread::currentThread())
-        Py_DECREF(reference);
+        reference.reset();
     else if (g_released)
-        g_released->push_back(reference);
+        g_released->push_back(std::move(reference));
     else
-        destroyLater(*new Released(reference));
+        destroyLater(*new Released(std::move(reference)));
 }
 
 void Remains::call()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/Ref.h"
+
 #include <boost/python/detail/wrap_python.hpp>
 
 #include <atomic>
@@ -20,7 +22,7 @@ public:
 
     /// Lets a reference go that belonged to an object which Qt is just destroying: what this ends may run Python code,
     /// which must not meet half an object. On other threads than Qt's, at once.
-    static void releaseLater(PyObject* reference);
+    static void releaseLater(Ref reference);
 
     /// Whether something waits for the end of the handlers that run; call() says that they have ended.
     static bool areWaiting() { return s_areWaiting.load(std::memory_order_relaxed); }

@@ -1,6 +1,6 @@
 #include "runtime/ScriptArguments.h"
 
-#include "runtime/GilLock.h"
+#include "runtime/LateRelease.h"
 #include "runtime/TextConversion.h"
 
 #include <boost/python.hpp>
@@ -28,8 +28,8 @@ ScriptArguments::ScriptArguments(const QStringList& arguments, const QString& di
         argv.append(unicodeText(argument));
     PySys_SetObject("argv", argv.ptr());
     if (PyObject* path = searchPath(); path && !directory.isNull()) {
-        m_directory = bp::incref(unicodeText(directory).ptr());
-        PyList_Insert(path, 0, m_directory);
+        m_directory = Ref::borrow(unicodeText(directory).ptr());
+        PyList_Insert(path, 0, m_directory.get());
     }
     PyObject* names = PyModule_GetDict(PyImport_AddModule("__main__"));
     if (file.isEmpty())
@@ -42,15 +42,13 @@ ScriptArguments::ScriptArguments(const QStringList& arguments, const QString& di
 ScriptArguments::~ScriptArguments()
 {
     const LateGilLock lock;
-    if (!m_directory || !lock)
-        return;
-    PyObject* path = searchPath();
+    PyObject* path = m_directory && lock ? searchPath() : nullptr;
     for (Py_ssize_t i = 0; path && i < PyList_GET_SIZE(path); ++i)
-        if (PyList_GET_ITEM(path, i) == m_directory) {
+        if (PyList_GET_ITEM(path, i) == m_directory.get()) {
             PyList_SetSlice(path, i, i + 1, nullptr);
             break;
         }
-    Py_DECREF(m_directory);
+    releaseLate(m_directory);
 }
 
 } // namespace python

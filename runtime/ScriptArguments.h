@@ -1,5 +1,7 @@
 #pragma once
 
+#include "runtime/Ref.h"
+
 #include <boost/python/detail/wrap_python.hpp>
 
 #include <QString>
@@ -22,7 +24,7 @@ public:
 
 private:
     /// The very object in sys.path: a script may have put the same folder there itself.
-    PyObject* m_directory = nullptr;
+    Ref m_directory;
 };
 
 } // namespace python

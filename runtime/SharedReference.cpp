@@ -14,7 +14,7 @@ SharedReference::Holder::~Holder()
         return;
     const LateGilLock lock;
     if (lock)
-        Remains::releaseLater(object);
+        Remains::releaseLater(Ref::steal(object));
 }
 
 } // namespace python

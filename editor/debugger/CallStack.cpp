@@ -2,9 +2,10 @@
 
 #include "editor/debugger/CodeMarks.h"
 #include "editor/debugger/FrameLayout.h"
-#include "runtime/Ref.h"
 
 namespace debugger {
+
+using FrameRef = python::BasicRef<PyFrameObject>;
 
 namespace {
 
@@ -21,27 +22,18 @@ QString textOf(PyObject* str)
 
 } // namespace
 
-CallStack::~CallStack()
+void CallStack::add(FrameRef frame, int line)
 {
-    for (const Call& call : m_calls)
-        Py_DECREF(call.frame);
-}
-
-void CallStack::add(PyFrameObject* newReference, int line)
-{
-    PyCodeObject* code = strativo_objectCode(newReference);
-    m_calls.push_back({newReference, textOf(code->co_filename), textOf(code->co_name), line});
+    const PyCodeObject* code = strativo_objectCode(frame.get());
+    m_calls.push_back({std::move(frame), textOf(code->co_filename), textOf(code->co_name), line});
 }
 
 CallStack CallStack::of(PyFrameObject* frame)
 {
     CallStack stack;
-    Py_INCREF(frame);
-    while (frame && stack.m_calls.size() < g_mostCalls) {
-        stack.add(frame, PyFrame_GetLineNumber(frame));
-        frame = PyFrame_GetBack(frame);
-    }
-    Py_XDECREF(frame);
+    for (auto call = FrameRef::borrow(frame); call && stack.m_calls.size() < g_mostCalls;
+         call = FrameRef::steal(PyFrame_GetBack(call.get())))
+        stack.add(call, PyFrame_GetLineNumber(call.get()));
     return stack;
 }
 
@@ -55,8 +47,7 @@ CallStack CallStack::ofTraceback(PyObject* traceback)
             python::Ref::steal(PyObject_GetAttrString(reinterpret_cast<PyObject*>(entry), "tb_lineno"));
         const int line = number ? static_cast<int>(PyLong_AsLong(number.get())) : -1;
         PyErr_Clear();
-        Py_INCREF(entry->tb_frame);
-        stack.add(entry->tb_frame, line);
+        stack.add(FrameRef::borrow(entry->tb_frame), line);
     }
     std::reverse(stack.m_calls.begin(), stack.m_calls.end());
     return stack;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <boost/python/detail/wrap_python.hpp>
+#include "runtime/Ref.h"
 
 #include <QString>
 
@@ -15,17 +15,11 @@ class CallStack
 public:
     struct Call
     {
-        PyFrameObject* frame; ///< owned by the stack
+        python::BasicRef<PyFrameObject> frame;
         QString file;
         QString function;
         int line; ///< 1-based, -1 when the code has no lines
     };
-
-    CallStack() = default;
-    CallStack(CallStack&& other) noexcept = default;
-    ~CallStack();
-    CallStack(const CallStack&) = delete;
-    CallStack& operator=(const CallStack&) = delete;
 
     /// `frame` and its callers.
     static CallStack of(PyFrameObject* frame);
@@ -36,7 +30,7 @@ public:
     bool isEmpty() const { return m_calls.empty(); }
 
 private:
-    void add(PyFrameObject* newReference, int line);
+    void add(python::BasicRef<PyFrameObject> frame, int line);
 
     std::vector<Call> m_calls;
 };

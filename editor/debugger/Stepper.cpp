@@ -25,7 +25,7 @@ void Stepper::start(Resume step, PyFrameObject* frame)
     cancel();
     m_into = step == Resume::StepInto;
     if (step == Resume::StepOver)
-        aimAt(frame);
+        aimAt(FrameRef::borrow(frame));
     else if (step == Resume::StepOut)
         aimAtCallerOf(frame);
 }
@@ -34,43 +34,33 @@ void Stepper::cancel()
 {
     m_into = false;
     // Emptied first: the last reference to a frame may run code.
-    const std::vector<PyFrameObject*> targets = std::exchange(m_targets, {});
-    for (PyFrameObject* frame : targets)
-        Py_DECREF(frame);
+    const Targets ended = std::exchange(m_targets, {});
 }
 
-void Stepper::aimAt(PyFrameObject* frame)
+void Stepper::aimAt(FrameRef frame)
 {
-    if (isTarget(frame))
-        return;
-    Py_INCREF(frame);
-    m_targets.push_back(frame);
+    if (!isTarget(frame.get()))
+        m_targets.push_back(std::move(frame));
 }
 
 void Stepper::aimAtCallerOf(PyFrameObject* frame)
 {
-    PyFrameObject* caller = PyFrame_GetBack(frame);
-    while (caller && !isOwn(caller)) {
-        PyFrameObject* next = PyFrame_GetBack(caller);
-        Py_DECREF(caller);
-        caller = next;
-    }
+    auto caller = FrameRef::steal(PyFrame_GetBack(frame));
+    while (caller && !isOwn(caller.get()))
+        caller = FrameRef::steal(PyFrame_GetBack(caller.get()));
     if (caller)
-        aimAt(caller);
-    Py_XDECREF(caller);
+        aimAt(std::move(caller));
 }
 
 void Stepper::frameLeft(PyFrameObject* frame)
 {
-    if (!isTarget(frame))
+    const auto target = targetOf(frame);
+    if (target == m_targets.end())
         return;
+    const FrameRef kept = *target;
     // A generator that yields may be asked again before its caller reaches another line: either ends the step.
-    if (!canResume(frame)) {
-        m_targets.erase(std::find(m_targets.begin(), m_targets.end(), frame));
-        aimAtCallerOf(frame);
-        Py_DECREF(frame);
-        return;
-    }
+    if (!canResume(frame))
+        m_targets.erase(target);
     aimAtCallerOf(frame);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/debugger/CodeMarks.h"
+#include "runtime/Ref.h"
 
 #include <algorithm>
 #include <vector>
@@ -23,7 +24,6 @@ class Stepper
 {
 public:
     Stepper() = default;
-    ~Stepper() { cancel(); }
     Stepper(const Stepper&) = delete;
     Stepper& operator=(const Stepper&) = delete;
 
@@ -41,15 +41,20 @@ public:
     void frameLeft(PyFrameObject* frame);
 
 private:
-    bool isTarget(const PyFrameObject* frame) const
+    using FrameRef = python::BasicRef<PyFrameObject>;
+    using Targets = std::vector<FrameRef>;
+
+    Targets::const_iterator targetOf(const PyFrameObject* frame) const
     {
-        return frame && std::find(m_targets.begin(), m_targets.end(), frame) != m_targets.end();
+        return std::find_if(m_targets.begin(), m_targets.end(),
+                            [frame](const FrameRef& target) { return target.get() == frame; });
     }
-    void aimAt(PyFrameObject* frame);
+    bool isTarget(const PyFrameObject* frame) const { return frame && targetOf(frame) != m_targets.end(); }
+    void aimAt(FrameRef frame);
     void aimAtCallerOf(PyFrameObject* frame);
 
     bool m_into = false;
-    std::vector<PyFrameObject*> m_targets; // strong references
+    Targets m_targets;
 };
 
 } // namespace debugger

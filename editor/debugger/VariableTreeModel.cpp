@@ -3,7 +3,7 @@
 #include "editor/debugger/TimeLimit.h"
 #include "editor/debugger/ValueText.h"
 #include "runtime/GilLock.h"
-#include "runtime/Ref.h"
+#include "runtime/LateRelease.h"
 
 #include <optional>
 
@@ -57,31 +57,19 @@ bool hasMethodsOnly(PyObject* value)
 struct VariableTreeModel::Item
 {
     Item() = default;
-    /// Takes a reference of its own.
-    Item(PyObject* held, const QString& name, debugger::ValueText& text, Item* itemParent, bool isGlobal)
-        : value(held), parent(itemParent), kind(kindOf(held)), global(isGlobal)
+    Item(Ref held, const QString& name, debugger::ValueText& text, Item* itemParent, bool isGlobal)
+        : value(std::move(held)), parent(itemParent), kind(kindOf(value.get())), global(isGlobal)
     {
-        Py_INCREF(value);
         columns[Name] = name;
-        columns[Type] = QString::fromUtf8(Py_TYPE(value)->tp_name);
-        columns[Value] = text.of(value);
-        columns[ReferenceCount] = static_cast<qlonglong>(Py_REFCNT(value));
+        columns[Type] = QString::fromUtf8(Py_TYPE(value.get())->tp_name);
+        columns[Value] = text.of(value.get());
+        columns[ReferenceCount] = static_cast<qlonglong>(Py_REFCNT(value.get()));
     }
-    ~Item() { release(); }
+    ~Item() { python::releaseLate(value); }
     Item(const Item&) = delete;
     Item& operator=(const Item&) = delete;
 
-    void release()
-    {
-        if (!value)
-            return;
-        const python::LateGilLock lock;
-        PyObject* held = std::exchange(value, nullptr);
-        if (lock)
-            Py_DECREF(held);
-    }
-
-    PyObject* value = nullptr;
+    Ref value;
     QVariant columns[ColumnCount];
     Item* parent = nullptr;
     Items children;
@@ -133,7 +121,7 @@ void VariableTreeModel::appendMapping(Items& rows, PyObject* mapping, bool globa
         PyObject* key = PyList_GET_ITEM(keys.get(), i);
         const std::optional<QString> name = shownName(key);
         if (const Ref value = Ref::steal(name ? PyObject_GetItem(mapping, key) : nullptr))
-            rows.push_back(std::make_unique<Item>(value.get(), *name, text, nullptr, global));
+            rows.push_back(std::make_unique<Item>(value, *name, text, nullptr, global));
         PyErr_Clear();
     }
     PyErr_Clear();
@@ -146,7 +134,7 @@ void VariableTreeModel::fetchAttributes(Item& item) const
         return;
     const python::GilLock lock;
     // A property may end the pause, and with it this model's hold on the value.
-    const Ref held = Ref::borrow(item.value);
+    const Ref held = item.value;
     PyObject* object = held.get();
     debugger::ValueText text;
     auto left = g_attributesTime;
@@ -165,7 +153,7 @@ void VariableTreeModel::fetchAttributes(Item& item) const
         const std::optional<QString> name = shownName(key);
         const Ref attribute = name ? limited([=] { return PyObject_GetAttr(object, key); }) : Ref();
         if (attribute && !isCode(attribute.get())) {
-            item.children.push_back(std::make_unique<Item>(attribute.get(), *name, text, &item, item.global));
+            item.children.push_back(std::make_unique<Item>(attribute, *name, text, &item, item.global));
             item.children.back()->fetched = true; // one level only
         }
     }
@@ -176,9 +164,9 @@ void VariableTreeModel::releaseValues()
 {
     const python::LateGilLock lock;
     for (const auto& row : m_root->children) {
-        row->release();
+        python::releaseLate(row->value);
         for (const auto& attribute : row->children)
-            attribute->release();
+            python::releaseLate(attribute->value);
     }
 }
 
@@ -227,7 +215,7 @@ bool VariableTreeModel::hasChildren(const QModelIndex& parent) const
     const Item* item = itemOf(parent);
     if (item->fetched)
         return !item->children.empty();
-    return item->value && !hasMethodsOnly(item->value);
+    return item->value && !hasMethodsOnly(item->value.get());
 }
 
 QVariant VariableTreeModel::data(const QModelIndex& index, int role) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "module/core/TypedArrayExtend.h"
+#include "runtime/Ref.h"
 
 namespace python {
 
@@ -14,12 +15,11 @@ bool readSequence(core::Array<T>& array, PyObject* sequence)
         return TypedArrayExtend<T>::run(array, sequence);
     const Py_ssize_t count = PySequence_Size(sequence);
     for (Py_ssize_t i = 0; i < count; ++i) {
-        PyObject* item = PySequence_GetItem(sequence, i);
+        const Ref item = Ref::steal(PySequence_GetItem(sequence, i));
         if (!item)
             return false;
         T value{};
-        const Conversion conversion = Element::fromPython(item, value);
-        Py_DECREF(item);
+        const Conversion conversion = Element::fromPython(item.get(), value);
         if (conversion == Conversion::WrongType)
             PyErr_Format(PyExc_TypeError, "%sArray, invalid sequence element at index %d of sequence", Element::word,
                          saturated(i));

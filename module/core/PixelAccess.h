@@ -5,6 +5,7 @@
 #include "runtime/Errors.h"
 #include "runtime/FastArguments.h"
 #include "runtime/NumberArguments.h"
+#include "runtime/Ref.h"
 
 #include <array>
 #include <string>
@@ -206,10 +207,8 @@ private:
         const std::string_view text = Texts::OutOfRange[axis];
         const std::size_t place = text.find("%d");
         const std::string format = std::string(text.substr(0, place)) + "%S" + std::string(text.substr(place + 2));
-        if (PyObject* number = PyLong_Type.tp_as_number->nb_int(coordinate)) {
-            PyErr_Format(PyExc_IndexError, format.c_str(), number, extent - 1);
-            Py_DECREF(number);
-        }
+        if (const Ref number = Ref::steal(PyLong_Type.tp_as_number->nb_int(coordinate)))
+            PyErr_Format(PyExc_IndexError, format.c_str(), number.get(), extent - 1);
     }
 
     static constexpr std::array<const char*, 3> Names{"x", "y", "z"};

@@ -2,6 +2,7 @@
 
 #include "module/core/ArrayInstance.h"
 #include "runtime/Errors.h"
+#include "runtime/Ref.h"
 
 #include <cstring>
 
@@ -20,19 +21,17 @@ public:
     static PyObject* reduce(PyObject* self, PyObject*)
     {
         const Array* array = ArrayInstance<T>::get(self);
-        PyObject* copyreg = array ? PyImport_ImportModule("copyreg") : nullptr;
-        PyObject* maker = copyreg ? PyObject_GetAttrString(copyreg, "__newobj__") : nullptr;
-        Py_XDECREF(copyreg);
+        const Ref copyreg = Ref::steal(array ? PyImport_ImportModule("copyreg") : nullptr);
+        Ref maker = Ref::steal(copyreg ? PyObject_GetAttrString(copyreg.get(), "__newobj__") : nullptr);
         PyObject* bytes = maker ? PyBytes_FromStringAndSize(reinterpret_cast<const char*>(array->data()),
                                                             static_cast<Py_ssize_t>(array->count()) *
                                                                 static_cast<Py_ssize_t>(sizeof(T)))
                                 : nullptr;
-        if (!bytes) {
-            Py_XDECREF(maker);
+        if (!bytes)
             return nullptr;
-        }
         PyObject* attributes = reinterpret_cast<boost::python::objects::instance<>*>(self)->dict;
-        return Py_BuildValue("N(O)(NLLNO)", maker, Py_TYPE(self), PyUnicode_FromFormat("<%s", Element::bufferFormat),
+        return Py_BuildValue("N(O)(NLLNO)", maker.release(), Py_TYPE(self),
+                             PyUnicode_FromFormat("<%s", Element::bufferFormat),
                              static_cast<long long>(array->extentY()), static_cast<long long>(array->extentZ()), bytes,
                              attributes ? attributes : Py_None);
     }
@@ -68,10 +67,8 @@ public:
         if (!array->takeOver(fresh))
             return PyErr_NoMemory();
         if (hasAttributes) {
-            PyObject* own = PyObject_GetAttrString(self, "__dict__");
-            const int updated = own ? PyDict_Update(own, attributes) : -1;
-            Py_XDECREF(own);
-            if (updated < 0)
+            const Ref own = Ref::steal(PyObject_GetAttrString(self, "__dict__"));
+            if (!own || PyDict_Update(own.get(), attributes) < 0)
                 return nullptr;
         }
         Py_RETURN_NONE;

@@ -3,6 +3,7 @@
 #include "module/gui/Collection.h"
 #include "runtime/ForkedChild.h"
 #include "runtime/QtCall.h"
+#include "runtime/Ref.h"
 #include "runtime/Remains.h"
 
 #include <QThread>
@@ -61,7 +62,7 @@ ObjectPeer::~ObjectPeer()
     m_handle = nullptr;
     m_self = nullptr;
     if (lock && m_kept)
-        Remains::releaseLater(m_kept);
+        Remains::releaseLater(Ref::steal(m_kept));
 }
 
 void ObjectPeer::updateKeeping()

@@ -126,7 +126,7 @@ TEST_F(EngineTest, UnhandledExceptionsAndTheBuiltinStopToo)
                          "    pass\n"
                          "f(0)\n";
     onPause = [](const debugger::Pause& pause) {
-        PyObject* locals = PyFrame_GetLocals(pause.stack.calls().front().frame);
+        PyObject* locals = PyFrame_GetLocals(pause.stack.calls().front().frame.get());
         EXPECT_TRUE(PyMapping_HasKeyString(locals, "secret"));
         Py_DECREF(locals);
         EXPECT_TRUE(pause.postMortem);
