@@ -185,6 +185,19 @@ Result<std::unique_ptr<img::Image2d>> HVBloc::frame(ScanOrientation orientation,
     return image;
 }
 
+Result<void> HVBloc::readTraces(int inlineIndex, int firstCrossline, int endCrossline, float* out) const
+{
+    if (m_file && m_overlay.isEmpty())
+        return m_file->readTraces(inlineIndex, firstCrossline, endCrossline, out);
+    const auto image = frame(ScanOrientation::Inline, inlineIndex);
+    if (!image)
+        return image.failure();
+    for (int x = firstCrossline; x < endCrossline; ++x)
+        for (int z = 0; z < (*image)->height(); ++z)
+            *out++ = (*image)->value(x, z);
+    return {};
+}
+
 Result<void> HVBloc::check(int index, const img::Image2d& image) const
 {
     const hv::FrameShape frames = shape();
@@ -318,6 +331,16 @@ Result<void> HVBloc::settle()
         m_project->store().changedInPlace(*object, region);
     if (!flushed)
         return flushed;
+    return reopen();
+}
+
+Result<void> HVBloc::makeStatistics(hv::JobContext* context)
+{
+    if (auto begun = beginWriting(); !begun)
+        return begun;
+    if (auto made = m_editor->makeStatistics(context); !made)
+        return made;
+    save();
     return reopen();
 }
 

@@ -78,6 +78,9 @@ public:
     /// How many further orders the file has.
     int transposedCount() const { return m_file ? m_file->layout().orders().count() - 1 : 0; }
 
+    /// Traces [firstCrossline, endCrossline) of an inline, one after the other, as they are in memory or else in the
+    /// file. Any thread, while nothing is changed.
+    hv::Result<void> readTraces(int inlineIndex, int firstCrossline, int endCrossline, float* out) const;
     /// A copy of a frame, as it is in memory or else in the file; without either all its pixels have no value.
     hv::Result<std::unique_ptr<img::Image2d>> frame(int index) const;
     hv::Result<std::unique_ptr<img::Image2d>> currentFrame() const { return frame(frameIndex()); }
@@ -91,6 +94,9 @@ public:
     void save();
     /// That turn, now: further orders are brought up to date, and the project is told.
     hv::Result<void> settle();
+
+    /// Reads all samples of the file and keeps their statistics in it. `context` may be null.
+    hv::Result<void> makeStatistics(hv::JobContext* context);
 
     /// Makes the file at filename(), which must not be there, with the samples as they are in memory or else in the
     /// file that was read; it is what is read from then on. In a project's folder it becomes an object of it. `context`
