@@ -93,6 +93,13 @@ void bindColorBar();
 void bindContouringMode();
 void bindContouring();
 
+void bindVolumeStatistics();
+void bindVolume();
+void bindVolumePiece();
+void bindSeismicVolume();
+void bindRandomLineSection();
+void bindRandomLine();
+
 void bindApplicationInterface();
 
 void bindUtils();

@@ -113,6 +113,13 @@ BOOST_PYTHON_MODULE(strativo_python)
     python::bindContouringMode();
     python::bindContouring();
 
+    python::bindVolumeStatistics();
+    python::bindVolume();
+    python::bindVolumePiece();
+    python::bindSeismicVolume();
+    python::bindRandomLineSection();
+    python::bindRandomLine();
+
     python::bindApplicationInterface();
 
     python::bindUtils();

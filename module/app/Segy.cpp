@@ -1,5 +1,6 @@
 #include "module/Bindings.h"
 #include "module/Submodule.h"
+#include "module/app/SegyParts.h"
 
 #include <boost/python.hpp>
 
@@ -10,7 +11,10 @@ namespace python {
 void bindSegy()
 {
     bp::object segy = addSubmodule("segy");
-    segy.attr("__doc__") = "Export of seismic volumes to SEG-Y files.";
+    segy.attr("__doc__") = "Seismic volumes from SEG-Y files and into them.";
+    const bp::scope in(segy);
+    bindSegyExporter();
+    bindSegyImport();
 }
 
 } // namespace python

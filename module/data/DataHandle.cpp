@@ -13,13 +13,6 @@ namespace python {
 
 namespace {
 
-/// Null off the main thread, too.
-HVProject* openProject()
-{
-    const IAppWrapper* app = applicationInterface();
-    return app && QThread::currentThread() == qApp->thread() ? app->currentProject() : nullptr;
-}
-
 /// The object that has this very file, or would have it.
 std::optional<hv::ObjectKey> keyOf(HVProject& project, ObjectKind kind, const QString& filename)
 {
@@ -46,6 +39,12 @@ hv::ObjectValue heldValue(ObjectKind kind, const QString& filename)
 }
 
 } // namespace
+
+HVProject* openProject()
+{
+    const IAppWrapper* app = applicationInterface();
+    return app && QThread::currentThread() == qApp->thread() ? app->currentProject() : nullptr;
+}
 
 hv::Result<hv::ObjectValue> readValue(ObjectKind kind, const QString& filename)
 {

@@ -8,6 +8,8 @@
 
 #include <memory>
 
+class HVProject;
+
 /// Data objects in the hands of scripts: colour bars, cultures, volumes, horizons, faults.
 ///
 /// One rule of ownership: what a script changes is its own until it saves or writes.
@@ -40,6 +42,10 @@
 ///
 /// Reading, changing and copying happen on any one thread at a time; the project takes part on the main thread only.
 namespace python {
+
+/// The project of the application, for objects that tell it what is done to them; null without one, and off the main
+/// thread, where it has no part in anything.
+HVProject* openProject();
 
 /// The value that a file holds; of an object of the open project the snapshot that everybody shares. A failure is a
 /// sentence that names the file.

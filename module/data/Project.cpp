@@ -1,4 +1,5 @@
 #include "module/Bindings.h"
+#include "module/core/CrsArgument.h"
 #include "module/data/ProjectChanges.h"
 #include "module/data/ProjectDirectories.h"
 #include "module/data/ProjectHandle.h"
@@ -27,18 +28,14 @@ bp::object path(const ProjectHandle& self)
 
 bp::object crs(const ProjectHandle& self)
 {
-    const georef::Crs crs = self.get().crs();
-    return crs.isNull() ? bp::object() : bp::object(crs);
+    return crsObject(self.get().crs());
 }
 
 void setCrs(const ProjectHandle& self, const bp::object& value)
 {
     HVProject& project = self.get();
-    const bp::extract<const georef::Crs&> crs(value);
-    if (!value.is_none() && !crs.check())
-        raise(PyExc_TypeError, "Project.crs, expected 'Crs' or 'NoneType' but got '%s'", typeName(value));
     QString reason;
-    if (!project.setCrs(value.is_none() ? georef::Crs() : crs(), &reason))
+    if (!project.setCrs(crsOrNone(value, "Project.crs"), &reason))
         raise(PyExc_RuntimeError, "Project.crs, %s", reason.toUtf8().constData());
 }
 

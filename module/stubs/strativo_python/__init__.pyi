@@ -3924,6 +3924,359 @@ class Contouring:
     def maxValue(self) -> float:
         """The largest of the contoured values. Read-only."""
 
+class VolumeStatistics:
+    """Of the samples of a volume that hold a value and are numbers."""
+    def percentile(self, percent: float) -> float:
+        """The value that this many per cent of the samples do not exceed, between the kept ones on a straight line. Of
+        large volumes from an even choice of their rows, with a relative error below 1 %.
+
+        Raises ValueError outside of 0 to 100, RuntimeError when no sample has a value.
+        """
+    @property
+    def count(self) -> int:
+        """How many samples have a value. Read-only."""
+    @property
+    def mean(self) -> float:
+        """Their mean; 0 when there are none. Read-only."""
+    @property
+    def standardDeviation(self) -> float:
+        """Read-only."""
+    @property
+    def minimum(self) -> float:
+        """The smallest. Read-only."""
+    @property
+    def maximum(self) -> float:
+        """The largest. Read-only."""
+
+class Volume:
+    """Samples on a grid of inlines, crosslines and vertical samples, in a file. Frames are read, changed in memory and
+    written one by one; volume[i0:i1, j0:j1, k0:k1] reads and writes regions as arrays of 32-bit floats, and
+    numpy.asarray(volume) is a read-only view of the whole file without a copy.
+
+    Indices count from 0 along inlines, crosslines and samples; blockSpace converts them to line numbers and map
+    coordinates. A volume stands for its file also when the project is closed. It is used on the main thread; arrays
+    and views may be used on any.
+    """
+    def getFrame(self, index: int) -> Image2d:
+        """A copy of one frame of the scan orientation, as it was set in memory or else as the file has it. An inline
+        has crosslines to the right and samples down, a crossline inlines to the right and samples down, a time slice
+        crosslines to the right and inlines down.
+
+        Raises IndexError outside of minFrameIndex to maxFrameIndex, IOError when the file can not be read,
+        MemoryError when memory is short.
+        """
+    def setFrame(self, index: int, image: Image2d) -> None:
+        """Replaces a frame in memory; the file stays as it is. Where frames of different orientations cross, the one
+        that was set last counts.
+
+        Raises IndexError outside of minFrameIndex to maxFrameIndex, RuntimeError when the image has another size,
+        MemoryError when memory is short.
+        """
+    def currentFrame(self) -> Image2d:
+        """The frame frameIndex, as getFrame() gives it."""
+    def writeFrame(self, index: int, image: Image2d) -> None:
+        """Writes a frame into the file. Undo takes it back in a project.
+
+        Raises IndexError outside of minFrameIndex to maxFrameIndex, RuntimeError when the image has another size,
+        IOError with the system's error number when the file can not be written.
+        """
+    @property
+    def minFrameIndex(self) -> int:
+        """The first frame of the scan orientation, 0. Read-only."""
+    @property
+    def maxFrameIndex(self) -> int:
+        """The last frame of the scan orientation. Read-only."""
+    @property
+    def scanOrientation(self) -> ScanOrientation:
+        """The axis that frames are cut across; Inline at first."""
+    @scanOrientation.setter
+    def scanOrientation(self, value: ScanOrientation) -> None: ...
+    @property
+    def frameIndex(self) -> int:
+        """The current frame. Raises IndexError outside of minFrameIndex to maxFrameIndex."""
+    @frameIndex.setter
+    def frameIndex(self, value: int) -> None: ...
+    def createFile(self, filename: str | os.PathLike | None = None) -> bool:
+        """Makes the volume's file, with the samples as they are in memory or else in the file that was read; what is in
+        neither has no value. From then on it is what the volume reads and writes. In the project's folder of
+        volumes, getNewFilename() gives such a path, it becomes an object of the project. None takes filename.
+
+        False when it could not be made; the reason is told as a message of the application. Raises FileExistsError
+        when there is a file already, TypeError when filename is no text.
+        """
+    def flush(self) -> None:
+        """Brings to the disk what was written, renews the further orders of the file and tells the project. That is
+        done by itself once the script has returned to the application, or the volume is dropped.
+
+        Raises IOError when the file can not be written.
+        """
+    @staticmethod
+    def fromFile(filename: str | os.PathLike) -> Volume:
+        """Opens a volume file by its path, in the project or elsewhere: a SeismicVolume, or a Volume when its samples
+        are a property of the rock.
+
+        Raises FileNotFoundError, or IOError that tells what is wrong with it.
+        """
+    @property
+    def filename(self) -> str:
+        """The full path of the file; empty when there is none. Setting it moves nothing on the disk: it is where the
+        next frame is written to.
+        """
+    @filename.setter
+    def filename(self, value: str) -> None: ...
+    @property
+    def name(self) -> str:
+        """The file's name without folder and suffix. Setting it makes filename that of the same folder and suffix;
+        nothing is moved on the disk.
+        """
+    @name.setter
+    def name(self, value: str) -> None: ...
+    @property
+    def transposed(self) -> bool:
+        """Whether the file has further orders of its samples, which read crosslines and time slices as fast as inlines.
+        Setting it decides what createFile() makes; it then reads as True once the file has them.
+        """
+    @transposed.setter
+    def transposed(self, value: bool) -> None: ...
+    @property
+    def datasize(self) -> int:
+        """Bytes of the samples, once: 4 for each. Read-only."""
+    @property
+    def blockSpace(self) -> BlockSpace:
+        """A copy of extents and place, with scan orientation and current frame. Set it to give a volume without a file
+        its extents; frames that were set in memory are dropped when those change. Of a volume with a file only
+        orientation and frame can be set.
+
+        Setting raises RuntimeError for another place than the file's, and for extents that no file can hold.
+        """
+    @blockSpace.setter
+    def blockSpace(self, value: BlockSpace) -> None: ...
+    @property
+    def crs(self) -> Crs | None:
+        """The reference system of the world's x and y; None when it is not known.
+
+        This and the following are written into the file at once, if there is one; setting raises RuntimeError when
+        that fails.
+        """
+    @crs.setter
+    def crs(self, value: Crs | None) -> None: ...
+    @property
+    def domain(self) -> Domain:
+        """What the vertical axis measures."""
+    @domain.setter
+    def domain(self, value: Domain) -> None: ...
+    @property
+    def horizontalUnit(self) -> Unit:
+        """That of the world's x and y."""
+    @horizontalUnit.setter
+    def horizontalUnit(self, value: Unit) -> None: ...
+    @property
+    def verticalUnit(self) -> Unit:
+        """That of the vertical axis and of sampleInterval."""
+    @verticalUnit.setter
+    def verticalUnit(self, value: Unit) -> None: ...
+    @property
+    def quantity(self) -> str:
+        """What the samples are, for people: 'Amplitude'."""
+    @quantity.setter
+    def quantity(self, value: str) -> None: ...
+    @property
+    def noValue(self) -> float:
+        """Stands where nothing was measured; NO_VALUE unless the file says otherwise. Read-only."""
+    @property
+    def sampleInterval(self) -> float:
+        """From one sample of a trace to the next, in verticalUnit. Read-only."""
+    @property
+    def statistics(self) -> VolumeStatistics | None:
+        """Of the samples in the file, kept in it; None when they are not known: there is no file, or parts of a large
+        one were written anew. Read-only.
+        """
+    def makeStatistics(self) -> VolumeStatistics:
+        """Reads all samples of the file and keeps their statistics in it. Other Python threads run meanwhile.
+
+        Raises RuntimeError without a file, IOError when it can not be read or written.
+        """
+    @property
+    def history(self) -> list[tuple[str, str]]:
+        """What was done to make the volume what it is: time (UTC, ISO 8601) and text, the oldest first. Read-only."""
+    def note(self, what: str) -> None:
+        """Adds to the history."""
+    def __getitem__(self, index: int | slice | tuple) -> numpy.ndarray | float:
+        """Samples of the file as a new array of 32-bit floats, by NumPy's rules for ints, slices with steps, indices
+        from the end and '...'; one sample as a float. Other Python threads run meanwhile. Frames that were set in
+        memory are not in it until they are written.
+
+        Raises IndexError outside the volume, TypeError for another kind of index, RuntimeError without a file,
+        IOError when it can not be read, MemoryError when memory is short.
+        """
+    def __setitem__(self, index: int | slice | tuple, value: ArrayLike) -> None:
+        """Writes samples into the file; value is spread to the shape of the region by NumPy's rules. Other Python
+        threads run meanwhile. Undo takes it back in a project, unless it is too large to be kept, which a warning
+        tells.
+
+        Raises ValueError for another shape, IndexError outside the volume, RuntimeError without a file, IOError when
+        it can not be written: inlines before the one that failed are written then.
+        """
+    def __array__(self, dtype: object = None, copy: object = None) -> numpy.ndarray:
+        """For numpy.asarray() of a volume without a file: raises RuntimeError."""
+    def __len__(self) -> int:
+        """The number of inlines."""
+    @property
+    def shape(self) -> tuple[int, int, int]:
+        """Numbers of inlines, crosslines and samples: the shape of the volume as an array. Read-only."""
+    @property
+    def ndim(self) -> int:
+        """3. Read-only."""
+    @property
+    def dtype(self) -> numpy.dtype:
+        """That of 32-bit floats. Read-only."""
+    def toImage3d(self, inlines: slice | int | None = None, crosslines: slice | int | None = None, samples: slice | int | None = None) -> Image3d:
+        """A copy of a region of the file as an image, with the block space that places it in the survey and in the
+        world. None is a whole axis; x of the image counts crosslines, y inlines and z samples.
+
+        Raises IndexError for an empty region, RuntimeError without a file, IOError when it can not be read,
+        MemoryError when memory is short.
+        """
+    def pieces(self, halo: int = 0, inlines: int = 0) -> Iterator[VolumePiece]:
+        """Walks the file in pieces of whole inlines, for work on volumes that are larger than memory: for piece in
+        volume.pieces(halo=2). Each has so many inlines, 0 takes as many as make about 64 MB, and halo more on either
+        side, fewer at the ends of the volume. The halo has the samples as they were before the piece beside it was
+        written.
+
+        Raises ValueError when a number is negative, RuntimeError without a file.
+        """
+
+class VolumePiece:
+    """Some inlines of a volume with the halo on either side; Volume.pieces() gives one after the other."""
+    def write(self, values: ArrayLike | None = None, to: Volume | None = None) -> None:
+        """Writes the piece without its halo into its volume, or into another one of the same shape. values are of the
+        shape of array, whose halo is left out, or have the inlines of the piece only; None is array.
+
+        Raises what assigning to a region of the volume raises.
+        """
+    @property
+    def array(self) -> numpy.ndarray:
+        """The samples with the halo as 32-bit floats of shape (inline, crossline, sample): a copy, which may be
+        changed. Read-only.
+        """
+    @property
+    def inner(self) -> slice:
+        """The inlines of array that are no halo. Read-only."""
+    @property
+    def region(self) -> slice:
+        """The inlines of the volume that the piece stands for. Read-only."""
+
+class _VolumePieces:
+    """What Volume.pieces() gives: an iterator."""
+    def __iter__(self) -> _VolumePieces:
+        """Itself."""
+    def __next__(self) -> VolumePiece:
+        """The next piece."""
+
+class SeismicVolume(Volume):
+    """A volume of seismic amplitudes, or of what was computed from them."""
+    @overload
+    def __init__(self) -> None:
+        """A volume without a file, of one cell: give it a blockSpace, then createFile(). Reference system, units and
+        domain are those of the project.
+        """
+    @overload
+    def __init__(self, name: str) -> None:
+        """Opens the volume of the current project that has this name.
+
+        Raises RuntimeError when there is none, when its samples are a property of the rock, and when its file can
+        not be read.
+        """
+
+class RandomLineSection:
+    """A vertical section of a volume along a random line: a row of traces, and where each of them lies.
+    RandomLine.section() gives it.
+    """
+    @property
+    def image(self) -> Image2d:
+        """As wide as there are traces, samples downwards; numpy.asarray(image) is of shape (sample, trace). The
+        volume's noValue where the line is outside of it. Read-only.
+        """
+    @property
+    def distances(self) -> DoubleArray:
+        """The distance of each trace from the first node along the line, in the unit of the volume's map coordinates.
+        Read-only.
+        """
+    @property
+    def inlines(self) -> DoubleArray:
+        """The inline number of each trace, not rounded. Read-only."""
+    @property
+    def crosslines(self) -> DoubleArray:
+        """The crossline number of each trace, not rounded. Read-only."""
+    @property
+    def x(self) -> DoubleArray:
+        """Map x of each trace. Read-only."""
+    @property
+    def y(self) -> DoubleArray:
+        """Map y of each trace. Read-only."""
+    def __len__(self) -> int:
+        """The number of traces."""
+
+class RandomLine:
+    """A line on the map along which sections of volumes are cut, straight from node to node. What a script changes is
+    its own until save().
+    """
+    @overload
+    def __init__(self) -> None:
+        """A line without nodes and without a file."""
+    @overload
+    def __init__(self, filename: str | os.PathLike) -> None:
+        """Opens a random line's file.
+
+        Raises FileNotFoundError, or RuntimeError, whose cause tells what is wrong with the file.
+        """
+    @property
+    def filename(self) -> str:
+        """The file that the line was read from or saved to; empty when there is none. Read-only."""
+    @property
+    def name(self) -> str:
+        """The file's name without folder and suffix. Read-only."""
+    @property
+    def nodes(self) -> list[vec2]:
+        """A copy of the nodes: map x and y, or inline and crossline numbers, as frame says. Anything with points of two
+        or three numbers can be assigned: tuples, vec2, vec3, a Vec3Array, an array of shape (n, 2) or (n, 3), whose
+        third number is left out.
+
+        Setting raises ValueError for fewer than two nodes and for numbers that are not finite, TypeError for what is
+        no point.
+        """
+    @nodes.setter
+    def nodes(self, value: list[vec2]) -> None: ...
+    @property
+    def frame(self) -> ScaleType:
+        """What the nodes are: ScaleType.World, map x and y (at first), or ScaleType.Survey, inline and crossline
+        numbers. Setting it converts nothing; other values raise ValueError.
+        """
+    @frame.setter
+    def frame(self, value: ScaleType) -> None: ...
+    @property
+    def crs(self) -> Crs | None:
+        """The reference system of nodes in map coordinates; None when it is not stated."""
+    @crs.setter
+    def crs(self, value: Crs | None) -> None: ...
+    def save(self, filename: str | os.PathLike | None = None) -> None:
+        """Writes the line into a new file, or anew into its own, which None is. In the project's folder of random
+        lines, getNewFilename() gives such a path, it becomes an object of the project.
+
+        Raises FileExistsError when there is another file already, RuntimeError for a line without nodes, ValueError
+        when no file is named, IOError when it can not be written.
+        """
+    def section(self, volume: Volume, interpolation: InterpolationMethod = InterpolationMethod.Bilinear, spacing: float = 0.0) -> RandomLineSection:
+        """The section of a volume's file along the line. NoInterpolation takes the trace of the nearest bin, Bilinear
+        makes it of the four around it, of which those without a value do not count. spacing is the distance of the
+        traces in the unit of the map coordinates; 0 takes one for every bin that is crossed. Nodes in map
+        coordinates are those of the volume: nothing is transformed between reference systems. Other Python threads
+        run meanwhile.
+
+        Raises RuntimeError for a line without nodes, a volume without a file, and when it can not be read;
+        ValueError for another interpolation or a negative spacing.
+        """
+
 def pluginDirectory() -> str | None:
     """The folder of the plug-in whose code calls; None outside a plug-in."""
 
