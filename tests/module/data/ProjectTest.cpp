@@ -280,4 +280,47 @@ expect(failure(project.onChanged, project.objects()[0], 5),
     script("expect(heard, [])\n");
 }
 
+TEST_F(ProjectUndo, writingIntoAVolumeIsOneStepAndIsTold)
+{
+    script(R"py(
+import numpy
+from strativo_python import BlockSpace, SeismicVolume
+cube = SeismicVolume()
+cube.blockSpace = BlockSpace(5, 40, 6)
+cube.createFile(project.getNewFilename(ObjectId.Volume, "Cube"))
+cube[:] = 1
+cube.flush()
+heard = []
+project.onChanged(cube.filename, heard.append)
+)py");
+    project->store().tellChanges();
+    undo.setProject(nullptr);
+    undo.setProject(project.get());
+    script("heard.clear()\n");
+    EXPECT_TRUE(context().executePythonCode("cube[3:30:2] = 5\n"
+                                            "for piece in cube.pieces(inlines=7):\n"
+                                            "    piece.array[:, 1] = 7\n"
+                                            "    piece.write()\n"
+                                            "after = cube[:]\n",
+                                            nullptr, "/tmp/write.py"))
+        << recorder.textOf(6);
+    script("cube.flush()\n");
+    project->store().tellChanges();
+    script("expect(heard, [cube.filename])\nheard.clear()\n");
+    EXPECT_EQ(undo.texts(), QStringList{"write.py"});
+    undo.undo();
+    script("expect(set(cube[:].ravel()), {1.0})\n");
+    undo.redo();
+    script("expect(bool((cube[:] == after).all()), True)\n");
+    project->store().tellChanges();
+    script("expect(heard, [cube.filename])\n");
+
+    // More than is kept: said, written, and a step that nobody takes back.
+    project->changes().setMostBytes(100);
+    EXPECT_TRUE(context().executePythonCode("cube[:] = 9\n", nullptr, "large.py")) << recorder.textOf(6);
+    EXPECT_NE(recorder.textOf(2).find("Cube"), std::string::npos);
+    undo.undo();
+    script("expect(set(cube[:].ravel()), {9.0})\n");
+}
+
 } // namespace
