@@ -1,5 +1,6 @@
 // Files that take their place when they are whole, and what is left of those that never were.
 #include "host/formats/PartFile.h"
+
 #include "host/formats/WholeFile.h"
 
 #include <QDir>
