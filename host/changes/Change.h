@@ -46,7 +46,8 @@ private:
     bool m_canUndo;
 };
 
-/// Who keeps the steps: a stack of the user interface. Without one they are dropped.
+/// Who keeps the steps: a stack of the user interface. Without one they are dropped. Holds a ChangeReplay while it
+/// takes steps back or makes them again.
 class IUndoSink
 {
 public:

@@ -42,11 +42,24 @@ bool ChangeLog::keepable(qint64 bytes, const QString& what) const
 
 void ChangeLog::finish(const QString& text)
 {
+    if (m_isReplaying) {
+        if (m_replayText.isEmpty() && (!m_changes.empty() || !m_canUndo))
+            m_replayText = text;
+        return;
+    }
     ChangeStep::Changes changes = std::exchange(m_changes, {});
     const bool canUndo = std::exchange(m_canUndo, true);
     ++m_finished;
     if (m_sink && (!changes.empty() || !canUndo))
         m_sink->add(std::make_unique<ChangeStep>(text, std::move(changes), canUndo));
+}
+
+void ChangeLog::endReplay()
+{
+    m_isReplaying = false;
+    const QString text = std::exchange(m_replayText, {});
+    if (!isOpen())
+        finish(text);
 }
 
 void ChangeLog::beginRun(const char* name, const QString& text)

@@ -37,14 +37,17 @@ public:
     bool isOpen() const { return m_runs > 0 || m_steps > 0; }
     /// How many steps have ended: what was recorded before the last one is no part of the present one.
     quint64 finishedSteps() const { return m_finished; }
+    bool isReplaying() const { return m_isReplaying; }
 
 private:
     friend class ChangeScope;
+    friend class ChangeReplay;
     void beginRun(const char* name, const QString& text);
     void endRun();
     quint64 beginStep(const QString& text);
     void endStep(quint64 number);
     void finish(const QString& text);
+    void endReplay();
 
     IUndoSink* m_sink = nullptr;
     ChangeStep::Changes m_changes;
@@ -56,7 +59,28 @@ private:
     QString m_stepText;
     quint64 m_stepNumber = 0;
     quint64 m_finished = 0;
+    bool m_isReplaying = false;
+    QString m_replayText;
     qint64 m_mostBytes = qint64(1) << 30;
+};
+
+/// Held by the sink while it takes steps back or makes them again. The steps' own changes record nothing; what somebody
+/// else changes meanwhile, because he hears of it, becomes a step by itself when this goes, since a list of steps
+/// cannot take one in while it moves. Not nested; the log may go meanwhile.
+class ChangeReplay
+{
+public:
+    explicit ChangeReplay(ChangeLog& log) : m_log(&log) { log.m_isReplaying = true; }
+    ~ChangeReplay()
+    {
+        if (m_log)
+            m_log->endReplay();
+    }
+    ChangeReplay(const ChangeReplay&) = delete;
+    ChangeReplay& operator=(const ChangeReplay&) = delete;
+
+private:
+    const QPointer<ChangeLog> m_log;
 };
 
 /// All changes while it lives are one step. Scopes within a scope join it, with one exception: a step that somebody

@@ -78,7 +78,7 @@ std::unique_ptr<HVProject> HVProject::create(const QString& folder, const QStrin
     return std::unique_ptr<HVProject>(new HVProject(path, settings));
 }
 
-std::unique_ptr<HVProject> HVProject::open(const QString& path, QString* error)
+std::unique_ptr<HVProject> HVProject::look(const QString& path, QString* error)
 {
     QString folder = absolute(path);
     const QFileInfo info(folder);
@@ -98,9 +98,17 @@ std::unique_ptr<HVProject> HVProject::open(const QString& path, QString* error)
         hv::fail(error, problem);
         return nullptr;
     }
-    removeRemains(folder);
-    hv::Trash(folder).tidy();
     return std::unique_ptr<HVProject>(new HVProject(folder, settings));
+}
+
+std::unique_ptr<HVProject> HVProject::open(const QString& path, QString* error)
+{
+    std::unique_ptr<HVProject> project = look(path, error);
+    if (project) {
+        removeRemains(project->path());
+        hv::Trash(project->path()).tidy();
+    }
+    return project;
 }
 
 QString HVProject::file() const

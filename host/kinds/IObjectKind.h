@@ -4,13 +4,15 @@
 #include "host/kinds/ObjectKind.h"
 #include "host/kinds/ObjectValue.h"
 
+#include <QDateTime>
+
 #include <memory>
 #include <vector>
 
 class ObjectPicture;
 
 /// host/kinds: what the objects of each kind are: their files, values, pictures and descriptions. A folder per kind,
-/// and a line in Kinds.cpp.
+/// and a line in Kinds.cpp; ARCHITECTURE.md shows how one is added.
 
 namespace hv {
 
@@ -20,6 +22,9 @@ struct Description
     QString label;
     QString text;
 };
+
+/// What can be said of any file.
+std::vector<Description> describeFile(qint64 size, const QDateTime& modified);
 
 /// An object of the demonstration project.
 struct DemoObject
@@ -37,6 +42,9 @@ public:
 
     virtual const ObjectKindInfo& info() const = 0;
 
+    /// Whether values are so large that an object has one only while somebody looks at it, and reads it again for the
+    /// next.
+    virtual bool isLarge() const { return false; }
     /// Whether values go on reading the file that they come from: another file needs another value, even of the same
     /// content.
     virtual bool readsFile() const { return false; }
@@ -54,5 +62,9 @@ public:
 };
 
 const IObjectKind& objectKind(ObjectKind kind);
+
+/// Lists a kind of the application's own after the others: at its start, before anything else asks for kinds. False,
+/// and nothing is added, when its number, its folder or one of its suffixes is another kind's.
+bool addObjectKind(std::unique_ptr<const IObjectKind> kind);
 
 } // namespace hv

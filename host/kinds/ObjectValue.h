@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <typeinfo>
+#include <utility>
 
 namespace hv {
 
@@ -34,8 +35,33 @@ public:
     friend bool operator==(const ObjectValue& a, const ObjectValue& b) { return a.m_value == b.m_value; }
 
 private:
+    friend class KeptValue;
     const std::type_info* m_type = nullptr;
     std::shared_ptr<const void> m_value;
+};
+
+/// A value that is kept, or of which it is known only as long as somebody else keeps it.
+class KeptValue
+{
+public:
+    KeptValue() = default;
+    KeptValue(ObjectValue value, bool isWeak) : m_kept(std::move(value)), m_known(m_kept.m_value)
+    {
+        if (isWeak)
+            m_kept.m_value.reset();
+    }
+
+    /// Nothing once it has gone.
+    ObjectValue get() const
+    {
+        ObjectValue value = m_kept;
+        value.m_value = m_known.lock();
+        return value;
+    }
+
+private:
+    ObjectValue m_kept; // of a weak one only its type
+    std::weak_ptr<const void> m_known;
 };
 
 } // namespace hv

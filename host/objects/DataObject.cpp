@@ -13,8 +13,8 @@ DataObject::~DataObject() = default;
 
 Result<ObjectValue> DataObject::value()
 {
-    if (m_value)
-        return m_value;
+    if (ObjectValue value = m_value.get())
+        return value;
     if (!m_store)
         return Failure(tr("%1 cannot be read: its project is closed.").arg(shown(m_key)));
     // Before it is read: a change meanwhile is then seen as one.
@@ -24,22 +24,27 @@ Result<ObjectValue> DataObject::value()
     Result<ObjectValue> read = objectKind(m_key.kind).read(m_path);
     m_stamp = stamp;
     if (read)
-        m_value = *read;
+        keep(*read);
     return read;
 }
 
 void DataObject::setValue(ObjectValue value, const CellRegion& region)
 {
-    m_value = std::move(value);
+    m_value = KeptValue(std::move(value), false);
     m_isModified = true;
     ++m_revision;
     if (m_store)
         m_store->noteContent(m_key, region);
 }
 
-void DataObject::replace(ObjectValue value, const FileStamp& stamp)
+void DataObject::keep(const ObjectValue& value)
 {
-    m_value = std::move(value);
+    m_value = KeptValue(value, objectKind(m_key.kind).isLarge());
+}
+
+void DataObject::replace(const ObjectValue& value, const FileStamp& stamp)
+{
+    keep(value);
     m_stamp = stamp;
     m_isModified = false;
     ++m_revision;

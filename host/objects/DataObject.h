@@ -38,7 +38,8 @@ public:
     /// Counts the changes of its content, from 1.
     quint64 revision() const { return m_revision; }
 
-    /// The present snapshot, read from the file when it is first asked for. A failure says why it cannot be read.
+    /// The present snapshot, read from the file when it is first asked for; of kinds with large values also when nobody
+    /// has kept the last one. A failure says why it cannot be read.
     Result<ObjectValue> value();
     /// The same as a `T`; a failure also when the kind has other values.
     template <class T>
@@ -59,13 +60,17 @@ private:
     friend class StoredPresence;
     DataObject(ObjectStore& store, ObjectKey key, QString path);
     /// The file is another, or gone, or there again. `value` may be nothing: then it is read when it is asked for.
-    void replace(ObjectValue value, const FileStamp& stamp);
+    void replace(const ObjectValue& value, const FileStamp& stamp);
+    /// `value` is what the file holds.
+    void keep(const ObjectValue& value);
+    /// What the file holds, as far as that is known.
+    KeptValue fileValue() const { return m_isModified ? KeptValue() : m_value; }
 
     QPointer<ObjectStore> m_store;
     ObjectKey m_key;
     QString m_path;
     quint64 m_revision = 1;
-    ObjectValue m_value;
+    KeptValue m_value;
     FileStamp m_stamp; // of what m_value was read from or written to
     bool m_isModified = false;
 };

@@ -179,7 +179,7 @@ void ObjectStore::lookAtObject(const ObjectKey& key, const QString& path)
         return;
     }
     // What the file held stays to be seen while there is none.
-    object->replace(stamp.exists ? ObjectValue() : object->m_value, stamp);
+    object->replace(stamp.exists ? ObjectValue() : object->m_value.get(), stamp);
     if (stamp.exists)
         noteContent(key, {});
 }

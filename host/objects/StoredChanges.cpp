@@ -14,7 +14,7 @@ StoredContent::StoredContent(ObjectStore& store, ObjectKey key, QString suffix, 
       m_keptStamp(FileStamp::of(m_kept))
 {
     if (const auto object = m_store.held(m_key); object && object->m_stamp == m_keptStamp)
-        m_keptValue = object->m_value;
+        m_keptValue = object->fileValue();
 }
 
 Result<void> StoredContent::exchange()
@@ -26,11 +26,11 @@ Result<void> StoredContent::exchange()
     // A snapshot stands for its file as long as nobody else has written into that.
     const FileStamp stamp = FileStamp::of(path);
     const FileStamp keptStamp = FileStamp::of(m_kept);
-    ObjectValue value = stamp == m_keptStamp ? m_keptValue : ObjectValue();
+    ObjectValue value = stamp == m_keptStamp ? m_keptValue.get() : ObjectValue();
     m_keptValue = {};
     if (const auto object = m_store.held(m_key)) {
-        if (object->m_stamp == keptStamp && !object->m_isModified)
-            m_keptValue = object->m_value;
+        if (object->m_stamp == keptStamp)
+            m_keptValue = object->fileValue();
         object->replace(value, stamp);
     }
     m_keptStamp = keptStamp;
@@ -48,9 +48,9 @@ Result<void> StoredPresence::putAway()
     const Result<QString> place = m_store.m_trash.place(m_key.name + QLatin1Char('.') + m_suffix);
     if (!place)
         return place.failure();
-    ObjectValue value;
-    if (const auto object = m_store.held(m_key); object && !object->m_isModified)
-        value = object->m_value;
+    KeptValue value;
+    if (const auto object = m_store.held(m_key))
+        value = object->fileValue();
     if (auto moved = moveFile(path, *place); !moved)
         return Failure(QObject::tr("Unable to move '%1' to the trash: %2.")
                            .arg(QDir::toNativeSeparators(path), moved.failure().sentence));
@@ -71,7 +71,7 @@ Result<void> StoredPresence::bringBack()
         return Failure(QObject::tr("%1 cannot be brought back: %2.").arg(shown(m_key), moved.failure().sentence));
     Trash::removeNote(m_kept);
     m_store.lookAtFile(m_key, m_suffix);
-    if (const auto object = m_store.held(m_key); object && object->m_stamp == m_keptStamp && !object->m_value)
+    if (const auto object = m_store.held(m_key); object && object->m_stamp == m_keptStamp && !object->m_value.get())
         object->m_value = m_keptValue;
     m_keptValue = {};
     return {};

@@ -28,7 +28,7 @@ private:
     QString m_suffix;
     QString m_kept; // the file with the other content
     FileStamp m_keptStamp;
-    ObjectValue m_keptValue; // what was held of it, if anything
+    KeptValue m_keptValue; // what was held of it, if anything
 };
 
 /// An object came, or went after turnAround().
@@ -51,7 +51,7 @@ private:
     bool m_isRemoval = false;
     QString m_kept; // in the trash while it is away
     FileStamp m_keptStamp;
-    ObjectValue m_keptValue;
+    KeptValue m_keptValue;
 };
 
 /// An object got another name.

@@ -76,7 +76,7 @@ bool HVUndoStack::canUndo() const
 
 bool HVUndoStack::isBusy() const
 {
-    return !m_project || m_project->changes().isOpen();
+    return !m_project || m_project->changes().isOpen() || m_project->changes().isReplaying();
 }
 
 QStringList HVUndoStack::texts() const
@@ -89,10 +89,13 @@ QStringList HVUndoStack::texts() const
 
 void HVUndoStack::goTo(int position)
 {
+    if (isBusy())
+        return;
+    const hv::ChangeReplay replay(m_project->changes());
     // A step that fails leaves the list, so that each turn comes nearer.
-    while (m_stack.index() > position && canUndo() && !isBusy())
+    while (m_stack.index() > position && canUndo())
         m_stack.undo();
-    while (m_stack.index() < position && canRedo() && !isBusy())
+    while (m_stack.index() < position && canRedo())
         m_stack.redo();
 }
 
@@ -103,13 +106,17 @@ void HVUndoStack::add(std::unique_ptr<hv::ChangeStep> step)
 
 void HVUndoStack::undo()
 {
-    if (canUndo() && !isBusy())
-        m_stack.undo();
+    if (isBusy() || !canUndo())
+        return;
+    const hv::ChangeReplay replay(m_project->changes());
+    m_stack.undo();
 }
 
 void HVUndoStack::redo()
 {
-    if (!isBusy())
+    if (!isBusy()) {
+        const hv::ChangeReplay replay(m_project->changes());
         m_stack.redo();
+    }
     Q_EMIT changed(); // a step that failed has left the list without moving it
 }

@@ -39,19 +39,15 @@ Result<void> ColorBarKind::write(const ObjectValue& value, const QString& path) 
         path);
 }
 
-std::unique_ptr<ObjectPicture> ColorBarKind::picture(const ObjectValue& value) const
+std::unique_ptr<ObjectPicture> ColorBarKind::makePicture(std::shared_ptr<const ColorBar> bar) const
 {
-    const auto bar = value.as<ColorBar>();
-    return bar ? std::make_unique<ColorBarPicture>(bar) : nullptr;
+    return std::make_unique<ColorBarPicture>(std::move(bar));
 }
 
-std::vector<Description> ColorBarKind::describe(const ObjectValue& value) const
+std::vector<Description> ColorBarKind::rows(const ColorBar& bar) const
 {
-    const auto bar = value.as<ColorBar>();
-    if (!bar)
-        return {};
     return {{QObject::tr("Range"),
-             QObject::tr("%1 to %2").arg(QString::number(bar->minimum()), QString::number(bar->maximum()))}};
+             QObject::tr("%1 to %2").arg(QString::number(bar.minimum()), QString::number(bar.maximum()))}};
 }
 
 } // namespace hv

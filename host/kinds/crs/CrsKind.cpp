@@ -20,21 +20,12 @@ Result<ObjectValue> CrsKind::parse(const QByteArray& text) const
     return ObjectValue::of(std::move(system));
 }
 
-std::vector<Description> CrsKind::describe(const ObjectValue& value) const
+std::vector<Description> CrsKind::rows(const ReferenceSystem& system) const
 {
-    const auto system = value.as<ReferenceSystem>();
-    if (!system)
-        return {};
-    std::vector<Description> rows{{QObject::tr("Name"), system->crs.name()}};
-    if (!system->crs.authority().isEmpty())
-        rows.push_back({QObject::tr("Registered as"), system->crs.authority() + ':' + system->crs.authorityCode()});
+    std::vector<Description> rows{{QObject::tr("Name"), system.crs.name()}};
+    if (!system.crs.authority().isEmpty())
+        rows.push_back({QObject::tr("Registered as"), system.crs.authority() + ':' + system.crs.authorityCode()});
     return rows;
-}
-
-const QByteArray* CrsKind::textOf(const ObjectValue& value) const
-{
-    const auto system = value.as<ReferenceSystem>();
-    return system ? &system->text : nullptr;
 }
 
 } // namespace hv

@@ -12,15 +12,14 @@ struct ReferenceSystem
     georef::Crs crs;
 };
 
-class CrsKind final : public TextKind
+class CrsKind final : public TypedTextKind<ReferenceSystem>
 {
 public:
     const ObjectKindInfo& info() const override;
-    std::vector<Description> describe(const ObjectValue& value) const override;
 
 protected:
     Result<ObjectValue> parse(const QByteArray& text) const override;
-    const QByteArray* textOf(const ObjectValue& value) const override;
+    std::vector<Description> rows(const ReferenceSystem& system) const override;
 };
 
 } // namespace hv

@@ -20,29 +20,19 @@ Result<ObjectValue> CultureKind::parse(const QByteArray& text) const
     return ObjectValue::of(Culture{text, std::move(*outline)});
 }
 
-std::unique_ptr<ObjectPicture> CultureKind::picture(const ObjectValue& value) const
+std::unique_ptr<ObjectPicture> CultureKind::makePicture(std::shared_ptr<const Culture> culture) const
 {
-    const auto culture = value.as<Culture>();
-    return culture ? std::make_unique<CulturePicture>(culture) : nullptr;
+    return std::make_unique<CulturePicture>(std::move(culture));
 }
 
-std::vector<Description> CultureKind::describe(const ObjectValue& value) const
+std::vector<Description> CultureKind::rows(const Culture& culture) const
 {
-    const auto culture = value.as<Culture>();
-    if (!culture)
-        return {};
-    const QRectF bounds = culture->outline.bounds;
+    const QRectF bounds = culture.outline.bounds;
     const auto range = [](double from, double to) {
         return QObject::tr("%1 to %2").arg(QString::number(from, 'f', 1), QString::number(to, 'f', 1));
     };
     return {{QObject::tr("X"), range(bounds.left(), bounds.right())},
             {QObject::tr("Y"), range(bounds.top(), bounds.bottom())}};
-}
-
-const QByteArray* CultureKind::textOf(const ObjectValue& value) const
-{
-    const auto culture = value.as<Culture>();
-    return culture ? &culture->text : nullptr;
 }
 
 } // namespace hv

@@ -12,18 +12,17 @@ struct Culture
     MapOutline outline;
 };
 
-class CultureKind final : public TextKind
+class CultureKind final : public TypedTextKind<Culture>
 {
 public:
     const ObjectKindInfo& info() const override;
-    std::unique_ptr<ObjectPicture> picture(const ObjectValue& value) const override;
-    std::vector<Description> describe(const ObjectValue& value) const override;
     /// The outline of what was acquired and the channel's axis.
     std::vector<DemoObject> demo() const override;
 
 protected:
     Result<ObjectValue> parse(const QByteArray& text) const override;
-    const QByteArray* textOf(const ObjectValue& value) const override;
+    std::unique_ptr<ObjectPicture> makePicture(std::shared_ptr<const Culture> culture) const override;
+    std::vector<Description> rows(const Culture& culture) const override;
 };
 
 } // namespace hv

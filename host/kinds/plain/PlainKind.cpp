@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QLocale>
 
 namespace hv {
 
@@ -21,13 +20,9 @@ Result<void> PlainKind::write(const ObjectValue& /*value*/, const QString& path)
                    path);
 }
 
-std::vector<Description> PlainKind::describe(const ObjectValue& value) const
+std::vector<Description> PlainKind::rows(const PlainFile& file) const
 {
-    const auto file = value.as<PlainFile>();
-    if (!file)
-        return {};
-    return {{QObject::tr("Size"), QLocale().formattedDataSize(file->size)},
-            {QObject::tr("Changed"), QLocale().toString(file->modified, QLocale::ShortFormat)}};
+    return describeFile(file.size, file.modified);
 }
 
 } // namespace hv

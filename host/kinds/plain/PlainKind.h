@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/kinds/IObjectKind.h"
+#include "host/kinds/TypedKind.h"
 
 #include <QDateTime>
 
@@ -14,7 +14,7 @@ struct PlainFile
 };
 
 /// Kinds of which the program knows that there are files; values are PlainFile, and nothing writes them.
-class PlainKind final : public IObjectKind
+class PlainKind final : public TypedKind<PlainFile>
 {
 public:
     explicit PlainKind(const ObjectKindInfo& info) : m_info(info) {}
@@ -22,7 +22,9 @@ public:
     const ObjectKindInfo& info() const override { return m_info; }
     Result<ObjectValue> read(const QString& path) const override;
     Result<void> write(const ObjectValue& value, const QString& path) const override;
-    std::vector<Description> describe(const ObjectValue& value) const override;
+
+protected:
+    std::vector<Description> rows(const PlainFile& file) const override;
 
 private:
     ObjectKindInfo m_info;

@@ -11,19 +11,10 @@ const ObjectKindInfo& ScriptKind::info() const
     return info;
 }
 
-std::vector<Description> ScriptKind::describe(const ObjectValue& value) const
+std::vector<Description> ScriptKind::rows(const Script& script) const
 {
-    const auto script = value.as<Script>();
-    if (!script)
-        return {};
-    const bool endsInLine = !script->text.isEmpty() && !script->text.endsWith('\n');
-    return {{QObject::tr("Lines"), QString::number(script->text.count('\n') + (endsInLine ? 1 : 0))}};
-}
-
-const QByteArray* ScriptKind::textOf(const ObjectValue& value) const
-{
-    const auto script = value.as<Script>();
-    return script ? &script->text : nullptr;
+    const bool endsInLine = !script.text.isEmpty() && !script.text.endsWith('\n');
+    return {{QObject::tr("Lines"), QString::number(script.text.count('\n') + (endsInLine ? 1 : 0))}};
 }
 
 } // namespace hv

@@ -10,15 +10,14 @@ struct Script
     QByteArray text;
 };
 
-class ScriptKind final : public TextKind
+class ScriptKind final : public TypedTextKind<Script>
 {
 public:
     const ObjectKindInfo& info() const override;
-    std::vector<Description> describe(const ObjectValue& value) const override;
 
 protected:
     Result<ObjectValue> parse(const QByteArray& text) const override { return ObjectValue::of(Script{text}); }
-    const QByteArray* textOf(const ObjectValue& value) const override;
+    std::vector<Description> rows(const Script& script) const override;
 };
 
 } // namespace hv

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/kinds/IObjectKind.h"
+#include "host/kinds/TypedKind.h"
 
 #include <QByteArray>
 
@@ -19,6 +19,18 @@ protected:
     virtual Result<ObjectValue> parse(const QByteArray& text) const = 0;
     /// Null for a value of another kind.
     virtual const QByteArray* textOf(const ObjectValue& value) const = 0;
+};
+
+/// A text kind whose values have the text in their member `text`.
+template <class Value>
+class TypedTextKind : public TypedKind<Value, TextKind>
+{
+protected:
+    const QByteArray* textOf(const ObjectValue& value) const final
+    {
+        const auto typed = value.as<Value>();
+        return typed ? &typed->text : nullptr;
+    }
 };
 
 } // namespace hv

@@ -21,32 +21,22 @@ Result<ObjectValue> WellKind::parse(const QByteArray& text) const
     return ObjectValue::of(Well{text, std::move(*log)});
 }
 
-std::unique_ptr<ObjectPicture> WellKind::picture(const ObjectValue& value) const
+std::unique_ptr<ObjectPicture> WellKind::makePicture(std::shared_ptr<const Well> well) const
 {
-    const auto well = value.as<Well>();
     // Along a first curve of which nothing is known there is nothing to draw.
-    return well && WellPicture::canShow(*well) ? std::make_unique<WellPicture>(well) : nullptr;
+    return WellPicture::canShow(*well) ? std::make_unique<WellPicture>(std::move(well)) : nullptr;
 }
 
-std::vector<Description> WellKind::describe(const ObjectValue& value) const
+std::vector<Description> WellKind::rows(const Well& well) const
 {
-    const auto well = value.as<Well>();
-    if (!well)
-        return {};
     QStringList curves;
-    for (const las::Item& curve : well->log.curves)
+    for (const las::Item& curve : well.log.curves)
         curves << (curve.unit.isEmpty() ? curve.mnemonic : curve.mnemonic + QStringLiteral(" (%1)").arg(curve.unit));
     std::vector<Description> rows{{QObject::tr("Curves"), curves.join(QStringLiteral(", "))},
-                                  {QObject::tr("Samples"), QString::number(well->log.samples.front().size())}};
-    if (const QString field = well->log.wellValue("FLD"); !field.isEmpty())
+                                  {QObject::tr("Samples"), QString::number(well.log.samples.front().size())}};
+    if (const QString field = well.log.wellValue("FLD"); !field.isEmpty())
         rows.push_back({QObject::tr("Field"), field});
     return rows;
-}
-
-const QByteArray* WellKind::textOf(const ObjectValue& value) const
-{
-    const auto well = value.as<Well>();
-    return well ? &well->text : nullptr;
 }
 
 } // namespace hv

@@ -12,18 +12,17 @@ struct Well
     las::Log log;
 };
 
-class WellKind final : public TextKind
+class WellKind final : public TypedTextKind<Well>
 {
 public:
     const ObjectKindInfo& info() const override;
-    std::unique_ptr<ObjectPicture> picture(const ObjectValue& value) const override;
-    std::vector<Description> describe(const ObjectValue& value) const override;
     /// Two wells with depth, time and gamma ray.
     std::vector<DemoObject> demo() const override;
 
 protected:
     Result<ObjectValue> parse(const QByteArray& text) const override;
-    const QByteArray* textOf(const ObjectValue& value) const override;
+    std::unique_ptr<ObjectPicture> makePicture(std::shared_ptr<const Well> well) const override;
+    std::vector<Description> rows(const Well& well) const override;
 };
 
 } // namespace hv

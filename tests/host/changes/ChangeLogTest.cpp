@@ -140,6 +140,26 @@ TEST_F(Log, whatIsTooLargeToKeepIsSaidBeforeAndMarked)
     EXPECT_TRUE(steps[1]->canUndo());
 }
 
+TEST_F(Log, whatIsChangedWhileAStepIsTakenBackIsAStepOfItsOwnAfterwards)
+{
+    append('a');
+    {
+        const hv::ChangeReplay replay(*log);
+        EXPECT_TRUE(steps[0]->undo());
+        append('b');
+        {
+            const ChangeScope callback(log.get(), "callback");
+            append('c');
+        }
+        EXPECT_EQ(names(), "Append a:1") << "the list of steps is on the move";
+    }
+    EXPECT_EQ(names(), "Append a:1|Append b:2");
+    append('d');
+    EXPECT_EQ(names(), "Append a:1|Append b:2|Append d:1");
+    const hv::ChangeReplay replay(*log);
+    log.reset();
+}
+
 TEST_F(Log, aScopeOutlivesItsProject)
 {
     const ChangeScope run(log.get(), "run");

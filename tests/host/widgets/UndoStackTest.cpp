@@ -13,6 +13,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -194,6 +195,46 @@ TEST_F(Undo, aStepThatOthersHaveMadeImpossibleIsGivenUpAsAWhole)
     EXPECT_EQ(stack.position(), stack.texts().size());
     save("d", 4);
     EXPECT_TRUE(stack.canUndo());
+}
+
+TEST_F(Undo, whatIsDoneOnHearingOfAnUndoCanBeTakenBackItself)
+{
+    struct Heard final : hv::Change
+    {
+        explicit Heard(std::function<void()> reaction) : react(std::move(reaction)) {}
+        hv::Result<void> undo() override
+        {
+            react();
+            return {};
+        }
+        hv::Result<void> redo() override { return {}; }
+        std::function<void()> react;
+    };
+    project->changes().record(std::make_unique<Heard>([this] {
+                                  save("a", 1);
+                                  stack.undo(); // is refused, as one is under way
+                              }),
+                              "First");
+    stack.undo();
+    EXPECT_EQ(steps(), "Create Color Bar 'a'");
+    EXPECT_EQ(stack.position(), 1) << "what is done counts as done";
+    stack.undo();
+    EXPECT_EQ(state(), "");
+    stack.redo();
+    EXPECT_EQ(state(), "a 1");
+}
+
+TEST_F(Undo, whatWasNeverSavedIsNotTakenForTheFileBefore)
+{
+    save("a", 1);
+    const auto object = *store.open(bar("a"));
+    ASSERT_TRUE(object->value());
+    ColorBar shown;
+    shown.setRange(0, 2);
+    object->setValue(ObjectValue::of(shown));
+    save("a", 2);
+    stack.undo();
+    EXPECT_EQ((*object->valueAs<ColorBar>())->maximum(), 1);
 }
 
 TEST_F(Undo, tenThousandChangesGoBackAndForthInAMoment)
