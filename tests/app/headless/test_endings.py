@@ -92,7 +92,7 @@ class CommandLines(RunnerCase):
         self.expect(self.program("--help"), 0)
 
     def test_every_command_explains_itself(self):
-        for words in (("run", "--help"), ("plugin", "--help"), ("plugin", "check", "--help"), ("demo", "--help")):
+        for words in (("run", "--help"), ("plugin", "--help"), ("plugin", "check", "--help"), ("demo", "--help"), ("info", "--help")):
             self.assertRegex(self.program(*words).stdout, "^usage: strativo " + words[0])
             self.expect(self.program(*words), 0, err="")
 

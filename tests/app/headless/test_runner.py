@@ -1,5 +1,6 @@
 """strativo run from outside: streams, exit status, hostile scripts, leaving."""
 import os
+import re
 import shutil
 import signal
 import subprocess
@@ -62,6 +63,54 @@ class Projects(RunnerCase):
         self.script("x = 1")
         self.expect(strativo("--project", str(self.folder), "-c", code), 2, "", "is not a project")
         self.expect(strativo("--project", str(self.folder / "script.py" / "x"), "-c", code), 2, "", "Unable to create")
+
+    def test_info(self):
+        def info(*words):
+            environment = dict(os.environ, LC_ALL="C.UTF-8")
+            return subprocess.run([PROGRAM, "info", *words], capture_output=True, text=True, timeout=60, env=environment)
+
+        folder = self.folder / "Demo"
+        subprocess.run([PROGRAM, "demo", str(folder)], capture_output=True, check=True, timeout=60)
+        for part in (".strativo-part-0123456789abcdef", "wells/.strativo-part-0123456789abcdef"):
+            (folder / part).touch()
+        before = sorted((path, path.stat().st_mtime_ns) for path in folder.rglob("*"))
+        result = info(str(folder))
+        self.expect(result, 0, err="")
+        self.assertEqual(result.stdout.splitlines()[0], str(folder))
+        self.assertIn("\n  Reference system  WGS 84 / UTM zone 31N\n", result.stdout)
+        self.assertIn("\n  Wells             2\n", result.stdout)
+        self.assertEqual(info(str(folder / "project.strativo")).stdout.splitlines()[1:], result.stdout.splitlines()[1:])
+
+        # Of every object there is something to say; several are told in turn.
+        objects = [path for path in sorted(folder.glob("*/*.*")) if path.parent.name != "directories" and path.name[0] != "."]
+        result = info(*map(str, objects))
+        self.expect(result, 0, err="")
+        told = result.stdout.split("\n\n")
+        self.assertEqual(len(told), len(objects))
+        for text in told:
+            lines = text.splitlines()
+            self.assertRegex(text, "(?m)^  Kind +[A-Z].*(\n  .*)+\n  Size +[0-9.]+ .*\n  Changed +[0-9]")
+            self.assertEqual(len({len(re.match(" +[A-Za-z]+( [a-z]+)*  +", line)[0]) for line in lines[1:]}), 1, text)
+        self.assertEqual(info(str(folder / "wells" / "S-1")).stdout.splitlines()[1:],
+                         info(str(folder / "wells" / "S-1.las")).stdout.splitlines()[1:])
+        self.assertEqual(sorted((path, path.stat().st_mtime_ns) for path in folder.rglob("*")), before)
+
+        # Plain files, and texts that would command the terminal.
+        (folder / "bare.wavelet").write_bytes(b"12345")
+        self.assertRegex(info(str(folder / "bare.wavelet")).stdout, "  Kind     Wavelet\n  Size     5 bytes\n  Changed  .*\n$")
+        (folder / "odd.las").write_bytes((folder / "wells/S-1.las").read_bytes().replace(b"Demo", b"De\x1b]mo"))
+        self.assertIn("  De?]mo\n", info(str(folder / "odd.las")).stdout)
+
+        for name, text, reason in (("none.las", None, "There is no file"), ("x.bin", "x", "is of no kind that Strativo knows"),
+                                   ("broken.las", "x", "Unable to read"), ("empty", "", "is of no kind")):
+            if text is not None:
+                (self.folder / name).write_text(text)
+            result = info(str(self.folder / name), str(folder))
+            self.expect(result, 1, err=reason)
+            self.assertIn("Wells", result.stdout)
+        self.expect(info(str(self.folder)), 1, "", "is not a project")
+        self.expect(info(), 2, "", "usage: strativo info")
+        self.expect(info("--wrong", str(folder)), 2, "", "usage: strativo info")
 
     def test_demo(self):
         def demo(*words):
