@@ -110,6 +110,7 @@ void HVPythonTextEdit::connectMarks()
     connect(m_search.get(), &editor::Search::marksChanged, this, &HVPythonTextEdit::highlightLines);
     connect(m_marks.get(), &Marks::breakpointAdded, this,
             [this](int line) { Q_EMIT breakpointAdded(filename(), line); });
+    connect(m_marks.get(), &Marks::breakpointMade, this, &HVPythonTextEdit::breakpointMade);
     connect(m_marks.get(), &Marks::breakpointRemoved, this,
             [this](int line) { Q_EMIT breakpointRemoved(filename(), line); });
     connect(m_marks.get(), &Marks::breakpointChanged, this,
@@ -129,6 +130,7 @@ void HVPythonTextEdit::connectFile()
     });
     connect(m_file.get(), &ScriptFile::aboutToRename, m_marks.get(), &Marks::withdrawBreakpoints);
     connect(m_file.get(), &ScriptFile::renamed, m_marks.get(), &Marks::announceBreakpoints);
+    connect(m_file.get(), &ScriptFile::renamed, this, &HVPythonTextEdit::filenameChanged);
 }
 
 std::vector<QAction*> HVPythonTextEdit::editorActions() const

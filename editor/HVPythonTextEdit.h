@@ -100,6 +100,10 @@ Q_SIGNALS:
     void breakpointRemoved(const QString& filename, int line);
     /// The settings of a breakpoint are others, or are not the usual ones of a breakpoint that was just added.
     void breakpointChanged(const QString& filename, int line);
+    /// After breakpointAdded() of one that the user has just made; others come with their lines and scripts.
+    void breakpointMade();
+    /// filename() is another.
+    void filenameChanged();
     void sendActionToMdi(QObject* sender, QObject* target, const QString& action);
 
 protected:

@@ -122,6 +122,7 @@ void Marks::addBreakpoint(int line)
     if (!m_breakpoints.contains(line))
         m_breakpoints.set(line, {});
     Q_EMIT breakpointAdded(line);
+    Q_EMIT breakpointMade();
     m_lineNumberArea->update();
 }
 

@@ -49,7 +49,10 @@ public:
     void setLineNumberColour(const QColor& colour);
 
 Q_SIGNALS:
+    /// Also of one that came with its line to another place or with the script to another name.
     void breakpointAdded(int line);
+    /// After breakpointAdded() of one that the user has just made.
+    void breakpointMade();
     void breakpointRemoved(int line);
     /// Also after breakpointAdded() when the settings are not the usual ones.
     void breakpointChanged(int line);

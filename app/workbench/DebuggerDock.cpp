@@ -22,11 +22,11 @@ void connectBreakpoints(HVPythonTextEdit* editor, HVPythonDebugger* debugger)
 {
     // An unsaved script has no file name, but runs under one of its own.
     const auto nameOf = [editor](const QString& file) { return file.isEmpty() ? scriptName(*editor) : file; };
-    QObject::connect(editor, &HVPythonTextEdit::breakpointAdded, debugger, [=](const QString& file, int line) {
-        debugger->addBreakpoint(nameOf(file), line);
-        // Whoever sets a breakpoint wants it to stop.
-        debugger->setDebuggingEnabled(true);
-    });
+    QObject::connect(editor, &HVPythonTextEdit::breakpointAdded, debugger,
+                     [=](const QString& file, int line) { debugger->addBreakpoint(nameOf(file), line); });
+    // Whoever sets a breakpoint wants it to stop.
+    QObject::connect(editor, &HVPythonTextEdit::breakpointMade, debugger,
+                     [debugger] { debugger->setDebuggingEnabled(true); });
     QObject::connect(editor, &HVPythonTextEdit::breakpointRemoved, debugger,
                      [=](const QString& file, int line) { debugger->removeBreakpoint(nameOf(file), line); });
     // The editor keeps the settings, since it knows where the line goes.

@@ -209,13 +209,23 @@ HVPythonTextEdit* MainWindow::addEditor(const QString& path)
             [this](QObject* sender, QObject* target, const QString& action) {
                 m_dispatcher.dispatch(sender, target, action);
             });
-    QMdiSubWindow* document = addDocument(editor);
-    const auto showTitle = [editor, document] { document->setWindowTitle(tabTitle(*editor)); };
-    connect(editor, &QWidget::windowTitleChanged, document, showTitle);
-    showTitle();
+    const QMdiSubWindow* document = addDocument(editor);
+    connect(editor, &QWidget::windowTitleChanged, this, &MainWindow::showTabTitles);
+    connect(editor, &HVPythonTextEdit::filenameChanged, this, &MainWindow::showTabTitles);
+    // Once it has left, and never to a window that is going.
+    connect(document, &QObject::destroyed, this, &MainWindow::showTabTitles, Qt::QueuedConnection);
+    showTabTitles();
     editor->setFocus();
     Q_EMIT editorAdded(editor);
     return editor;
+}
+
+void MainWindow::showTabTitles()
+{
+    const QList<HVPythonTextEdit*> all = editors();
+    for (QMdiSubWindow* document : m_workspace->subWindowList())
+        if (const auto* editor = qobject_cast<HVPythonTextEdit*>(document->widget()))
+            document->setWindowTitle(tabTitle(*editor, all));
 }
 
 HVPythonTextEdit* MainWindow::newScript()

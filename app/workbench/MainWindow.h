@@ -110,6 +110,7 @@ private:
     void keepLayout() const;
     /// Of a readable file, or of a new script when the path is empty.
     HVPythonTextEdit* addEditor(const QString& path);
+    void showTabTitles();
     bool saveUnder(HVPythonTextEdit& editor, const QString& path);
 
     HVProjectService* m_projects;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 class HVPythonTextEdit;
@@ -10,8 +11,9 @@ namespace workbench {
 /// no other editor has. Breakpoints and errors are found by it.
 QString scriptName(const HVPythonTextEdit& editor);
 
-/// The editor's title, with the number of that name where the title has only fixed words.
-QString tabTitle(const HVPythonTextEdit& editor);
+/// The editor's title, with the number of that name where the title has only fixed words, and with the folder where one
+/// of `others` has a file of the same name.
+QString tabTitle(const HVPythonTextEdit& editor, const QList<HVPythonTextEdit*>& others = {});
 
 /// Whether code that runs under this name is the editor's.
 bool showsScript(const HVPythonTextEdit& editor, const QString& name);

@@ -20,7 +20,7 @@ class HVProgressPresenter final : public QObject, public HVProgressObserver
 public:
     /// Neither is owned; both outlive the presenter. The window belongs to `mainWindow` or the modal dialog in front.
     HVProgressPresenter(HVProgressBarMgr& manager, QWidget* mainWindow);
-    ~HVProgressPresenter();
+    ~HVProgressPresenter() override;
 
     /// A script begins or ceases to occupy the GUI thread. At its end, bars that were cancelled go.
     void setOccupied(bool occupied);

@@ -135,6 +135,23 @@ TEST_F(DebuggerDockTest, ConditionsFromThePanelStayWithTheirBreakpoints)
     script->document()->setModified(false);
 }
 
+TEST_F(DebuggerDockTest, OnlyNewBreakpointsEnableAgainWhatTheUserHasSwitchedOff)
+{
+    HVPythonTextEdit* script = window.openScript(path);
+    ASSERT_NE(script, nullptr);
+    script->toggleBreakpoint(3);
+    dock->debugger()->setDebuggingEnabled(false);
+    script->moveCursor(QTextCursor::Start);
+    QTest::keyClick(script, Qt::Key_Return);
+    EXPECT_EQ(script->breakpoints(), std::set<qint32>{4});
+    script->setFilename(path + QStringLiteral("w"));
+    EXPECT_TRUE(dock->debugger()->isBreakpointHit(path + QStringLiteral("w"), 4));
+    EXPECT_FALSE(dock->debugger()->debuggingEnabled()) << "it only moved";
+    script->toggleBreakpoint(1);
+    EXPECT_TRUE(dock->debugger()->debuggingEnabled());
+    script->document()->setModified(false);
+}
+
 TEST_F(DebuggerDockTest, KeysStepAndStop)
 {
     std::vector<Qt::Key> keys = {Qt::Key_F10, Qt::Key_F11};

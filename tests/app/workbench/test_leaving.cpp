@@ -7,8 +7,10 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDialogButtonBox>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -216,6 +218,36 @@ TEST_F(Leaving, newScriptsHaveDifferentTabsAndTheTitleKeepsItsWords)
     two->setFilename(path("two.py"));
     EXPECT_TRUE(two->saveToFile());
     EXPECT_EQ(tab(4), QStringLiteral("two.py"));
+}
+
+TEST_F(Leaving, scriptsOfOneNameShowTheirFoldersWhileBothAreOpen)
+{
+    const auto* tabs = window.workspace()->findChild<QTabBar*>();
+    const auto texts = [&] {
+        QStringList all;
+        for (int tab = 3; tab < tabs->count(); ++tab)
+            all << tabs->tabText(tab);
+        return all.join(QLatin1Char('|'));
+    };
+    const auto open = [&](const char* file) {
+        const QString whole = path(file);
+        QDir().mkpath(QFileInfo(whole).path());
+        EXPECT_TRUE(QFile(whole).open(QIODevice::WriteOnly));
+        return window.openScript(whole);
+    };
+    open("a/main.py");
+    HVPythonTextEdit* second = open("b/main.py");
+    EXPECT_EQ(texts(), QStringLiteral("main.py - a|main.py - b"));
+    second->insertPlainText(QStringLiteral("x"));
+    EXPECT_EQ(texts(), QStringLiteral("main.py - a|main.py - b [EDITED] "));
+    open("b/a/main.py");
+    EXPECT_TRUE(texts().endsWith(QStringLiteral("/a|main.py - b [EDITED] |main.py - b/a"))) << texts().toStdString();
+    second->setFilename(path("b/other.py"));
+    second->document()->setModified(false);
+    EXPECT_TRUE(texts().endsWith(QStringLiteral("/a|other.py|main.py - b/a"))) << texts().toStdString();
+    window.workspace()->closeActiveSubWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return texts() == QStringLiteral("main.py|other.py"); }))
+        << texts().toStdString();
 }
 
 } // namespace

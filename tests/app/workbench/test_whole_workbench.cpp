@@ -1,18 +1,13 @@
 // The workbench as the program puts it together: keys, menus, title and what is said about runs.
-#include "app/workbench/AppWrapper.h"
 #include "app/workbench/Commands.h"
 #include "app/workbench/DebuggerDock.h"
 #include "app/workbench/MainWindow.h"
-#include "app/workbench/PluginMenu.h"
 #include "app/workbench/RunIndicator.h"
-#include "app/workbench/ScriptRunner.h"
 #include "editor/HVPythonDebugger.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
 #include "host/widgets/HVProjectBrowser.h"
-#include "plugins/HVPythonPluginCollection.h"
-#include "runtime/ApplicationInterface.h"
-#include "tests/runtime/RuntimeFixture.h"
+#include "tests/app/workbench/WorkbenchFixture.h"
 
 #include <QAction>
 #include <QLineEdit>
@@ -26,36 +21,9 @@ namespace {
 
 using namespace workbench;
 
-class WholeWorkbench : public fixture::RuntimeTest
+class WholeWorkbench : public fixture::Workbench
 {
 protected:
-    WholeWorkbench()
-    {
-        python::setApplicationInterface(&application);
-        window.restoreLayout();
-        window.show();
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-    }
-    ~WholeWorkbench() override
-    {
-        window.destroyDocuments();
-        python::setApplicationInterface(&app());
-    }
-
-    void openProject()
-    {
-        ASSERT_TRUE(HVProject::create(folder.filePath(QStringLiteral("Field")), QString(), nullptr));
-        ASSERT_TRUE(window.openProject(folder.filePath(QStringLiteral("Field"))));
-    }
-    /// The status bar's text after the run.
-    QString runText(const char* code)
-    {
-        HVPythonTextEdit* script = window.newScript();
-        script->setPlainText(QString::fromUtf8(code));
-        script->execute();
-        return window.statusBar()->currentMessage();
-    }
     bool isAnyLineMarkedRed() const
     {
         const auto marks = window.activeEditor()->extraSelections();
@@ -80,14 +48,6 @@ protected:
                 contested << it.key() + QStringLiteral(": ") + it.value().join(QStringLiteral(", "));
         return contested.join(QStringLiteral("; ")).toStdString();
     }
-
-    QTemporaryDir folder;
-    MainWindow window;
-    AppWrapper application{window};
-    ScriptRunner runner{window, context()};
-    HVPythonPluginCollection plugins;
-    PluginMenu pluginMenu{window, plugins};
-    DebuggerDock* dock = new DebuggerDock(window);
 };
 
 TEST_F(WholeWorkbench, everyKeyBelongsToOneCommandInEveryState)
