@@ -15,6 +15,12 @@ namespace python {
 /// Direct ways between a C++ value and its Python object, for classes registered as `boost::python::class_<T>` (held by
 /// value). The C functions installed by ClassSlots.h use them instead of the converter registry.
 ///
+/// Such an object is one block: the interpreter's header, the attributes, the list of holders, and room in which the
+/// first holder lies with the value in it. Holders are told apart by their virtual table: that of the plain holder, and
+/// the place of the value in it, are remembered from the first one, so that the way to a value is two loads and a
+/// comparison. Every other holder (a reference into a container, one that a subclass with several bases has in front)
+/// is asked, as the binding layer does for all.
+///
 /// Objects of plain values (trivially copyable) are kept for the next one when they die, the way the interpreter keeps
 /// floats: only those of the exact class, with no attributes, no weak references and one holder in its own place. An
 /// object in the pool keeps its reference to the class and, when it held a value, the finished holder.

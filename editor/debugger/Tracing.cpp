@@ -1,3 +1,14 @@
+// How frames are traced one by one, in CPython 3.11.
+//
+// An evaluation loop of the interpreter is a C call with a _PyCFrame, whose `use_tracing` makes every instruction of
+// the loop take the slow way past the trace function. One loop runs several Python frames when calls are inlined; a
+// call that is evaluated through a hook never is, so that here a frame begins a loop of its own. evaluateWatched() sets
+// the flag of the caller's loop before, which the new loop copies, and restoreCaller() sets it again after, since the
+// loop that ends hands its own on. lookAgain() is for loops that run already: breakpoints that are set during a pause.
+//
+// Where calls are inlined past the hook all the same, `__getitem__` of a class, FrameLayout.c forbids it. Loops that
+// were entered before start(), which may run several frames, are traced when one of their frames is wanted
+// (wantsLoop()).
 #include "editor/debugger/Tracing.h"
 
 #include "editor/debugger/FrameLayout.h"

@@ -7,6 +7,15 @@ namespace python {
 
 /// A Qt widget that a script made: each event handler relays to Python, and does what Qt does when there is no override
 /// in Python. `I` is an Indirect class.
+///
+/// The way of an event: Qt calls the virtual handler below, which asks relay(). While there can be no override that is
+/// the reading of a flag, without the interpreter lock. Otherwise callOverride() enters the interpreter (QtCall), looks
+/// the handler up in the object and its classes and calls it with the event as a Python object. What super() finds
+/// there leads over handleByDefault() to Indirect::defaultHandler(), which calls the handler of the Qt class by its
+/// full name: a virtual call would come out here again.
+///
+/// The other half are the odd moments. Handlers may hide, show, close or move the widget while Qt is doing just that;
+/// event() and setVisible() put right afterwards what Qt does not expect, see WidgetPeer.
 template <typename I>
 class Wrapper final : public I, public WidgetPeer
 {

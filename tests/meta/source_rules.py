@@ -225,6 +225,22 @@ def waiting_for_the_gui_thread(root):
             if "BlockingQueuedConnection" in code(root, path)]
 
 
+QUOTE = re.compile(r"<!-- (\S+) -->\n```\w*\n(.*?)```", re.DOTALL)
+
+
+def wrong_quotes(root):
+    """What the texts of the tree quote from a file, whose path stands above it in a comment, stands there."""
+    faults = []
+    for text in sorted(root.glob("*.md")):
+        for path, quoted in QUOTE.findall(text.read_text(encoding="utf-8")):
+            source = root / path
+            if not source.is_file():
+                faults.append(f"{text.name} quotes {path}, which is not there")
+            elif quoted not in source.read_text(encoding="utf-8"):
+                faults.append(f"{text.name} quotes {path} with what is not in it: {quoted.splitlines()[0]}")
+    return faults
+
+
 def widget_headers():
     """Of the installed Qt."""
     names = {path.name for folder in pathlib.Path("/usr/include").glob("*/qt5/QtWidgets") for path in folder.iterdir()}

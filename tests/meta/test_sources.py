@@ -130,6 +130,14 @@ def unformatted(root):
     complaints = "".join(process.communicate()[1] for process in running)
     return sorted({line.split(":")[0] for line in complaints.splitlines() if "-Wclang-format-violations" in line})
 
+    def test_quotes(self):
+        self.write("host/a.h", "int one;", "int two;")
+        self.write("TEXT.md", "<!-- host/a.h -->", "```cpp", "int two;", "```")
+        self.assertEqual(rules.wrong_quotes(self.root), [])
+        self.write("TEXT.md", "<!-- host/a.h -->", "```cpp", "int three;", "```", "", "<!-- host/b.h -->", "```", "x", "```")
+        self.assertEqual(rules.wrong_quotes(self.root), ["TEXT.md quotes host/a.h with what is not in it: int three;",
+                                                         "TEXT.md quotes host/b.h, which is not there"])
+
 
 class Tree(unittest.TestCase):
     def expect_none(self, faults):
@@ -149,6 +157,10 @@ class Tree(unittest.TestCase):
 
     def test_data_without_windows(self):
         self.expect_none(rules.windows_in_data(TREE, rules.widget_headers()))
+
+    def test_quotes_of_the_documentation(self):
+        self.assertGreaterEqual(len(rules.QUOTE.findall((TREE / "ARCHITECTURE.md").read_text(encoding="utf-8"))), 4)
+        self.expect_none(rules.wrong_quotes(TREE))
 
     def test_lock_by_guards(self):
         self.expect_none(rules.lock_by_hand(TREE))
