@@ -18,6 +18,13 @@ namespace program {
 namespace {
 constexpr char g_invisible[] = "offscreen";
 bool g_isInvisibleWanted = false; // NOLINT: known before there is an application object
+
+/// Where the program lies; Qt knows only once there is an application object.
+QString programFolder()
+{
+    return QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
+}
+
 } // namespace
 
 void coerceLocale()
@@ -69,13 +76,13 @@ void setUp()
     QCoreApplication::setApplicationVersion(QStringLiteral(STRATIVO_VERSION));
     QCoreApplication::setOrganizationName(QStringLiteral("Strativo"));
     hv::keepSettingsInUserData();
-    python::utils::setApplicationDirPath(QCoreApplication::applicationDirPath());
+    python::utils::setApplicationDirPath(programFolder());
     python::installScripting();
 }
 
 QString missingPythonTree()
 {
-    const QString tree = QCoreApplication::applicationDirPath() + QStringLiteral("/python");
+    const QString tree = python::utils::applicationDirPath() + QStringLiteral("/python");
     for (const char* part : {"/python36.zip", "/python3", "/site-packages"})
         if (!QFileInfo::exists(tree + QLatin1String(part)))
             return QStringLiteral("the Python tree is incomplete, %1%2 is missing; install Strativo again")

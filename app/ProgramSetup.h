@@ -20,10 +20,11 @@ void choosePlatform();
 bool hasDisplay();
 
 /// Names the application, keeps its settings in the user-data folder, tells the scripting layer where it lies and what
-/// it consists of. After the application object.
+/// it consists of. Where there is an application object from the start, after that, since it sets the
+/// locale.
 void setUp();
 
-/// One sentence naming what is missing of the Python tree beside the program; empty when it is there.
+/// One sentence naming what is missing of the Python tree beside the program; empty when it is there. After setUp().
 QString missingPythonTree();
 
 } // namespace program

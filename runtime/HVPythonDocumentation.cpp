@@ -4,9 +4,9 @@
 #include "host/services/IAppWrapper.h"
 #include "runtime/ApplicationInterface.h"
 #include "runtime/DefaultBrowser.h"
+#include "runtime/PythonPaths.h"
 #include "runtime/UserWindows.h"
 
-#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
@@ -24,7 +24,7 @@ QString pagePath(const char* page)
 
 QString besideProgram(const QString& relativePath)
 {
-    return QDir::toNativeSeparators(QCoreApplication::applicationDirPath() + QDir::separator() + relativePath);
+    return QDir::toNativeSeparators(python::utils::applicationDirPath() + QDir::separator() + relativePath);
 }
 
 void reportFailure(const QString& reason, const QString& detail)

@@ -8,6 +8,7 @@
 #include "runtime/Errors.h"
 #include "runtime/ForkedChild.h"
 #include "runtime/GilLock.h"
+#include "runtime/GuiThread.h"
 #include "runtime/Interpreter.h"
 #include "runtime/PythonPaths.h"
 #include "runtime/Ref.h"
@@ -27,6 +28,7 @@ using python::RunEnd;
 HVPythonExecutionContext::HVPythonExecutionContext(IAppWrapper* app)
 {
     python::setApplicationInterface(app);
+    python::setGuiThread();
     const std::wstring path = python::utils::ConstructPythonPath();
     HVEventBus::instance().sendMessage(MessageLevel::Success,
                                        QStringLiteral("Python Path: %1").arg(QString::fromStdWString(path)));

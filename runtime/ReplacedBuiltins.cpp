@@ -47,6 +47,7 @@ bp::object help(const bp::object& object)
     const GilLock lock;
     if (object.is_none()) {
         requireGuiThread();
+        requireWindows();
         HVPythonDocumentation::openIndex();
         return {};
     }

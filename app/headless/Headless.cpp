@@ -6,7 +6,6 @@
 #include "app/headless/TerminalApp.h"
 #include "app/headless/TerminalJobs.h"
 #include "app/headless/TerminalProgress.h"
-#include "app/workbench/MainWindow.h"
 #include "host/data/HVProjectService.h"
 #include "plugins/HVPythonPluginCollection.h"
 #include "runtime/GilLock.h"
@@ -16,7 +15,6 @@
 #include "runtime/ScriptCoding.h"
 #include "runtime/TextSetting.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -137,21 +135,19 @@ int run(int argc, char** argv)
 
     if (!line.verbose)
         hideQtWarnings();
-    // Qt must not take words that belong to the script.
-    int ownArguments = 1;
-    QApplication application(ownArguments, argv);
     program::setUp();
     if (const QString missing = program::missingPythonTree(); !missing.isEmpty())
         return refuse(missing);
 
     TerminalProgress progress(STDERR_FILENO);
     const StandardStreams streams(line.verbose, &progress);
-    workbench::MainWindow window;
-    const TerminalJobs jobs(*window.jobs(), progress);
-    if (!line.project.isEmpty())
-        if (const QString error = openProject(*window.projects(), line.project); !error.isEmpty())
+    TerminalApp app(argv);
+    const TerminalJobs jobs(*app.services()->jobs(), progress);
+    if (!line.project.isEmpty()) {
+        app.provideWindows(); // it watches its files
+        if (const QString error = openProject(app.services()->projects(), line.project); !error.isEmpty())
             return refuse(error);
-    TerminalApp app(window);
+    }
     progress.watch(app.progress());
     // Outlives the interpreter: threads that it waits for import from the script's folder, too.
     std::optional<python::ScriptArguments> presented;
@@ -168,7 +164,7 @@ int run(int argc, char** argv)
         return refuse(error);
     // After those that were asked for: of two plug-ins with one name the automatic one steps back.
     if (line.autoLoad)
-        plugins.followProjects(*window.projects());
+        plugins.followProjects(app.services()->projects());
     return runScript(context, script, line.arguments, presented);
 }
 

@@ -3,12 +3,10 @@
 #include "app/ProgramSetup.h"
 #include "app/headless/StandardStreams.h"
 #include "app/headless/TerminalApp.h"
-#include "app/workbench/MainWindow.h"
 #include "plugins/HVPythonPlugin.h"
 #include "plugins/UnloadFailurePrompt.h"
 #include "runtime/HVPythonExecutionContext.h"
 
-#include <QApplication>
 #include <QDir>
 
 #include <algorithm>
@@ -103,15 +101,12 @@ int runPluginCommand(int argc, char** argv)
     program::choosePlatform();
     const QString directory = QString::fromLocal8Bit(argv[3]);
     hideQtWarnings();
-    int ownArguments = 1;
-    QApplication application(ownArguments, argv);
     program::setUp();
     if (const QString missing = program::missingPythonTree(); !missing.isEmpty())
         return refuse(missing);
 
     const StandardStreams streams(false);
-    workbench::MainWindow window;
-    TerminalApp app(window);
+    TerminalApp app(argv);
     const HVPythonExecutionContext context(&app);
     return check(directory);
 }

@@ -14,7 +14,6 @@
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
 #include "host/icons/HVIconStore.h"
-#include "host/jobs/JobManager.h"
 #include "host/services/HVEventBus.h"
 #include "host/widgets/HVMessageWindow.h"
 #include "host/widgets/HVPluginContributions.h"
@@ -46,12 +45,14 @@ constexpr QSize g_preferredSize(1280, 860);
 
 } // namespace
 
-MainWindow::MainWindow()
-    : m_projects(new HVProjectService(this)), m_jobs(std::make_unique<hv::JobManager>()),
-      m_scripts(std::make_unique<ScriptFiles>(*m_projects)), m_workspace(new QMdiArea), m_messages(new HVMessageWindow),
-      m_messageDock(new QDockWidget(tr("Messages"))), m_projectDock(new QDockWidget(tr("Project"))),
-      m_undo(new HVUndoStack(this)), m_changesDock(new QDockWidget(tr("Changes"))),
-      m_jobsDock(new JobsDock(*m_jobs, this)), m_toolBar(new QToolBar(tr("Main Tool Bar")))
+MainWindow::MainWindow() : MainWindow(std::make_shared<Services>()) {}
+
+MainWindow::MainWindow(std::shared_ptr<Services> services)
+    : m_services(std::move(services)), m_scripts(std::make_unique<ScriptFiles>(*projects())), m_workspace(new QMdiArea),
+      m_messages(new HVMessageWindow), m_messageDock(new QDockWidget(tr("Messages"))),
+      m_projectDock(new QDockWidget(tr("Project"))), m_undo(new HVUndoStack(this)),
+      m_changesDock(new QDockWidget(tr("Changes"))), m_jobsDock(new JobsDock(*jobs(), this)),
+      m_toolBar(new QToolBar(tr("Main Tool Bar")))
 {
     m_commands = new Commands(this);
     m_title = std::make_unique<WindowTitle>(*this);
@@ -88,13 +89,6 @@ MainWindow::MainWindow()
     m_jobsDock->hide();
     connect(m_jobsDock, &JobsDock::buttonMade, this,
             [this](QToolButton* button) { statusBar()->addPermanentWidget(button); });
-    // A job ends with the objects that it needs.
-    connect(m_projects, &HVProjectService::projectAboutToClose, m_jobs.get(), [this] { m_jobs->cancelDependents(); });
-    connect(m_projects, &HVProjectService::projectChanged, m_jobs.get(), [this](HVProject* project) {
-        if (project)
-            connect(&project->store(), &hv::ObjectStore::removed, m_jobs.get(),
-                    [this](const hv::ObjectKey& key) { m_jobs->cancelDependents(key); });
-    });
 
     m_toolBar->setObjectName(hv::ownPartName("mainToolBar"));
     m_toolBar->setIconSize({20, 20});
@@ -113,11 +107,8 @@ MainWindow::MainWindow()
 
 MainWindow::~MainWindow()
 {
-    // Nothing may work on what is going.
     delete m_jobsDock;
-    m_jobs.reset();
-    // While everything that looks at the project is whole.
-    m_projects->close();
+    m_services->end();
     // Signals of dying documents must not reach a half-destroyed window.
     m_workspace->disconnect();
 }
@@ -125,10 +116,10 @@ MainWindow::~MainWindow()
 void MainWindow::fillProjectDock()
 {
     m_browser = new HVProjectBrowser;
-    m_browser->setJobs(m_jobs.get());
-    m_browser->setProject(m_projects->project());
+    m_browser->setJobs(jobs());
+    m_browser->setProject(projects()->project());
     m_projectDock->setWidget(m_browser);
-    connect(m_projects, &HVProjectService::projectChanged, m_browser, &HVProjectBrowser::setProject);
+    connect(projects(), &HVProjectService::projectChanged, m_browser, &HVProjectBrowser::setProject);
     connect(m_browser, &HVProjectBrowser::newProjectRequested, this, &MainWindow::newProjectRequested);
     connect(m_browser, &HVProjectBrowser::openProjectRequested, this, &MainWindow::openProjectRequested);
     connect(m_browser, &HVProjectBrowser::objectActivated, this, [this](ObjectKind kind, const QString& path) {
@@ -140,15 +131,15 @@ void MainWindow::fillProjectDock()
 void MainWindow::fillChangesDock()
 {
     m_changesDock->setWidget(new HVUndoList(*m_undo));
-    m_undo->setProject(m_projects->project());
-    connect(m_projects, &HVProjectService::projectChanged, m_undo, &HVUndoStack::setProject);
+    m_undo->setProject(projects()->project());
+    connect(projects(), &HVProjectService::projectChanged, m_undo, &HVUndoStack::setProject);
 }
 
 bool MainWindow::openProject(const QString& path)
 {
     QString error;
-    if (m_projects->open(path, &error)) {
-        HVProjectService::addRecentProject(m_projects->project()->path());
+    if (projects()->open(path, &error)) {
+        HVProjectService::addRecentProject(projects()->project()->path());
         return true;
     }
     HVEventBus::instance().sendMessage(MessageLevel::Error, error, true);

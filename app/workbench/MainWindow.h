@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/workbench/Services.h"
 #include "host/services/HVActionDispatcher.h"
 
 #include <QMainWindow>
@@ -8,16 +9,11 @@
 
 class HVMessageWindow;
 class HVProjectBrowser;
-class HVProjectService;
 class HVPythonTextEdit;
 class HVUndoStack;
 class QMdiArea;
 class QMdiSubWindow;
 class QToolBar;
-
-namespace hv {
-class JobManager;
-}
 
 namespace workbench {
 
@@ -28,21 +24,23 @@ class ScriptFiles;
 class WindowTitle;
 
 /// The application's main window: a tabbed document area, the message window in a dock, menus, tool bar and status
-/// bar. Cheap to make, since programs without a screen make one as well; what only a person sees comes with
-/// restoreLayout(). GUI thread only.
+/// bar. What only a person sees comes with restoreLayout(). GUI thread only.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
     MainWindow();
+    /// Over services that are there already; they end with the window all the same.
+    explicit MainWindow(std::shared_ptr<Services> services);
     ~MainWindow() override;
 
     QMdiArea* workspace() const { return m_workspace; }
+    const std::shared_ptr<Services>& services() const { return m_services; }
     /// The open project and its owner.
-    HVProjectService* projects() const { return m_projects; }
+    HVProjectService* projects() const { return &m_services->projects(); }
     /// The long work of the application.
-    hv::JobManager* jobs() const { return m_jobs.get(); }
+    hv::JobManager* jobs() const { return m_services->jobs(); }
     const ScriptFiles& scriptFiles() const { return *m_scripts; }
     HVMessageWindow* messageWindow() const { return m_messages; }
     QDockWidget* messageDock() const { return m_messageDock; }
@@ -113,8 +111,7 @@ private:
     void showTabTitles();
     bool saveUnder(HVPythonTextEdit& editor, const QString& path);
 
-    HVProjectService* m_projects;
-    std::unique_ptr<hv::JobManager> m_jobs;
+    const std::shared_ptr<Services> m_services;
     std::unique_ptr<ScriptFiles> m_scripts;
     QMdiArea* m_workspace;
     HVMessageWindow* m_messages;

@@ -39,8 +39,13 @@ class IAppWrapper
 public:
     virtual ~IAppWrapper() = default;
 
-    /// First operation: the main window, null when there is none.
+    /// First operation: the main window, null when there is none. GUI thread only: it may be made now.
     virtual QMainWindow* mainWindow() const = 0;
+    /// Whether mainWindow() gives one. Any thread.
+    virtual bool hasMainWindow() const { return mainWindow() != nullptr; }
+    /// A window, font or icon is about to be made; whoever has made nothing that they need yet does so. GUI thread
+    /// only.
+    virtual void provideWindows() {}
     virtual HVMessageWindow* messageWindow() const = 0;
     virtual IProgressService* progressService() const = 0;
     virtual IRunObserver* runObserver() const = 0;

@@ -48,12 +48,13 @@ bp::object mainWindow()
 bool hasProject()
 {
     const IAppWrapper* app = applicationInterface();
-    return app && app->mainWindow() && app->currentProject();
+    return app && app->hasMainWindow() && app->currentProject();
 }
 
 bp::object getProject()
 {
-    return applicationWindow() && hasProject() ? projectObject(applicationInterface()->currentProject()) : bp::object();
+    requireGuiThread();
+    return hasProject() ? projectObject(applicationInterface()->currentProject()) : bp::object();
 }
 
 void updateProject(const bp::object& objectType)

@@ -4,10 +4,9 @@
 #include "host/kinds/IObjectKind.h"
 #include "host/services/IAppWrapper.h"
 #include "runtime/ApplicationInterface.h"
+#include "runtime/GuiThread.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
-#include <QThread>
 
 namespace python {
 
@@ -43,7 +42,7 @@ hv::ObjectValue heldValue(ObjectKind kind, const QString& filename)
 HVProject* openProject()
 {
     const IAppWrapper* app = applicationInterface();
-    return app && QThread::currentThread() == qApp->thread() ? app->currentProject() : nullptr;
+    return app && isGuiThread() ? app->currentProject() : nullptr;
 }
 
 hv::Result<hv::ObjectValue> readValue(ObjectKind kind, const QString& filename)

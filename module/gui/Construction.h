@@ -55,6 +55,7 @@ void bindConstructor(const char* documentation)
     const initproc construct = [](PyObject* self, PyObject* positional, PyObject* keywords) {
         return guarded<>(-1, [&] {
             requireGuiThread();
+            requireWindows();
             if (handleOrNull(self))
                 raise(PyExc_RuntimeError, "%s.__init__() has already been called", PublicClass::s_className);
             constexpr const char* taken = Maker<Py>::taken;

@@ -116,9 +116,9 @@ void reject(const Handle<QDialog>& handle)
 /// A dialog without a parent still belongs in front of the application's window.
 void placeOverApplication(QDialog& dialog)
 {
-    const IAppWrapper* app = applicationInterface();
+    const IAppWrapper* app = dialog.parentWidget() ? nullptr : applicationInterface();
     const QMainWindow* window = app ? app->mainWindow() : nullptr;
-    if (dialog.parentWidget() || !window || !window->isVisible() || !window->windowHandle())
+    if (!window || !window->isVisible() || !window->windowHandle())
         return;
     dialog.winId();                                  // makes its window
     dialog.setAttribute(Qt::WA_NativeWindow, false); // which it need not keep when it becomes a part of something

@@ -1,6 +1,7 @@
 #include "module/Bindings.h"
 #include "module/CheckedSetter.h"
 #include "runtime/Errors.h"
+#include "runtime/GuiThread.h"
 #include "runtime/TextConversion.h"
 
 #include <boost/python.hpp>
@@ -50,6 +51,7 @@ bp::object family(const QFont& self)
 
 QFont* makeFont(const QString& family, const bp::object& pointSize, bool bold, bool italic, bool underline)
 {
+    requireWindows();
     QFont font;
     if (!family.isEmpty())
         font.setFamily(family);
@@ -83,6 +85,7 @@ struct FontState : bp::pickle_suite
     }
     static void setstate(const bp::object& self, const bp::tuple& state)
     {
+        requireWindows();
         QFont font;
         if (!font.fromString(textFromState(state[0])))
             raise(PyExc_ValueError, "Font.__setstate__(), expected a description of a font");

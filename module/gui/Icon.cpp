@@ -4,6 +4,7 @@
 #include "module/gui/IconHandle.h"
 #include "plugins/PluginContext.h"
 #include "runtime/Errors.h"
+#include "runtime/GuiThread.h"
 
 #include <boost/python.hpp>
 
@@ -21,6 +22,7 @@ constexpr const char* g_notText = "Icon, expected 'str' but got '%s' instead";
 /// Each message holds one "%s" for the file. A folder counts as a file that cannot be read.
 std::shared_ptr<IconHandle> iconFromFile(const QString& file, const char* missing, const char* unreadable)
 {
+    requireWindows();
     const QFileInfo info(file);
     if (!info.exists())
         raise(PyExc_FileNotFoundError, missing, file.toUtf8().constData());
@@ -48,6 +50,7 @@ bp::object pluginIcon(const bp::object& path)
 std::shared_ptr<IconHandle> builtinIcon(const bp::object& name)
 {
     const QString wanted = requireStr(name, g_notText);
+    requireWindows();
     const QIcon icon = HVIconStore::icon(wanted);
     if (icon.isNull())
         raise(PyExc_RuntimeError, "Icon.getBuiltinIcon(), requested icon '%s' not found", wanted.toUtf8().constData());
@@ -56,6 +59,7 @@ std::shared_ptr<IconHandle> builtinIcon(const bp::object& name)
 
 bp::object kindIcon(const QString& name)
 {
+    requireWindows();
     return bp::object(std::make_shared<IconHandle>(IconHandle{HVIconStore::icon(name)}));
 }
 

@@ -57,6 +57,7 @@ void bindLayoutConstructor(const char* documentation)
     const initproc construct = [](PyObject* self, PyObject* positional, PyObject* keywords) {
         return guarded<>(-1, [&] {
             requireGuiThread();
+            requireWindows();
             PyTypeObject* type = classOf<Handle<Q>>();
             if (handleOrNull(self))
                 raise(PyExc_RuntimeError, "%s.__init__() has already been called", type->tp_name);
