@@ -18,6 +18,7 @@
 #include "runtime/ScriptCompiler.h"
 #include "runtime/SpawnByDefault.h"
 #include "runtime/StreamCaptureBinding.h"
+#include "runtime/TextConversion.h"
 #include "runtime/TextSetting.h"
 
 #include <QFileInfo>
@@ -103,12 +104,32 @@ bool HVPythonExecutionContext::executePythonCode(const QString& code, python::Co
         m_lastExitStatus = 1;
         return false;
     }
+    return run(editor, fileName,
+               [&] { return python::Ref::steal(PyEval_EvalCode(program.get(), m_namespace, m_namespace)); });
+}
 
+bool HVPythonExecutionContext::executePythonModule(const QString& name) const
+{
+    const hv::ChangeScope step(python::projectChanges(), name);
+    const GilLock lock;
+    return run(nullptr, name, [&name] {
+        // What the interpreter's own option calls; it finds the module, also a package's, and tells what is wrong.
+        const python::Ref runpy = python::Ref::steal(PyImport_ImportModule("runpy"));
+        return runpy ? python::Ref::steal(PyObject_CallMethod(runpy.get(), "_run_module_as_main", "O",
+                                                              python::unicodeText(name).ptr()))
+                     : python::Ref();
+    });
+}
+
+bool HVPythonExecutionContext::run(python::CodeEditor* editor, const QString& name,
+                                   const std::function<python::Ref()>& execute) const
+{
+    m_lastRunEnd = RunEnd::NotRun;
+    m_lastExitStatus = 0;
     IAppWrapper* app = python::applicationInterface();
-    const python::RunMonitor monitor(app ? app->runObserver() : nullptr, fileName);
+    const python::RunMonitor monitor(app ? app->runObserver() : nullptr, name);
     PyGC_Collect();
-    python::Ref result = python::Ref::steal(PyEval_EvalCode(program.get(), m_namespace, m_namespace));
-    program.reset();
+    python::Ref result = execute();
     if (python::ForkedChild::isHere())
         python::ForkedChild::leave();
     if (!result) {

@@ -1,17 +1,20 @@
 #pragma once
 
 #include "runtime/HVPythonStreamCapture.h"
+#include "runtime/Ref.h"
 
 #include <boost/python/detail/wrap_python.hpp>
 
 #include <QString>
+
+#include <functional>
 
 class IAppWrapper;
 
 namespace python {
 class CodeEditor;
 
-/// How the last run ended; executePythonCode() tells only whether it reached its end.
+/// How the last run ended; the functions that run something tell only whether it reached its end.
 enum class RunEnd
 {
     Finished,
@@ -49,13 +52,19 @@ public:
     /// leave this function. `fileName` is the name under which the code is compiled.
     bool executePythonCode(const QString& code, python::CodeEditor* editor, const QString& fileName) const;
 
-    /// How the last executePythonCode() ended.
+    /// Runs a module that the interpreter finds by its name, as `python -m` does: a package's `__main__`, with the
+    /// module's file as sys.argv[0]. Otherwise as executePythonCode().
+    bool executePythonModule(const QString& name) const;
+
+    /// How the last run ended.
     python::RunEnd lastRunEnd() const { return m_lastRunEnd; }
 
     /// The status that a process of its own would have ended the last run with: 0, 1, or what sys.exit() was given.
     int lastExitStatus() const { return m_lastExitStatus; }
 
 private:
+    /// `execute` gives the result, or nothing with an exception pending. With the lock.
+    bool run(python::CodeEditor* editor, const QString& name, const std::function<python::Ref()>& execute) const;
     void removeDangerousFunctions();
     void installStreamsAndBuiltins();
 

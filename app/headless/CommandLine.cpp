@@ -32,10 +32,12 @@ CommandLine parseCommandLine(const QStringList& words)
                 line.project = words[next++];
             else
                 line.plugins << words[next++];
-        } else if (word == QLatin1String("-c")) {
+        } else if (word == QLatin1String("-c") || word == QLatin1String("-m")) {
+            const bool isCode = word == QLatin1String("-c");
             if (!hasValue)
-                return fail(QStringLiteral("-c needs the code to run"));
-            line.source = CommandLine::Source::Code;
+                return fail(isCode ? QStringLiteral("-c needs the code to run")
+                                   : QStringLiteral("-m needs the name of a module"));
+            line.source = isCode ? CommandLine::Source::Code : CommandLine::Source::Module;
             line.script = words[next++];
             line.arguments = words.mid(next);
             return line;
@@ -59,11 +61,14 @@ QString usage()
     return QStringLiteral(
         "usage: strativo run [--project DIR] [--plugin DIR]... [options] SCRIPT [ARGS...]\n"
         "       strativo run [options] -c CODE [ARGS...]\n"
+        "       strativo run [options] -m MODULE [ARGS...]\n"
         "\n"
         "Runs a Python script with the application's scripting module and without a window.\n"
         "\n"
         "  SCRIPT         a Python file, or - to read the script from standard input\n"
         "  -c CODE        run CODE\n"
+        "  -m MODULE      run a module, or a package's __main__, found as for an import; the current folder is\n"
+        "                 searched first\n"
         "  --project DIR  open the project in DIR first; made when the folder is missing or empty\n"
         "  --plugin DIR   load the plug-in in DIR first; may be given several times\n"
         "  --no-autoload  opening the project loads no plug-ins\n"

@@ -13,10 +13,11 @@ struct CommandLine
         File,
         StandardInput,
         Code,
+        Module,
     };
 
     Source source = Source::File;
-    /// The script's path, or the code itself.
+    /// The script's path, the code itself, or the module's name.
     QString script;
     /// Handed to the script as sys.argv[1:].
     QStringList arguments;

@@ -53,6 +53,9 @@ QString readScript(const CommandLine& line, Script& script)
         script = {input.readAll(), QStringLiteral("<stdin>"), QStringLiteral("-"), current, QString()};
         return {};
     }
+    case CommandLine::Source::Module:
+        script = {{}, line.script, QStringLiteral("-m"), QDir::currentPath(), QString()};
+        return {};
     case CommandLine::Source::File:
         break;
     }
@@ -94,20 +97,28 @@ QString openProject(HVProjectService& projects, const QString& folder)
     return opened ? QString() : error;
 }
 
-int runScript(const HVPythonExecutionContext& context, const Script& script, const QStringList& arguments,
+/// False after a message when the bytes are no text.
+bool decode(const Script& script, QString& code)
+{
+    QString error;
+    if (python::decodeScript(script.source, code, error))
+        return true;
+    std::fprintf(stderr, "strativo: %s is not text: %s; save it as UTF-8 or name its encoding in a coding comment\n",
+                 script.name.toLocal8Bit().constData(), error.toLocal8Bit().constData());
+    return false;
+}
+
+int runScript(const HVPythonExecutionContext& context, const CommandLine& line, const Script& script,
               std::optional<python::ScriptArguments>& presented)
 {
     QString code;
-    QString error;
-    if (!python::decodeScript(script.source, code, error)) {
-        std::fprintf(stderr,
-                     "strativo: %s is not text: %s; save it as UTF-8 or name its encoding in a coding comment\n",
-                     script.name.toLocal8Bit().constData(), error.toLocal8Bit().constData());
+    if (!decode(script, code))
         return g_statusFailed;
-    }
-    presented.emplace(QStringList(script.argument) + arguments, script.directory, script.file);
-    // An empty program is a program; to the context no code at all means "nothing to run".
-    context.executePythonCode(code.isEmpty() ? QStringLiteral("\n") : code, nullptr, script.name);
+    presented.emplace(QStringList(script.argument) + line.arguments, script.directory, script.file);
+    if (line.source == CommandLine::Source::Module)
+        context.executePythonModule(script.name);
+    else // An empty program is a program; to the context no code at all means "nothing to run".
+        context.executePythonCode(code.isEmpty() ? QStringLiteral("\n") : code, nullptr, script.name);
     return context.lastExitStatus();
 }
 
@@ -165,7 +176,7 @@ int run(int argc, char** argv)
     // After those that were asked for: of two plug-ins with one name the automatic one steps back.
     if (line.autoLoad)
         plugins.followProjects(app.services()->projects());
-    return runScript(context, script, line.arguments, presented);
+    return runScript(context, line, script, presented);
 }
 
 } // namespace headless

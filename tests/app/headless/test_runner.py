@@ -27,6 +27,7 @@ class CommandLine(RunnerCase):
             ([], "no script given"),
             (["--no-such", "x.py"], "unknown option --no-such"),
             (["-c"], "-c needs"),
+            (["-m"], "-m needs"),
             ([str(self.folder / "absent.py")], "no such file"),
             ([str(self.folder)], "it is a directory"),
         ):
