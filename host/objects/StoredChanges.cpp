@@ -42,9 +42,17 @@ StoredPresence::StoredPresence(ObjectStore& store, ObjectKey key, QString suffix
     : m_store(store), m_key(std::move(key)), m_suffix(std::move(suffix))
 {}
 
+StoredPresence::~StoredPresence()
+{
+    if (!m_isAway && !m_kept.isEmpty())
+        Trash::removeNote(m_kept);
+}
+
 Result<void> StoredPresence::putAway()
 {
-    const QString path = m_store.pathOf(m_key, m_suffix);
+    // Its place of the last time, unless somebody has emptied the trash.
+    if (!m_kept.isEmpty() && moveAway(m_kept))
+        return {};
     const Result<QString> place = m_store.m_trash.place(m_key.name + QLatin1Char('.') + m_suffix);
     if (!place)
         return place.failure();
@@ -52,12 +60,25 @@ Result<void> StoredPresence::putAway()
     if (const auto object = m_store.held(m_key))
         value = object->fileValue();
     if (auto moved = moveFile(path, *place); !moved)
+    if (auto moved = moveAway(*place); !moved)
+        return moved;
+    Trash::writeNote(*place, m_key);
+    return {};
+}
+
+Result<void> StoredPresence::moveAway(const QString& place)
+{
+    const QString path = m_store.pathOf(m_key, m_suffix);
+    ObjectValue value;
+    if (const auto object = m_store.held(m_key); object && !object->m_isModified)
+        value = object->m_value;
+    if (auto moved = moveFile(path, place); !moved)
         return Failure(QObject::tr("Unable to move '%1' to the trash: %2.")
                            .arg(QDir::toNativeSeparators(path), moved.failure().sentence));
-    m_kept = *place;
+    m_isAway = true;
+    m_kept = place;
     m_keptValue = value;
     m_keptStamp = FileStamp::of(m_kept);
-    Trash::writeNote(m_kept, m_key);
     m_store.lookAtFile(m_key, m_suffix);
     return {};
 }
@@ -69,7 +90,7 @@ Result<void> StoredPresence::bringBack()
     const QString path = m_store.pathOf(m_key, m_suffix);
     if (auto moved = moveFile(m_kept, path); !moved)
         return Failure(QObject::tr("%1 cannot be brought back: %2.").arg(shown(m_key), moved.failure().sentence));
-    Trash::removeNote(m_kept);
+    m_isAway = false;
     m_store.lookAtFile(m_key, m_suffix);
     if (const auto object = m_store.held(m_key); object && object->m_stamp == m_keptStamp && !object->m_value.get())
         object->m_value = m_keptValue;

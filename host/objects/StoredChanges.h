@@ -37,19 +37,26 @@ class StoredPresence final : public Change
 public:
     /// Of an object that is there.
     StoredPresence(ObjectStore& store, ObjectKey key, QString suffix);
+    ~StoredPresence() override;
+    StoredPresence(const StoredPresence&) = delete;
+    StoredPresence& operator=(const StoredPresence&) = delete;
     Result<void> undo() override { return m_isRemoval ? bringBack() : putAway(); }
     Result<void> redo() override { return m_isRemoval ? putAway() : bringBack(); }
     void turnAround() { m_isRemoval = !m_isRemoval; }
 
 private:
     Result<void> putAway();
+    Result<void> moveAway(const QString& place);
     Result<void> bringBack();
 
     ObjectStore& m_store;
     ObjectKey m_key;
     QString m_suffix;
     bool m_isRemoval = false;
-    QString m_kept; // in the trash while it is away
+    bool m_isAway = false;
+    /// Where it lies in the trash while it is away. The place and the note there stay its own as long as this lives: a
+    /// file system takes seconds to give out thousands of files anew that were removed just before.
+    QString m_kept;
     FileStamp m_keptStamp;
     KeptValue m_keptValue;
 };

@@ -290,6 +290,30 @@ TEST_F(Undo, theTrashIsEmptiedOfWhatNobodyReachesAnyMore)
     project.reset();
 }
 
+TEST_F(Undo, whatIsRemovedAgainLiesWhereItLayBefore)
+{
+    save("a", 1);
+    stack.clear();
+    EXPECT_TRUE(project->store().remove(bar("a")));
+    const QDir today(project->path() + "/.trash/" + QDate::currentDate().toString(Qt::ISODate));
+    const auto files = [&] { return QDir(today.path()).entryList(QDir::Files); };
+    const QStringList first = files();
+    ASSERT_EQ(first.size(), 2);
+    stack.undo();
+    EXPECT_EQ(files(), QStringList(first[1])) << "a new note for each of thousands of objects takes seconds";
+    stack.redo();
+    EXPECT_EQ(files(), first);
+    stack.undo();
+    stack.clear();
+    EXPECT_EQ(files(), QStringList()) << "the note of an object that is there";
+    EXPECT_TRUE(project->store().remove(bar("a")));
+    stack.undo();
+    ASSERT_TRUE(QDir(today.path()).removeRecursively());
+    stack.redo();
+    EXPECT_FALSE(project->store().contains(bar("a"))) << "somebody has emptied the trash";
+    EXPECT_EQ(files().size(), 2);
+}
+
 TEST_F(Undo, theListShowsAllStepsAndGoesToTheOneThatIsClicked)
 {
     HVUndoList list(stack);
