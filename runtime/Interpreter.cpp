@@ -1,5 +1,6 @@
 #include "runtime/Interpreter.h"
 
+#include "runtime/ArchiveDirectory.h"
 #include "runtime/Errors.h"
 #include "runtime/PythonPaths.h"
 
@@ -93,8 +94,11 @@ void startInterpreter(const std::wstring& searchPath)
          {&config.home, &config.prefix, &config.base_prefix, &config.exec_prefix, &config.base_exec_prefix})
         setString(config, prefix, home);
 
+    config._init_main = 0;
     check(Py_InitializeFromConfig(&config));
     PyConfig_Clear(&config);
+    presentArchive(home + L"/python36.zip");
+    check(_Py_InitializeMain());
     nameFrozenModules(home);
     bp::import("_shipped_library");
 }

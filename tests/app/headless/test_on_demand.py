@@ -53,6 +53,13 @@ class OnDemand(RunnerCase):
                 "print(len(project.objects(sp.ObjectId.Well)), sp.hasProject(), bool(sp.mainWindow()))")
         self.expect(strativo("--project", str(self.folder / "project"), "-c", code), 0, "1 True True\n", "")
 
+    def test_the_archives_directory_is_what_the_interpreter_would_read(self):
+        code = ("import sys, zipimport\narchive = sys.path[0]\n"
+                "given = dict(zipimport._zip_directory_cache[archive])\n"
+                "print(given == zipimport._read_directory(archive), len(given) > 500,\n"
+                "      sys.modules['encodings'].__loader__._files is zipimport._zip_directory_cache[archive])")
+        self.expect(strativo("-c", code), 0, "True True True\n")
+
 
 if __name__ == "__main__":
     main()
