@@ -72,9 +72,8 @@ bool hasDisplay()
 void setUp()
 {
     std::setlocale(LC_NUMERIC, "C");
-    QCoreApplication::setApplicationName(QStringLiteral("Strativo"));
+    hv::nameApplication();
     QCoreApplication::setApplicationVersion(QStringLiteral(STRATIVO_VERSION));
-    QCoreApplication::setOrganizationName(QStringLiteral("Strativo"));
     hv::keepSettingsInUserData();
     python::utils::setApplicationDirPath(programFolder());
     python::installScripting();

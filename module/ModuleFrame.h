@@ -2,8 +2,10 @@
 
 #include <boost/python/detail/wrap_python.hpp>
 
-/// module: the scripting module `strativo_python`. The frame is the ordered list of its registrations and nothing else;
-/// each family of classes registers itself in a folder of its own (core, data, app, gui), one file per class.
+/// module: the scripting module `strativo_python`. The frame is the ordered list of its registrations and nothing else
+/// (Registrations.h); each family of classes registers itself in a folder of its own, one file per class: core, data
+/// and drawing are values and data, which child processes have too (ValuesModule.cpp), gui and app windows and the
+/// application.
 
 extern "C" PyObject* PyInit_strativo_python();
 

@@ -4,12 +4,16 @@
 /// application hands over its own search path, which names the user's packages too, as entries joined by ';': to all of
 /// its child processes in STRATIVO_PYTHONPATH, to pip in PYTHONHOME. An ordinary interpreter would take the latter for
 /// a folder and fail to start; this one reads it as the list it is.
+///
+/// Scripts may import `strativo_python` here as in the application, and get its values and data. Nothing of it is
+/// loaded before.
 
 #include <Python.h>
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <dlfcn.h>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -57,6 +61,15 @@ Entries searchPath(const std::filesystem::path& tree)
                                               : Entries{tree / "python36.zip", tree / "", tree / "site-packages" / ""};
     entries.insert(entries.end(), own.begin(), own.end());
     return entries;
+}
+
+PyObject* importValues()
+{
+    void* library = dlopen(STRATIVO_VALUES_LIBRARY, RTLD_NOW | RTLD_LOCAL);
+    void* initialize = library != nullptr ? dlsym(library, "strativo_python_values") : nullptr;
+    if (initialize == nullptr)
+        return PyErr_Format(PyExc_ImportError, "strativo_python, %s", dlerror());
+    return reinterpret_cast<PyObject* (*)()>(initialize)();
 }
 
 PyStatus configure(PyConfig& config, const std::filesystem::path& program, int argc, char** argv)
@@ -108,6 +121,7 @@ int main(int argc, char** argv)
         return 2;
     }
 
+    PyImport_AppendInittab("strativo_python", importValues);
     PyPreConfig preConfig;
     PyPreConfig_InitIsolatedConfig(&preConfig);
     preConfig.utf8_mode = 1;

@@ -9,6 +9,7 @@ namespace python {
 namespace {
 
 const QString g_key = QStringLiteral("Python/unicode-text");
+constexpr char g_variable[] = "STRATIVO_UNICODE_TEXT";
 std::atomic<bool> g_areTextsWhole = false;
 
 } // namespace
@@ -23,9 +24,15 @@ void setTextsWhole(bool whole)
     g_areTextsWhole.store(whole, std::memory_order_relaxed);
 }
 
+void setTextsWholeEverywhere()
+{
+    qputenv(g_variable, "1");
+    setTextsWhole(true);
+}
+
 void readTextSetting()
 {
-    setTextsWhole(QSettings().value(g_key, false).toBool());
+    setTextsWhole(qEnvironmentVariableIsSet(g_variable) || QSettings().value(g_key, false).toBool());
 }
 
 void storeTextSetting(bool whole)

@@ -7,7 +7,10 @@ namespace python {
 bool areTextsWhole();
 void setTextsWhole(bool whole);
 
-/// Sets the switch as the settings say ("Python/unicode-text").
+/// Switches them on for the processes that this one starts, too. Before the interpreter's start.
+void setTextsWholeEverywhere();
+
+/// Sets the switch as the settings say ("Python/unicode-text"), or the process that has started this one.
 void readTextSetting();
 /// Sets the switch and keeps it in the settings.
 void storeTextSetting(bool whole);

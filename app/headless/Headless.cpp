@@ -162,9 +162,9 @@ int run(int argc, char** argv)
     progress.watch(app.progress());
     // Outlives the interpreter: threads that it waits for import from the script's folder, too.
     std::optional<python::ScriptArguments> presented;
-    const HVPythonExecutionContext context(&app);
     if (line.unicodeText)
-        python::setTextsWhole(true);
+        python::setTextsWholeEverywhere();
+    const HVPythonExecutionContext context(&app);
     {
         const python::GilLock lock;
         python::enableKeyboardInterrupt();

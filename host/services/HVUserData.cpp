@@ -1,5 +1,6 @@
 #include "host/services/HVUserData.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QSettings>
 
@@ -12,6 +13,12 @@ QString userDataDirectory()
     const QString folder = base.absoluteFilePath(QStringLiteral(".strativo"));
     QDir().mkpath(folder);
     return folder;
+}
+
+void nameApplication()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("Strativo"));
+    QCoreApplication::setOrganizationName(QStringLiteral("Strativo"));
 }
 
 void keepSettingsInUserData()

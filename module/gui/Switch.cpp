@@ -1,6 +1,6 @@
 #include "host/widgets/HVSwitch.h"
 #include "module/Bindings.h"
-#include "module/gui/ColorArgument.h"
+#include "module/drawing/ColorArgument.h"
 #include "module/gui/Connector.h"
 #include "module/gui/Construction.h"
 #include "module/gui/Property.h"

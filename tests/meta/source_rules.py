@@ -44,15 +44,18 @@ MAY_INCLUDE = {
     "runtime": ["host/changes", "host/core", "host/services"],
     "module": ["runtime"],
     "module/core": VALUES + ["host/services", "module", "runtime"],
-    "module/data": VALUES + STORE + ["host/blocs", "host/kinds/randomline", "host/services", "host/volume", "module", "module/core", "runtime"],
+    "module/data": VALUES + STORE + ["host/blocs", "host/kinds/randomline", "host/segy", "host/services", "host/volume", "module",
+                                     "module/core", "runtime"],
+    "module/drawing": ["module", "module/core", "module/data", "runtime"],
+    "module/ValuesModule.cpp": ["host/services", "module", "runtime"],
     # The scripting layer: windows and the application.
     "plugins": ["host/changes", "host/core", "host/data", "host/services", "host/widgets", "runtime"],
     "editor/debugger": ["host/core", "host/icons", "host/services", "runtime"],
     "editor": STORE + ["editor/debugger", "host/core", "host/icons", "host/services", "host/widgets", "runtime"],
-    "module/gui": STORE + ["host/core", "host/icons", "host/services", "host/viewers", "host/widgets", "module", "module/core",
-                           "module/data", "plugins", "runtime"],
-    "module/app": STORE + ["host/core", "host/georef", "host/segy", "host/services", "host/volume", "host/widgets", "module",
-                           "module/core", "module/data", "module/gui", "plugins", "runtime"],
+    "module/gui": STORE + ["host/core", "host/icons", "host/services", "host/viewers", "host/widgets", "module",
+                           "module/core", "module/data", "module/drawing", "plugins", "runtime"],
+    "module/app": STORE + ["host/core", "host/services", "host/widgets", "module", "module/core", "module/data",
+                           "module/gui", "plugins", "runtime"],
     # The program.
     "app": ["host/services", "module", "runtime"],  # what the faces share; the program's main function below joins them
     "app/main.cpp": ["app/*", "host/services", "runtime"],

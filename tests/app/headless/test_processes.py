@@ -1,4 +1,5 @@
 """Processes and threads of scripts, and what becomes of them at the end, in the runner and in the workbench."""
+import ast
 import os
 import signal
 import subprocess
@@ -94,6 +95,86 @@ class ChildProcesses(ProcessCase):
             "def f(q): q.put(__name__)\nq = m.Queue(); p = m.Process(target=f, args=(q,)); p.start()\n"
             "print(q.get()); p.join(); print(p.exitcode, 'DefaultContext' in inspect.getsource(m.context))\n")
         self.assertEqual(done.stdout, "__main__\n0 True\n")
+
+
+class ValuesInChildren(ProcessCase):
+    """Child processes import strativo_python as the script does, and have its values."""
+    SCRIPT = """
+import multiprocessing, os, sys
+from concurrent.futures import ProcessPoolExecutor
+import strativo_python as s
+from strativo_python import Dialog, Align, Image2d, getProject
+
+class View(Dialog):
+    where = Align.Left
+
+def change(value):
+    if isinstance(value, s.vec3): return value * 2
+    if isinstance(value, s.FloatArray): value[0] = 9
+    if isinstance(value, Image2d): value[1, 1] = 9
+    if isinstance(value, s.BlockSpace): return s.utils.blockToSurvey(s.vec3(0, 0, 0), value)
+    return value
+
+def use_windows(_):
+    texts = []
+    for use in (View, getProject, lambda: s.Icon('x'), lambda: s.Absent):
+        try: use()
+        except (RuntimeError, AttributeError) as error: texts.append(f'{{type(error).__name__}}: {{error}}')
+    libraries = open('/proc/self/maps').read()
+    return texts, 'Qt5Widgets' in libraries, 'strativo_python' in sys.builtin_module_names, 'DISPLAY' in os.environ
+
+if __name__ == '__main__':
+    os.environ.pop('DISPLAY', None)
+    image = Image2d(2, 2)
+    array = s.FloatArray(0)
+    array.extend([1, 2])
+    values = [s.vec3(1, 2, 3), array, image, s.BlockSpace(4, 5, 6), s.Color(1, 2, 3), s.Rectangle(1, 2, 3, 4)]
+    expected = [s.vec3(2, 4, 6), [9.0, 2.0], 9.0, s.utils.blockToSurvey(s.vec3(0, 0, 0), values[3]), values[4], values[5]]
+    report = []
+    for pool in (multiprocessing.Pool(2), ProcessPoolExecutor(2)):
+        with pool:
+            found = list(pool.map(change, values))
+            found[1], found[2] = list(found[1]), found[2][1, 1]
+            report.append(repr(found) == repr(expected) and values[1][0] == 1 and image[1, 1] != 9)
+            report.extend(pool.map(use_windows, [0]))
+    open({folder!r} + '/results.txt', 'w').write(repr(report))
+"""
+    NEEDED = "needs the application, which child processes of scripts do without"
+    WITHOUT_WINDOWS = ([f"RuntimeError: View {NEEDED}", f"RuntimeError: getProject {NEEDED}", f"RuntimeError: Icon {NEEDED}",
+                        "AttributeError: module 'strativo_python' has no attribute 'Absent'"], False, True, False)
+
+    def check_values(self, run):
+        done = run(self.SCRIPT.format(folder=str(self.folder)))
+        self.assertTrue((self.folder / "results.txt").exists(), done.stderr)
+        self.assertEqual(ast.literal_eval((self.folder / "results.txt").read_text()),
+                         [True, self.WITHOUT_WINDOWS, True, self.WITHOUT_WINDOWS])
+
+    def test_values_go_to_children_and_back_in_the_runner(self):
+        self.check_values(self.run_script)
+
+    def test_values_go_to_children_and_back_in_the_workbench(self):
+        self.check_values(self.run_in_workbench)
+
+    def test_children_know_every_name_of_the_application(self):
+        """Else a script whose file also makes windows fails in them."""
+        done = self.program("run", "-c", """
+import strativo_python as s, subprocess, sys
+child = subprocess.run([sys.executable, '-c', 'from strativo_python import *; print(*dir())'], text=True, capture_output=True)
+print(child.stderr, sorted({name for name in dir(s) if name[0] != '_'} ^ {*filter(lambda n: n[0] != '_', child.stdout.split())}))
+""")
+        self.assertEqual(done.stdout, " []\n")
+
+    def test_texts_are_as_whole_in_children_as_in_their_parent(self):
+        code = ("import subprocess, sys\ncode = \"import strativo_python as s; i = s.Image2d(1, 1); i.name = chr(233); i.name\"\n"
+                "print(subprocess.run([sys.executable, '-c', code], stderr=subprocess.PIPE).returncode)")
+        self.assertEqual(self.program("run", "-c", code).stdout, "1\n")
+        self.assertEqual(self.program("run", "--unicode-text", "-c", code).stdout, "0\n")
+
+    def test_no_other_python_imports_the_module(self):
+        tree = Path(PROGRAM).parent / "python"
+        done = subprocess.run(["/usr/bin/python3", "-c", "import strativo_python"], capture_output=True, text=True,
+                              env=dict(self.environment, PYTHONPATH=f"{tree}:{tree}/site-packages"))
+        self.assertIn("ModuleNotFoundError: No module named 'strativo_python'", done.stderr)
 
 
 class Forks(ProcessCase):

@@ -1,5 +1,5 @@
 #include "module/Bindings.h"
-#include "module/gui/PairSlots.h"
+#include "module/drawing/PairSlots.h"
 
 namespace python {
 

@@ -1,6 +1,6 @@
 #include "module/Bindings.h"
 #include "module/Submodule.h"
-#include "module/app/SegyParts.h"
+#include "module/data/SegyParts.h"
 
 #include <boost/python.hpp>
 

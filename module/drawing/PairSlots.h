@@ -1,7 +1,7 @@
 #pragma once
 
 #include "module/core/ValueState.h"
-#include "module/gui/GeometryArgument.h"
+#include "module/drawing/GeometryArgument.h"
 
 #include <boost/python.hpp>
 

@@ -1,4 +1,4 @@
-#include "module/gui/GeometryArgument.h"
+#include "module/drawing/GeometryArgument.h"
 
 #include "runtime/Errors.h"
 #include "runtime/NumberArguments.h"

@@ -1,4 +1,4 @@
-#include "module/gui/ColorArgument.h"
+#include "module/drawing/ColorArgument.h"
 
 #include "module/data/ColorTuple.h"
 #include "runtime/Errors.h"

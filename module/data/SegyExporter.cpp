@@ -3,7 +3,7 @@
 #include "host/services/HVEventBus.h"
 #include "host/volume/VolumeIo.h"
 #include "module/PathArgument.h"
-#include "module/app/SegyParts.h"
+#include "module/data/SegyParts.h"
 #include "module/data/VolumeHandle.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "module/Bindings.h"
 #include "module/core/ValueState.h"
-#include "module/gui/GeometryArgument.h"
+#include "module/drawing/GeometryArgument.h"
 
 #include <boost/python.hpp>
 

@@ -1,6 +1,6 @@
 #include "module/Bindings.h"
 #include "module/CheckedSetter.h"
-#include "module/gui/ColorArgument.h"
+#include "module/drawing/ColorArgument.h"
 #include "runtime/Errors.h"
 #include "runtime/TextConversion.h"
 
