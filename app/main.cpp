@@ -2,6 +2,7 @@
 #include "app/demo/Demo.h"
 #include "app/headless/ExportCommand.h"
 #include "app/headless/Headless.h"
+#include "app/headless/ImportCommand.h"
 #include "app/headless/Info.h"
 #include "app/headless/PluginCheck.h"
 #include "app/headless/TerminalApp.h"
@@ -32,12 +33,17 @@ int main(int argc, char** argv)
         return headless::runPluginCommand(argc, argv);
     if (std::strcmp(command, "info") == 0)
         return headless::runInfoCommand(argc, argv);
+    if (std::strcmp(command, "import") == 0)
+        return headless::runImport(argc, argv);
+    if (std::strcmp(command, "export") == 0)
+        return headless::runExport(argc, argv);
     if (std::strcmp(command, "demo") == 0)
         return demo::run(argc, argv);
     if (isUnknownCommand(command))
         return headless::refuse(
-            QStringLiteral("unknown command \"%1\"; there are run, info, plugin and demo, and without a "
-                           "command the workbench opens the scripts that are named")
+            QStringLiteral(
+                "unknown command \"%1\"; there are run, info, import, export, plugin and demo, and without a "
+                "command the workbench opens the scripts that are named")
                 .arg(QString::fromLocal8Bit(command)));
     return workbench::run(argc, argv);
 }

@@ -56,10 +56,6 @@ Result<void> StoredPresence::putAway()
     const Result<QString> place = m_store.m_trash.place(m_key.name + QLatin1Char('.') + m_suffix);
     if (!place)
         return place.failure();
-    KeptValue value;
-    if (const auto object = m_store.held(m_key))
-        value = object->fileValue();
-    if (auto moved = moveFile(path, *place); !moved)
     if (auto moved = moveAway(*place); !moved)
         return moved;
     Trash::writeNote(*place, m_key);
@@ -69,9 +65,9 @@ Result<void> StoredPresence::putAway()
 Result<void> StoredPresence::moveAway(const QString& place)
 {
     const QString path = m_store.pathOf(m_key, m_suffix);
-    ObjectValue value;
-    if (const auto object = m_store.held(m_key); object && !object->m_isModified)
-        value = object->m_value;
+    KeptValue value;
+    if (const auto object = m_store.held(m_key))
+        value = object->fileValue();
     if (auto moved = moveFile(path, place); !moved)
         return Failure(QObject::tr("Unable to move '%1' to the trash: %2.")
                            .arg(QDir::toNativeSeparators(path), moved.failure().sentence));
