@@ -29,7 +29,8 @@ namespace python {
 /// garbage, and it never looks into the attributes of the binding layer's instances anyway.
 ///
 /// Needs the interpreter lock. adopt() is called once, right after the class is registered. The state belongs to the
-/// scripting library; hidden, it is reached without a detour through the library's address table.
+/// library that registers the class and is of use in that one only; hidden, it is reached without a detour through the
+/// library's address table.
 template <typename T>
 class __attribute__((visibility("hidden"))) ValueInstance
 {

@@ -40,10 +40,10 @@ struct FileFormat
 
 hv::Result<Rows> describeProject(const QString& path)
 {
-    QString error;
-    const auto project = HVProject::look(path, &error);
-    if (!project)
-        return hv::Failure(error);
+    const auto seen = HVProject::look(path);
+    if (!seen)
+        return seen.failure();
+    HVProject* const project = seen->get();
     Rows rows{{QStringLiteral("Name"), project->name()}};
     if (project->hasCrs())
         rows.push_back({QStringLiteral("Reference system"), project->crs().name()});

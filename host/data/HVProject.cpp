@@ -78,7 +78,7 @@ std::unique_ptr<HVProject> HVProject::create(const QString& folder, const QStrin
     return std::unique_ptr<HVProject>(new HVProject(path, settings));
 }
 
-std::unique_ptr<HVProject> HVProject::look(const QString& path, QString* error)
+hv::Result<std::unique_ptr<HVProject>> HVProject::look(const QString& path)
 {
     QString folder = absolute(path);
     const QFileInfo info(folder);
@@ -94,20 +94,21 @@ std::unique_ptr<HVProject> HVProject::look(const QString& path, QString* error)
         problem = tr("'%1' is not a project: it has no file '%2'.").arg(shown(folder), projectFileName());
     else
         hv::readJsonFile(QDir(folder).filePath(projectFileName()), g_formatMajor, settings, &problem);
-    if (!problem.isEmpty()) {
-        hv::fail(error, problem);
-        return nullptr;
-    }
+    if (!problem.isEmpty())
+        return hv::Failure(problem);
     return std::unique_ptr<HVProject>(new HVProject(folder, settings));
 }
 
 std::unique_ptr<HVProject> HVProject::open(const QString& path, QString* error)
 {
-    std::unique_ptr<HVProject> project = look(path, error);
-    if (project) {
-        removeRemains(project->path());
-        hv::Trash(project->path()).tidy();
+    auto seen = look(path);
+    if (!seen) {
+        hv::fail(error, seen.failure().sentence);
+        return nullptr;
     }
+    std::unique_ptr<HVProject> project = *std::move(seen);
+    removeRemains(project->path());
+    hv::Trash(project->path()).tidy();
     return project;
 }
 

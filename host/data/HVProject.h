@@ -42,7 +42,7 @@ public:
     /// `path` is the folder or the project file in it.
     static std::unique_ptr<HVProject> open(const QString& path, QString* error);
     /// The same for whoever only wants to see it: clears nothing that killed programs have left, and no trash.
-    static std::unique_ptr<HVProject> look(const QString& path, QString* error);
+    static hv::Result<std::unique_ptr<HVProject>> look(const QString& path);
     ~HVProject() override;
 
     /// The project's folder: absolute, without a trailing separator.

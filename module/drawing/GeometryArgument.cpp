@@ -149,6 +149,19 @@ template bool readMember(PyObject*, QPoint&, const char*, const char*);
 template bool readMember(PyObject*, QPointF&, const char*, const char*);
 template bool readMember(PyObject*, QSize&, const char*, const char*);
 
+PyObject* toPython(const QPoint& point)
+{
+    return ValueInstance<QPoint>::make(point);
+}
+PyObject* toPython(const QSize& size)
+{
+    return ValueInstance<QSize>::make(size);
+}
+PyObject* toPython(const QRect& rectangle)
+{
+    return ValueInstance<QRect>::make(rectangle);
+}
+
 void registerGeometryArguments()
 {
     bp::converter::registry::push_back(isConvertible<QPoint>, convert<QPoint>, bp::type_id<QPoint>());

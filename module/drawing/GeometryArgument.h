@@ -3,11 +3,12 @@
 #include <boost/python/object.hpp>
 
 #include <QPoint>
+#include <QRect>
 #include <QSize>
 
-/// Points and sizes as arguments. A Point, PointF or Size can be given as the object, or as a tuple or list of its two
-/// numbers; a PointF also as a Point. Numbers of Point and Size are ints of 32 bits, which a float never becomes by
-/// itself.
+/// Points and sizes as arguments and results. A Point, PointF or Size can be given as the object, or as a tuple or list
+/// of its two numbers; a PointF also as a Point. Numbers of Point and Size are ints of 32 bits, which a float never
+/// becomes by itself.
 ///
 /// After registerGeometryArguments() the binding layer's own functions and properties with QPoint, QPointF and QSize
 /// parameters take the same. These are for functions with messages of their own. All need the interpreter lock.
@@ -35,6 +36,12 @@ T geometryArgument(const boost::python::object& argument, const char* format);
 /// argument is the deletion of an attribute, which is refused.
 template <typename T>
 bool readMember(PyObject* argument, T& value, const char* member, const char* wanted);
+
+/// A new Point, Size or Rectangle. Functions of this library and no templates: what a ValueInstance knows of its class
+/// is known in the library that registers the class only.
+PyObject* toPython(const QPoint& point);
+PyObject* toPython(const QSize& size);
+PyObject* toPython(const QRect& rectangle);
 
 /// Called once, after the classes are registered.
 void registerGeometryArguments();

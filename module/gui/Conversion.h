@@ -1,9 +1,9 @@
 #pragma once
 
 #include "module/Conversion.h"
+#include "module/drawing/GeometryArgument.h"
 #include "module/gui/FlagArgument.h"
 #include "module/gui/IconHandle.h"
-#include "runtime/ValueInstance.h"
 
 #include <QIcon>
 #include <QPoint>
@@ -21,18 +21,6 @@ inline PyObject* toPython(const QIcon& icon)
 inline PyObject* toPython(Qt::Alignment alignment)
 {
     return boost::python::incref(boost::python::object(static_cast<Qt::AlignmentFlag>(int(alignment))).ptr());
-}
-inline PyObject* toPython(const QPoint& point)
-{
-    return ValueInstance<QPoint>::make(point);
-}
-inline PyObject* toPython(const QSize& size)
-{
-    return ValueInstance<QSize>::make(size);
-}
-inline PyObject* toPython(const QRect& rectangle)
-{
-    return ValueInstance<QRect>::make(rectangle);
 }
 template <>
 struct Argument<Qt::Alignment>

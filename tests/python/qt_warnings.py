@@ -2,10 +2,14 @@
 import contextlib
 import ctypes
 
+import strativo_python
+
 _HANDLER = ctypes.CFUNCTYPE(None, ctypes.c_int, ctypes.c_void_p, ctypes.POINTER(ctypes.c_void_p))
 _install = ctypes.CDLL("libQt5Core.so.5")["_Z22qInstallMessageHandlerPFv9QtMsgTypeRK18QMessageLogContextRK7QStringE"]
 _install.restype = ctypes.c_void_p
 _install.argtypes = [ctypes.c_void_p]
+
+strativo_python.Widget()  # what Qt says while it starts is not about the test
 
 
 def _text(string):

@@ -30,8 +30,8 @@ TEST(DemoProject, twoRunsAreTheSameToTheByte)
     const auto b = HVProject::open(temporary.filePath("b"), &error);
     ASSERT_TRUE(a && b) << error.toStdString();
     EXPECT_EQ(a->crs().authorityCode(), "32631");
-    ASSERT_EQ(a->objects().size(), 6);
-    for (int i = 0; i < 6; ++i)
+    ASSERT_EQ(a->objects().size(), 10);
+    for (int i = 0; i < 10; ++i)
         EXPECT_EQ(readFile(a->objects()[i]), readFile(b->objects()[i]));
     EXPECT_EQ(a->objectsInDirectory(ObjectKind::Well, "Exploration"), a->objects(ObjectKind::Well));
 
