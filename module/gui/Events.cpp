@@ -4,6 +4,7 @@
 #include "module/gui/MimeContent.h"
 #include "module/gui/Property.h"
 #include "module/gui/ScrollDirection.h"
+#include "runtime/ValueInstance.h"
 
 #include <QDragEnterEvent>
 #include <QKeyEvent>
