@@ -90,7 +90,7 @@ class Projects(RunnerCase):
         self.assertEqual(len(told), len(objects))
         for text in told:
             lines = text.splitlines()
-            self.assertRegex(text, "(?m)^  Kind +[A-Z].*(\n  .*)+\n  Size +[0-9.]+ .*\n  Changed +[0-9]")
+            self.assertRegex(text, "(?m)^  Kind +[A-Z].*(\n  .*)+\n  Size +[0-9.]+ .*(\n  .*)*\n  Changed +[0-9]")
             self.assertEqual(len({len(re.match("  [^ ]+( [^ ]+)*  +", line)[0]) for line in lines[1:]}), 1, text)
         self.assertEqual(info(str(folder / "wells" / "S-1")).stdout.splitlines()[1:],
                          info(str(folder / "wells" / "S-1.las")).stdout.splitlines()[1:])
