@@ -2,9 +2,9 @@
 #include "host/segy/Import.h"
 #include "host/volume/VolumeSettings.h"
 #include "module/PathArgument.h"
-#include "module/data/SegyParts.h"
 #include "module/core/CrsArgument.h"
 #include "module/data/DataHandle.h"
+#include "module/data/SegyParts.h"
 #include "module/data/VolumeHandle.h"
 #include "runtime/GilLock.h"
 
