@@ -32,6 +32,7 @@ const std::vector<Command>& commandTable()
          g_always},
         {"project.open", TEXT("Open Project..."), "folder_24", "Ctrl+Shift+O", TEXT("Open a project"), g_always},
         {"project.close", TEXT("Close Project"), "close_16", {}, TEXT("Close the project"), Context::Project},
+        {"import.segy", TEXT("SEG-Y..."), "volume_24", {}, TEXT("Make a volume of a SEG-Y file"), Context::Project},
         {"script.new", TEXT("New Script"), "new_script_24", Key::New, TEXT("Begin a new Python script"), g_always},
         {"script.open", TEXT("Open Script..."), "projectopen24", Key::Open, TEXT("Open Python scripts"), g_always},
         {"script.save", TEXT("Save"), "save24", Key::Save, TEXT("Save the script"), Context::Script},
@@ -129,7 +130,7 @@ const std::vector<MenuTable>& menuBarTable()
 {
     static const std::vector<MenuTable> table = {
         {"file", TEXT("File"), "",
-         "project.new project.open >recent-projects project.close - script.new script.open >recent-scripts "
+         "project.new project.open >recent-projects project.close - >import - script.new script.open >recent-scripts "
          ">project-scripts - script.save script.save-as - application.exit"},
         {"edit", TEXT("Edit"), "",
          "edit.undo edit.redo - edit.cut edit.copy edit.paste - edit.select-all - script.find script.find-next "
@@ -155,6 +156,7 @@ const std::vector<MenuTable>& subMenuTable()
         {"recent-projects", TEXT("Recent Projects"), "recent_24", ""},
         {"recent-scripts", TEXT("Recent Scripts"), "recent_24", ""},
         {"project-scripts", TEXT("Project Scripts"), "folder_24", ""},
+        {"import", TEXT("Import"), "import_24", "import.segy"},
         {"theme", TEXT("Theme"), "color_bar_24", "theme.system theme.light theme.dark"},
         {"settings-python", TEXT("Python"), "python_24", "settings.whole-texts"},
         {"plug-ins", TEXT("Plug-ins"), "", ""},

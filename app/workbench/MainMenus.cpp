@@ -9,6 +9,7 @@
 #include "app/workbench/ScriptFiles.h"
 #include "app/workbench/SettingsMenu.h"
 #include "app/workbench/Theme.h"
+#include "app/workbench/VolumeFiles.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
 #include "host/icons/HVIconStore.h"
@@ -54,6 +55,7 @@ MainMenus::MainMenus(MainWindow& window) : QObject(&window), m_window(window), m
     m_commands.fill(*window.menuBar());
     m_commands.fill(*window.toolBar());
     new ProjectMenu(window);
+    new VolumeFiles(window);
     handleFileCommands();
     handleEditorCommands();
     handleViewCommands();

@@ -13,6 +13,7 @@
 #include "app/workbench/WindowTitle.h"
 #include "editor/HVPythonTextEdit.h"
 #include "host/data/HVProjectService.h"
+#include "host/exchange/VolumeExchange.h"
 #include "host/icons/HVIconStore.h"
 #include "host/services/HVEventBus.h"
 #include "host/widgets/HVMessageWindow.h"
@@ -48,11 +49,11 @@ constexpr QSize g_preferredSize(1280, 860);
 MainWindow::MainWindow() : MainWindow(std::make_shared<Services>()) {}
 
 MainWindow::MainWindow(std::shared_ptr<Services> services)
-    : m_services(std::move(services)), m_scripts(std::make_unique<ScriptFiles>(*projects())), m_workspace(new QMdiArea),
-      m_messages(new HVMessageWindow), m_messageDock(new QDockWidget(tr("Messages"))),
-      m_projectDock(new QDockWidget(tr("Project"))), m_undo(new HVUndoStack(this)),
-      m_changesDock(new QDockWidget(tr("Changes"))), m_jobsDock(new JobsDock(*jobs(), this)),
-      m_toolBar(new QToolBar(tr("Main Tool Bar")))
+    : m_services(std::move(services)), m_volumeExchange(new hv::VolumeExchange(*jobs(), this)),
+      m_scripts(std::make_unique<ScriptFiles>(*projects())), m_workspace(new QMdiArea), m_messages(new HVMessageWindow),
+      m_messageDock(new QDockWidget(tr("Messages"))), m_projectDock(new QDockWidget(tr("Project"))),
+      m_undo(new HVUndoStack(this)), m_changesDock(new QDockWidget(tr("Changes"))),
+      m_jobsDock(new JobsDock(*jobs(), this)), m_toolBar(new QToolBar(tr("Main Tool Bar")))
 {
     m_commands = new Commands(this);
     m_title = std::make_unique<WindowTitle>(*this);
@@ -90,6 +91,9 @@ MainWindow::MainWindow(std::shared_ptr<Services> services)
     connect(m_jobsDock, &JobsDock::buttonMade, this,
             [this](QToolButton* button) { statusBar()->addPermanentWidget(button); });
 
+    m_volumeExchange->setProject(projects()->project());
+    connect(projects(), &HVProjectService::projectChanged, m_volumeExchange, &hv::VolumeExchange::setProject);
+
     m_toolBar->setObjectName(hv::ownPartName("mainToolBar"));
     m_toolBar->setIconSize({20, 20});
     addToolBar(m_toolBar);
@@ -120,6 +124,8 @@ void MainWindow::fillProjectDock()
     m_browser->setProject(projects()->project());
     m_projectDock->setWidget(m_browser);
     connect(projects(), &HVProjectService::projectChanged, m_browser, &HVProjectBrowser::setProject);
+    connect(m_browser, &HVProjectBrowser::menuAboutToShow, m_volumeExchange, &hv::VolumeExchange::fillMenu);
+    connect(m_volumeExchange, &hv::VolumeExchange::imported, m_browser, &HVProjectBrowser::select);
     connect(m_browser, &HVProjectBrowser::newProjectRequested, this, &MainWindow::newProjectRequested);
     connect(m_browser, &HVProjectBrowser::openProjectRequested, this, &MainWindow::openProjectRequested);
     connect(m_browser, &HVProjectBrowser::objectActivated, this, [this](ObjectKind kind, const QString& path) {

@@ -15,6 +15,10 @@ class QMdiArea;
 class QMdiSubWindow;
 class QToolBar;
 
+namespace hv {
+class VolumeExchange;
+}
+
 namespace workbench {
 
 class Commands;
@@ -41,6 +45,8 @@ public:
     HVProjectService* projects() const { return &m_services->projects(); }
     /// The long work of the application.
     hv::JobManager* jobs() const { return m_services->jobs(); }
+    /// Volumes from and to files of other programs.
+    hv::VolumeExchange* volumeExchange() const { return m_volumeExchange; }
     const ScriptFiles& scriptFiles() const { return *m_scripts; }
     HVMessageWindow* messageWindow() const { return m_messages; }
     QDockWidget* messageDock() const { return m_messageDock; }
@@ -112,6 +118,7 @@ private:
     bool saveUnder(HVPythonTextEdit& editor, const QString& path);
 
     const std::shared_ptr<Services> m_services;
+    hv::VolumeExchange* m_volumeExchange;
     std::unique_ptr<ScriptFiles> m_scripts;
     QMdiArea* m_workspace;
     HVMessageWindow* m_messages;

@@ -17,7 +17,7 @@
 
 namespace {
 
-/// A file that is larger is not read for a page alone.
+/// A file that is larger is not read for a page alone, unless its value is no more than a way into it.
 constexpr qint64 g_largest = 16 * 1024 * 1024;
 constexpr qint64 g_textBytes = 4096;
 constexpr int g_textLines = 24;
@@ -125,9 +125,9 @@ namespace hv {
 
 std::unique_ptr<ObjectPicture> makeObjectPage(DataObject& object)
 {
-    if (QFileInfo(object.path()).size() > g_largest)
-        return std::make_unique<FilePicture>(object, QString(), std::vector<Description>());
     const IObjectKind& kind = objectKind(object.key().kind);
+    if (!kind.readsFile() && QFileInfo(object.path()).size() > g_largest)
+        return std::make_unique<FilePicture>(object, QString(), std::vector<Description>());
     const Result<ObjectValue> value = object.value();
     if (!value)
         return std::make_unique<FilePicture>(object, value.failure().sentence, std::vector<Description>());

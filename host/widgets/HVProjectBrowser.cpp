@@ -138,6 +138,19 @@ QVector<const ProjectNode*> HVProjectBrowser::selectedRows() const
     return rows;
 }
 
+void HVProjectBrowser::select(const hv::ObjectKey& object)
+{
+    const QModelIndex row = m_model->indexOf(object);
+    if (!row.isValid())
+        return;
+    if (!m_filter->mapFromSource(row).isValid()) {
+        m_search->clear();
+        search();
+    }
+    m_view->setCurrentIndex(m_filter->mapFromSource(row));
+    m_view->scrollTo(m_view->currentIndex());
+}
+
 void HVProjectBrowser::keepState()
 {
     m_selected.clear();
@@ -230,7 +243,14 @@ void HVProjectBrowser::showMenu(const QPoint& position)
 {
     QMenu menu;
     menu.setToolTipsVisible(true);
-    m_commands->fillMenu(menu, selectedRows());
+    const QVector<const ProjectNode*> rows = selectedRows();
+    m_commands->fillMenu(menu, rows);
+    std::vector<hv::ObjectKey> objects;
+    for (const ProjectNode* row : rows)
+        if (row->type == ProjectNode::Type::Object)
+            objects.push_back({row->kind, row->name});
+    if (!objects.empty() && static_cast<int>(objects.size()) == rows.size())
+        Q_EMIT menuAboutToShow(menu, objects);
     if (!menu.isEmpty())
         menu.exec(m_view->viewport()->mapToGlobal(position));
 }

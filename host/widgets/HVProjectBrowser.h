@@ -12,6 +12,7 @@ class HVProjectFilter;
 class HVProjectModel;
 class QLabel;
 class QLineEdit;
+class QMenu;
 class QStackedWidget;
 class QTreeView;
 struct ProjectNode;
@@ -35,11 +36,16 @@ public:
     /// Who copies large files beside; not owned, outlives the browser. Without it the browser waits for them.
     void setJobs(hv::JobManager* jobs);
 
+    /// Chooses the object and brings it into view, whatever is searched for. Nothing happens to one that is not listed.
+    void select(const hv::ObjectKey& object);
+
     QTreeView* view() const { return m_view; }
     QLineEdit* searchField() const { return m_search; }
     HVProjectModel* model() const { return m_model; }
 
 Q_SIGNALS:
+    /// The context menu for these objects has its own commands; others may be added.
+    void menuAboutToShow(QMenu& menu, const std::vector<hv::ObjectKey>& objects);
     void objectActivated(ObjectKind kind, const QString& path);
     void newProjectRequested();
     void openProjectRequested();

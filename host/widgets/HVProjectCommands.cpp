@@ -4,6 +4,7 @@
 #include "host/icons/HVIconStore.h"
 #include "host/jobs/JobManager.h"
 #include "host/services/HVEventBus.h"
+#include "host/viewers/HVObjectInformation.h"
 #include "host/widgets/ProjectTree.h"
 
 #include <QClipboard>
@@ -71,6 +72,9 @@ void HVProjectCommands::fillMenu(QMenu& menu, const QVector<const ProjectNode*>&
         menu.addAction(tr("Rename"), this, &HVProjectCommands::renameRequested, QKeySequence(Qt::Key_F2));
     if (areObjectsOfOneKind)
         menu.addAction(icon("copy_24"), tr("Duplicate"), this, [this, objects] { duplicateObjects(objects); });
+    if (isOne && areObjectsOfOneKind)
+        menu.addAction(icon("information_16"), tr("Information..."), this,
+                       [this, key = hv::ObjectKey{kind, first.name}] { showInformation(key); });
     menu.addSeparator();
     menu.addAction(icon("copy_24"), isOne ? tr("Copy Path") : tr("Copy Paths"), this,
                    [paths] { QGuiApplication::clipboard()->setText(paths.join(QLatin1Char('\n'))); });
@@ -193,6 +197,21 @@ void HVProjectCommands::duplicateBeside(const hv::ObjectKey& key, const hv::Obje
                           if (const auto adopted = project->store().adopt(copy); !adopted)
                               report(false, adopted.failure().sentence);
                   });
+}
+
+void HVProjectCommands::showInformation(const hv::ObjectKey& key)
+{
+    if (!m_project)
+        return;
+    auto object = m_project->store().open(key);
+    if (!object) {
+        report(false, object.failure().sentence);
+        return;
+    }
+    auto* window = new HVObjectInformation(std::move(*object), m_parent);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    connect(m_project, &QObject::destroyed, window, &QWidget::close);
+    window->show();
 }
 
 void HVProjectCommands::removeObjects(const QVector<Objects>& objects)

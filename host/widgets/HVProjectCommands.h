@@ -48,6 +48,7 @@ private:
     QString newDirectory(ObjectKind kind, const QString& parent);
     void removeDirectory(ObjectKind kind, const QString& name);
     void removeObjects(const QVector<Objects>& objects);
+    void showInformation(const hv::ObjectKey& key);
     void duplicateObjects(const Objects& objects);
     void duplicateBeside(const hv::ObjectKey& key, const hv::ObjectKey& copy);
 

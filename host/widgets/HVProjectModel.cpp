@@ -75,6 +75,13 @@ QModelIndex HVProjectModel::indexOf(const ProjectNode* node) const
     return createIndex(node->row, 0, const_cast<ProjectNode*>(node)); // NOLINT: Qt's pointer is not const
 }
 
+QModelIndex HVProjectModel::indexOf(const hv::ObjectKey& object)
+{
+    ProjectNode* parent = isListed(object.kind) ? parentOf(object) : nullptr;
+    const int row = parent ? parent->placeOf(object.name) : 0;
+    return parent && parent->objectAt(row, object.name) ? index(row, 0, indexOf(parent)) : QModelIndex();
+}
+
 void HVProjectModel::countObjects(ProjectNode* from, int more)
 {
     for (ProjectNode* node = from; node; node = node->parent) {

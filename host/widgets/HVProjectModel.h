@@ -37,6 +37,8 @@ public:
     void setKinds(std::set<ObjectKind> kinds) { m_listed = std::move(kinds); }
     void setProject(HVProject* project);
     HVProject* project() const { return m_project; }
+    /// Invalid for an object that has no row.
+    QModelIndex indexOf(const hv::ObjectKey& object);
     /// Null for an invalid index; gone with the next reset.
     const ProjectNode* node(const QModelIndex& index) const;
 

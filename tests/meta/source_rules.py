@@ -38,6 +38,8 @@ MAY_INCLUDE = {
     "host/data/demo": VALUES + STORE + ["host/kinds/demo", "host/services"],
     # Windows.
     "host/icons": [],
+    "host/exchange": VALUES + STORE + ["host/arrays", "host/icons", "host/jobs", "host/segy", "host/services",
+                                       "host/volume"],
     "host/viewers": VALUES + STORE + ["host/icons", "host/jobs", "host/services"],
     "host/widgets": VALUES + STORE + ["host/icons", "host/jobs", "host/services", "host/viewers"],
     # The scripting layer: values and data.
@@ -60,7 +62,7 @@ MAY_INCLUDE = {
     "app": ["host/services", "module", "runtime"],  # what the faces share; the program's main function below joins them
     "app/main.cpp": ["app/*", "host/services", "runtime"],
     "app/demo": ["app", "host/data/demo"],
-    "app/workbench": VALUES + STORE + ["app", "editor", "editor/debugger", "host/icons", "host/jobs", "host/services",
+    "app/workbench": VALUES + STORE + ["app", "editor", "editor/debugger", "host/exchange", "host/icons", "host/jobs", "host/services",
                                        "host/viewers", "host/widgets", "plugins", "runtime"],
     "app/headless": STORE + ["app", "app/workbench", "host/arrays", "host/core", "host/georef", "host/jobs", "host/segy",
                              "host/services", "host/volume", "plugins", "runtime"],
@@ -68,7 +70,7 @@ MAY_INCLUDE = {
 
 TOP_FOLDERS = ["host", "runtime", "module", "plugins", "editor", "app"]
 # The folders that know windows. All others belong to the data half, where Qt's classes of windows are unknown.
-WINDOWS_HALF = ["host/icons", "host/viewers", "host/widgets", "plugins", "editor*", "module/app", "module/gui", "app*"]
+WINDOWS_HALF = ["host/exchange", "host/icons", "host/viewers", "host/widgets", "plugins", "editor*", "module/app", "module/gui", "app*"]
 
 LOCK_CALLS = re.compile(r"\b(PyGILState_(Ensure|Release|STATE)|PyEval_(SaveThread|RestoreThread|AcquireThread|ReleaseThread)"
                         r"|PyThreadState_Swap|Py_(BEGIN|END|BLOCK|UNBLOCK)(_ALLOW)?_THREADS)\b")

@@ -4,7 +4,9 @@
 #include "host/display/ColorBar.h"
 #include "host/formats/MapOutline.h"
 #include "host/kinds/ObjectPicture.h"
+#include "host/viewers/HVObjectInformation.h"
 #include "host/viewers/HVPreviewViewer.h"
+#include "host/volume/VolumeWriter.h"
 #include "host/widgets/HVInputSelectionLineEdit.h"
 #include "host/widgets/HVInputSelectionPreview.h"
 
@@ -13,6 +15,7 @@
 #include <QFileInfo>
 #include <QSet>
 #include <QSignalSpy>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWheelEvent>
@@ -109,6 +112,41 @@ TEST_F(Preview, showsWhatIsChosen)
     preview.selection()->clear();
     EXPECT_FALSE(viewer().picture());
     EXPECT_EQ(changed.size(), 4);
+}
+
+TEST_F(Preview, aVolumeTooLargeToBeReadIsStillShownAsASection)
+{
+    hv::VolumeHeader header;
+    header.space = georef::BlocSpace(1000, 5, 1000);
+    ASSERT_TRUE(projects.project()->store().ensureFolder(ObjectKind::Volume));
+    const hv::ObjectKey key{ObjectKind::Volume, "Large"};
+    auto writer = hv::VolumeWriter::create(projects.project()->store().path(key), header, {false, false});
+    ASSERT_TRUE(writer);
+    std::vector<float> frame(1'000'000);
+    for (std::size_t i = 0; i < frame.size(); ++i)
+        frame[i] = static_cast<float>(i % 1000) - 500.0F;
+    for (int line = 0; line < 5; ++line)
+        ASSERT_TRUE((*writer)->writeInline(line, frame.data()));
+    ASSERT_TRUE((*writer)->finish(nullptr));
+    ASSERT_TRUE(projects.project()->store().adopt(key));
+    preview.selection()->setObject(projects.project()->store().path(key));
+    ASSERT_TRUE(viewer().picture());
+    EXPECT_FALSE(viewer().picture()->isText());
+
+    HVObjectInformation information(*projects.project()->store().open(key));
+    const auto text = [&information](const QString& label) {
+        const auto found = information.rows()->findItems(label, Qt::MatchExactly);
+        return found.isEmpty() ? QString() : information.rows()->item(found.first()->row(), 1)->text();
+    };
+    EXPECT_EQ(text("Range"), "-500 to 499");
+    EXPECT_TRUE(text("Crosslines").endsWith("1000")) << text("Crosslines").toStdString();
+    EXPECT_FALSE(information.viewer()->picture()->isText());
+    information.show();
+    ASSERT_TRUE(projects.project()->store().rename(key, "Larger"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return information.windowTitle() == "Larger - Information"; }));
+    EXPECT_TRUE(text("File").endsWith("Larger.svol"));
+    ASSERT_TRUE(projects.project()->store().remove({ObjectKind::Volume, "Larger"}));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !information.isVisible(); }));
 }
 
 TEST_F(Preview, followsTheFileOnTheDisk)
