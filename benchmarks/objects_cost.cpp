@@ -51,10 +51,7 @@ int main(int argc, char** argv)
     constexpr ObjectKind kind = ObjectKind::Horizon3d;
     double list = std::numeric_limits<double>::infinity();
     for (int round = 0; round < g_rounds; ++round) {
-        const auto project =
-            round == 0 ? HVProject::create(folder, QString(), nullptr) : HVProject::open(folder, nullptr);
-        if (!project)
-            return 1;
+        const auto project = *(round == 0 ? HVProject::create(folder, QString()) : HVProject::open(folder));
         if (round == 0) {
             QDir().mkpath(project->folder(kind));
             for (int i = 0; i < g_objects; ++i)
@@ -65,7 +62,7 @@ int main(int argc, char** argv)
     }
     report("list 100000 objects first", list);
 
-    const auto project = HVProject::open(folder, nullptr);
+    const auto project = *HVProject::open(folder);
     HVProjectBrowser browser;
     browser.resize(400, 600);
     browser.setProject(project.get());

@@ -88,11 +88,12 @@ void RecoveryCopy::writeNow()
     }
     const UnsavedText unsaved = m_content();
     const QJsonObject copy{{QStringLiteral("path"), unsaved.path}, {QStringLiteral("text"), unsaved.text}};
-    QString error;
     static bool told = false;
-    if (!hv::writeWholeFile(m_file, QJsonDocument(copy).toJson(), error) && !std::exchange(told, true))
-        HVEventBus::instance().sendMessage(MessageLevel::Warning,
-                                           tr("Unsaved scripts cannot be kept safe: %1: %2").arg(m_file, error));
+    const auto written = hv::writeWholeFile(m_file, QJsonDocument(copy).toJson());
+    if (!written && !std::exchange(told, true))
+        HVEventBus::instance().sendMessage(
+            MessageLevel::Warning,
+            tr("Unsaved scripts cannot be kept safe: %1: %2").arg(m_file, written.failure().sentence));
 }
 
 void RecoveryCopy::restoreLeftBehind(const std::function<void(const UnsavedText&)>& restore)

@@ -151,10 +151,12 @@ bool ScriptFile::import(const QString& path)
     return true;
 }
 
-bool ScriptFile::write(const QString& path, QString& error) const
+hv::Result<void> ScriptFile::write(const QString& path) const
 {
-    const QByteArray bytes = encodeScript(documentText(*m_view.document()), m_form, error);
-    return error.isEmpty() && hv::writeWholeFile(path, bytes, error);
+    const auto bytes = encodeScript(documentText(*m_view.document()), m_form);
+    if (!bytes)
+        return bytes.failure();
+    return hv::writeWholeFile(path, *bytes);
 }
 
 bool ScriptFile::mayOverwrite()
@@ -191,14 +193,13 @@ bool ScriptFile::save()
     } else if (!mayOverwrite()) {
         return false;
     }
-    QString error;
-    if (!write(m_path, error)) {
+    if (const auto written = write(m_path); !written) {
         const QString path = m_path;
         setPath(before); // the next save asks again
-        QMessageBox::information(
-            &m_view, g_boxTitle,
-            QStringLiteral("Unable to save file %1. The following error occurred: <b>%2</b>").arg(path, error),
-            QMessageBox::Ok);
+        QMessageBox::information(&m_view, g_boxTitle,
+                                 QStringLiteral("Unable to save file %1. The following error occurred: <b>%2</b>")
+                                     .arg(path, written.failure().sentence),
+                                 QMessageBox::Ok);
         return false;
     }
     m_watch.watch(m_path);

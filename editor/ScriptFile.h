@@ -53,7 +53,7 @@ private:
     bool read(const QString& path, bool undoable);
     void takeText(const ScriptText& script, bool undoable);
     void replaceText(const QString& text);
-    bool write(const QString& path, QString& error) const;
+    hv::Result<void> write(const QString& path) const;
     bool mayOverwrite();
     bool mayReplaceText(const QString& path);
     void readAgain();

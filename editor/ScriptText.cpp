@@ -26,20 +26,27 @@ QString tr(const char* text)
 /// UTF-8, nearly every file, is left to Qt, which is fast and does not wait for the interpreter.
 bool decode(const QByteArray& bytes, const QByteArray& encoding, QString& text)
 {
-    QString error;
-    if (!isUtf8(encoding))
-        return python::isScriptEncoding(encoding) && python::decodeText(bytes, encoding, text, error);
+    if (!isUtf8(encoding)) {
+        if (!python::isScriptEncoding(encoding))
+            return false;
+        const auto decoded = python::decodeText(bytes, encoding);
+        if (decoded)
+            text = *decoded;
+        return static_cast<bool>(decoded);
+    }
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
     return state.invalidChars == 0 && state.remainingChars == 0;
 }
 
-QByteArray encode(const QString& text, const QByteArray& encoding, QString& error)
+hv::Result<QByteArray> encode(const QString& text, const QByteArray& encoding)
 {
-    if (!isUtf8(encoding))
-        return python::encodeText(text, encoding, error);
-    error = text.isValidUtf16() ? QString() : tr("The text has half a character, which no encoding can store.");
-    return error.isEmpty() ? QByteArray("") + text.toUtf8() : QByteArray();
+    if (isUtf8(encoding)) {
+        if (!text.isValidUtf16())
+            return hv::Failure(tr("The text has half a character, which no encoding can store."));
+        return text.toUtf8();
+    }
+    return python::encodeText(text, encoding);
 }
 
 /// Makes all line ends "\n" and tells which most lines had.
@@ -89,22 +96,22 @@ ScriptText decodeScript(const QByteArray& bytes)
     return script;
 }
 
-QByteArray encodeScript(const QString& text, const TextForm& form, QString& error)
+hv::Result<QByteArray> encodeScript(const QString& text, const TextForm& form)
 {
     const python::ScriptCoding coding = python::codingOf(text.left(g_longestStart).toLatin1());
     const bool toldByComment = coding.named && coding.encoding != form.wrongComment &&
                                (isUtf8(coding.encoding) || python::isScriptEncoding(coding.encoding));
     QByteArray encoding = toldByComment ? coding.encoding : form.shownAsLatin1 ? "latin-1" : g_utf8;
-    QByteArray bytes = encode(text, encoding, error);
+    auto bytes = encode(text, encoding);
     // What was shown as Latin-1 may have grown beyond it.
-    if (bytes.isNull() && !toldByComment)
-        bytes = encode(text, encoding = g_utf8, error);
-    if (bytes.isNull())
+    if (!bytes && !toldByComment)
+        bytes = encode(text, encoding = g_utf8);
+    if (!bytes)
         return bytes;
     // Script encodings leave ASCII characters as they are.
     if (form.lineEnd != LineEnd::Lf)
-        bytes.replace("\n", form.lineEnd == LineEnd::CrLf ? "\r\n" : "\r");
-    return form.byteOrderMark && isUtf8(encoding) ? g_utf8Mark + bytes : bytes;
+        bytes->replace("\n", form.lineEnd == LineEnd::CrLf ? "\r\n" : "\r");
+    return form.byteOrderMark && isUtf8(encoding) ? g_utf8Mark + *bytes : *bytes;
 }
 
 QString documentText(const QTextDocument& document)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/core/Result.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -39,8 +41,8 @@ ScriptText decodeScript(const QByteArray& bytes);
 
 /// The bytes of `text` in `form`, in the encoding that its coding comment names now, else in UTF-8, so that Python
 /// reads what was written. A comment that was wrong from the start, or names what Python does not know, does not count.
-/// On failure the result is null and `error` says what cannot be stored.
-QByteArray encodeScript(const QString& text, const TextForm& form, QString& error);
+/// A failure says what cannot be stored.
+hv::Result<QByteArray> encodeScript(const QString& text, const TextForm& form);
 
 /// The document's text, lines separated by "\n", every other character as it is.
 QString documentText(const QTextDocument& document);

@@ -146,13 +146,12 @@ bool HVPythonPlugin::load()
         setErrorMessage(QStringLiteral("Designated startup file(%1) is not readable").arg(startupPath));
         return false;
     }
-    QString source;
-    QString error;
-    if (!python::readStartupFile(startupPath, source, error)) {
-        setErrorMessage(error);
+    const auto source = python::readStartupFile(startupPath);
+    if (!source) {
+        setErrorMessage(source.failure().sentence);
         return false;
     }
-    if (!executeAndRegister(startupPath, source)) {
+    if (!executeAndRegister(startupPath, *source)) {
         forgetTraces();
         return false;
     }
@@ -194,13 +193,12 @@ bool HVPythonPlugin::executeAndRegister(const QString& startupPath, const QStrin
 
 bool HVPythonPlugin::callRegister()
 {
-    QString error;
-    const bp::handle<> hook(bp::allow_null(python::findHook(pythonModule(), python::g_registerHook, error)));
+    const auto hook = python::findHook(pythonModule(), python::g_registerHook);
     if (!hook) {
-        setErrorMessage(error);
+        setErrorMessage(hook.failure().sentence);
         return false;
     }
-    switch (python::callHook(hook.get())) {
+    switch (python::callHook(hook->get())) {
     case HookResult::True:
         m_data.module->registered = true;
         return true;
@@ -247,13 +245,12 @@ bool HVPythonPlugin::callUnregister()
         const python::PluginSearchPath searchPath(searchPathEntry());
         if (!searchPath.isAdded())
             python::printPendingError();
-        QString error;
-        const bp::handle<> hook(bp::allow_null(python::findHook(pythonModule(), python::g_unregisterHook, error)));
+        const auto hook = python::findHook(pythonModule(), python::g_unregisterHook);
         if (!hook) {
-            setErrorMessage(error);
+            setErrorMessage(hook.failure().sentence);
             return false;
         }
-        answer = python::callHook(hook.get());
+        answer = python::callHook(hook->get());
     }
     // Without the lock: the dialog may stand for long, and other threads of scripts go on.
     switch (answer) {

@@ -45,31 +45,27 @@ void HVPythonPluginCollection::scan()
     for (const QFileInfo& entry : folder.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name)) {
         if (!QFileInfo::exists(entry.absoluteFilePath() + QStringLiteral("/plugin.info")))
             continue;
-        QString error;
-        HVPythonPlugin* plugin = add(entry.absoluteFilePath(), error);
-        if (plugin && !plugin->isLoaded())
-            plugin->initialize(entry.absoluteFilePath());
+        const auto plugin = add(entry.absoluteFilePath());
         if (!plugin)
-            HVEventBus::instance().sendMessage(MessageLevel::Error, error);
+            HVEventBus::instance().sendMessage(MessageLevel::Error, plugin.failure().sentence);
+        else if (!(*plugin)->isLoaded())
+            (*plugin)->initialize(entry.absoluteFilePath());
     }
     Q_EMIT changed();
 }
 
-HVPythonPlugin* HVPythonPluginCollection::add(const QString& directory, QString& error)
+hv::Result<HVPythonPlugin*> HVPythonPluginCollection::add(const QString& directory)
 {
     const QString folder = QDir::cleanPath(QDir(directory).absolutePath());
     auto plugin = std::make_unique<HVPythonPlugin>();
-    if (!plugin->initialize(folder)) {
-        error = plugin->errorMessage();
-        return nullptr;
-    }
+    if (!plugin->initialize(folder))
+        return hv::Failure(plugin->errorMessage());
     const auto [place, isNew] = m_plugins.try_emplace(plugin->name(), nullptr);
     if (!isNew) {
         if (QFileInfo(place->second->directory()) == QFileInfo(folder))
             return place->second;
-        error = QStringLiteral("A plug-in with the name %1 is there already: %2")
-                    .arg(place->first, place->second->directory());
-        return nullptr;
+        return hv::Failure(QStringLiteral("A plug-in with the name %1 is there already: %2")
+                               .arg(place->first, place->second->directory()));
     }
     place->second = plugin.release();
     Q_EMIT changed();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/core/Result.h"
 #include "plugins/HVPythonPlugin.h"
 
 #include <QObject>
@@ -30,9 +31,9 @@ public:
     /// passed over. Plug-ins that are not loaded are read anew and forgotten when their folder has gone.
     void scan();
 
-    /// The plug-in of the folder, which may be known already; null with a sentence in `error` when it has no readable
+    /// The plug-in of the folder, which may be known already. Fails when it has no readable
     /// metadata or another folder's plug-in bears the same name.
-    HVPythonPlugin* add(const QString& directory, QString& error);
+    hv::Result<HVPythonPlugin*> add(const QString& directory);
 
     /// As HVPythonPlugin, with the failure on the event bus.
     bool load(HVPythonPlugin& plugin);

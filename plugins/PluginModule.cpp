@@ -25,21 +25,17 @@ QByteArray freshModuleName(const QString& init)
     }
 }
 
-bool readStartupFile(const QString& path, QString& text, QString& error)
+hv::Result<QString> readStartupFile(const QString& path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        error = QStringLiteral("Error opening file %1: %2").arg(path, file.errorString());
-        return false;
-    }
+    if (!file.open(QIODevice::ReadOnly))
+        return hv::Failure(QStringLiteral("Error opening file %1: %2").arg(path, file.errorString()), path);
     const QByteArray bytes = file.readAll();
-    QString reason;
-    if (decodeScript(bytes, text, reason))
-        return true;
+    if (auto text = decodeScript(bytes))
+        return text;
     QTextStream stream(bytes);
     stream.setAutoDetectUnicode(true);
-    text = stream.readAll();
-    return true;
+    return stream.readAll();
 }
 
 HookResult callHook(PyObject* hook)
@@ -54,18 +50,15 @@ HookResult callHook(PyObject* hook)
                                       : HookResult::NotBool;
 }
 
-PyObject* findHook(PyObject* module, const HookName& hookName, QString& error)
+hv::Result<Ref> findHook(PyObject* module, const HookName& hookName)
 {
     Ref hook = Ref::steal(PyObject_GetAttrString(module, hookName.name));
     PyErr_Clear();
-    if (!hook) {
-        error = QLatin1String(hookName.notFound);
-        return nullptr;
-    }
-    if (PyCallable_Check(hook.get()))
-        return hook.release();
-    error = QLatin1String(hookName.notCallable);
-    return nullptr;
+    if (!hook)
+        return hv::Failure(QLatin1String(hookName.notFound));
+    if (!PyCallable_Check(hook.get()))
+        return hv::Failure(QLatin1String(hookName.notCallable));
+    return hook;
 }
 
 } // namespace python

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/core/Result.h"
 #include "runtime/Ref.h"
 
 #include <boost/python/detail/wrap_python.hpp>
@@ -38,8 +39,8 @@ private:
 QByteArray freshModuleName(const QString& init);
 
 /// The text of a startup file: Unicode by its byte-order mark, else what a coding comment names, else the locale's
-/// encoding. False with a text in `error` when the file cannot be opened. Takes the lock itself.
-bool readStartupFile(const QString& path, QString& text, QString& error);
+/// encoding. Fails when the file cannot be opened. Takes the lock itself.
+hv::Result<QString> readStartupFile(const QString& path);
 
 enum class HookResult
 {
@@ -63,7 +64,7 @@ inline constexpr HookName g_registerHook{"register", "'register' function not fo
 inline constexpr HookName g_unregisterHook{"unregister", "'unregister' function not found",
                                            "'unregister' must be a function"};
 
-/// The module's callable attribute as a new reference; null, nothing pending and a text in `error` else.
-PyObject* findHook(PyObject* module, const HookName& hookName, QString& error);
+/// The module's callable attribute. On a failure nothing is pending.
+hv::Result<Ref> findHook(PyObject* module, const HookName& hookName);
 
 } // namespace python

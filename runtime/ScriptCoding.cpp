@@ -102,36 +102,31 @@ bool isScriptEncoding(const QByteArray& encoding)
     return same;
 }
 
-bool decodeText(const QByteArray& bytes, const QByteArray& encoding, QString& text, QString& error)
+hv::Result<QString> decodeText(const QByteArray& bytes, const QByteArray& encoding)
 {
     const GilLock lock;
     const Ref decoded = Ref::steal(PyUnicode_Decode(bytes.constData(), bytes.size(), encoding.constData(), "strict"));
-    const bool isText = decoded && textFromPython(decoded.get(), text);
-    if (!isText)
-        error = takeErrorText();
-    return isText;
+    QString text;
+    if (!decoded || !textFromPython(decoded.get(), text))
+        return hv::Failure(takeErrorText());
+    return text;
 }
 
-QByteArray encodeText(const QString& text, const QByteArray& encoding, QString& error)
+hv::Result<QByteArray> encodeText(const QString& text, const QByteArray& encoding)
 {
     const GilLock lock;
     const Ref bytes = encoded(text, encoding);
-    if (!bytes) {
-        error = takeEncodingError(text, encoding);
-        return {};
-    }
-    error.clear();
-    return {PyBytes_AS_STRING(bytes.get()), static_cast<int>(PyBytes_GET_SIZE(bytes.get()))};
+    if (!bytes)
+        return hv::Failure(takeEncodingError(text, encoding));
+    return QByteArray(PyBytes_AS_STRING(bytes.get()), static_cast<int>(PyBytes_GET_SIZE(bytes.get())));
 }
 
-bool decodeScript(const QByteArray& bytes, QString& text, QString& error)
+hv::Result<QString> decodeScript(const QByteArray& bytes)
 {
     const ScriptCoding coding = codingOf(bytes);
-    if (coding.byteOrderMark && !isUtf8(coding.encoding)) {
-        error = QStringLiteral("encoding problem: %1 with BOM").arg(QString::fromLatin1(coding.encoding));
-        return false;
-    }
-    return decodeText(coding.byteOrderMark ? bytes.mid(g_markSize) : bytes, coding.encoding, text, error);
+    if (coding.byteOrderMark && !isUtf8(coding.encoding))
+        return hv::Failure(QStringLiteral("encoding problem: %1 with BOM").arg(QString::fromLatin1(coding.encoding)));
+    return decodeText(coding.byteOrderMark ? bytes.mid(g_markSize) : bytes, coding.encoding);
 }
 
 } // namespace python

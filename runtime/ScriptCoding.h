@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/core/Result.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -26,15 +28,14 @@ bool isUtf8(const QByteArray& encoding);
 /// it.
 bool isScriptEncoding(const QByteArray& encoding);
 
-/// The bytes' text; false with a sentence in `error` for bytes that are not text in that encoding.
-bool decodeText(const QByteArray& bytes, const QByteArray& encoding, QString& text, QString& error);
+/// The bytes' text. Fails for bytes that are not text in that encoding.
+hv::Result<QString> decodeText(const QByteArray& bytes, const QByteArray& encoding);
 
-/// The text's bytes, never null; null with a sentence in `error` when the encoding lacks one of its characters. The
-/// sentence names the line, counted from 1.
-QByteArray encodeText(const QString& text, const QByteArray& encoding, QString& error);
+/// The text's bytes. Fails when the encoding lacks one of its characters; the sentence names the line, counted from 1.
+hv::Result<QByteArray> encodeText(const QString& text, const QByteArray& encoding);
 
 /// The text of a whole file, without its byte order mark; otherwise as decodeText(). A coding comment that contradicts
 /// the mark is an error, as it is for the interpreter.
-bool decodeScript(const QByteArray& bytes, QString& text, QString& error);
+hv::Result<QString> decodeScript(const QByteArray& bytes);
 
 } // namespace python

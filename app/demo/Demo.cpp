@@ -35,10 +35,9 @@ int run(int argc, char** argv)
     }
     const QCoreApplication application(argc, argv);
     const QString folder = QString::fromLocal8Bit(argv[2]);
-    QString error;
     const auto tell = [](const QString& what) { std::printf("%s\n", what.toLocal8Bit().constData()); };
-    if (!makeProject(folder, tell, &error)) {
-        std::fprintf(stderr, "strativo: %s\n", error.toLocal8Bit().constData());
+    if (const auto made = makeProject(folder, tell); !made) {
+        std::fprintf(stderr, "strativo: %s\n", made.failure().sentence.toLocal8Bit().constData());
         return g_statusFailed;
     }
     std::printf("The project is in %s\n", argv[2]);

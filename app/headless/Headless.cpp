@@ -76,11 +76,10 @@ QString readScript(const CommandLine& line, Script& script)
 QString loadPlugins(HVPythonPluginCollection& plugins, const QStringList& folders)
 {
     for (const QString& folder : folders) {
-        QString error;
-        HVPythonPlugin* plugin = plugins.add(folder, error);
-        if (!plugin)
-            return error;
-        if (!plugin->load())
+        const auto added = plugins.add(folder);
+        if (!added)
+            return added.failure().sentence;
+        if (HVPythonPlugin* plugin = *added; !plugin->load())
             return QStringLiteral("cannot load the plug-in %1: %2")
                 .arg(folder, plugin->errorMessage().isEmpty() ? QStringLiteral("see the messages above")
                                                               : plugin->errorMessage());
@@ -91,34 +90,33 @@ QString loadPlugins(HVPythonPluginCollection& plugins, const QStringList& folder
 /// Opens the project, or makes one where there is nothing yet. A sentence when that fails, else empty.
 QString openProject(HVProjectService& projects, const QString& folder)
 {
-    QString error;
     const bool isNothing = !QFileInfo::exists(folder) || (QFileInfo(folder).isDir() && QDir(folder).isEmpty());
-    const bool opened = isNothing ? projects.create(folder, QString(), &error) : projects.open(folder, &error);
-    return opened ? QString() : error;
+    const auto opened = isNothing ? projects.create(folder, QString()) : projects.open(folder);
+    return opened ? QString() : opened.failure().sentence;
 }
 
-/// False after a message when the bytes are no text.
-bool decode(const Script& script, QString& code)
+/// Nothing, after a message, when the bytes are no text.
+std::optional<QString> decode(const Script& script)
 {
-    QString error;
-    if (python::decodeScript(script.source, code, error))
-        return true;
+    const auto code = python::decodeScript(script.source);
+    if (code)
+        return *code;
     std::fprintf(stderr, "strativo: %s is not text: %s; save it as UTF-8 or name its encoding in a coding comment\n",
-                 script.name.toLocal8Bit().constData(), error.toLocal8Bit().constData());
-    return false;
+                 script.name.toLocal8Bit().constData(), code.failure().sentence.toLocal8Bit().constData());
+    return std::nullopt;
 }
 
 int runScript(const HVPythonExecutionContext& context, const CommandLine& line, const Script& script,
               std::optional<python::ScriptArguments>& presented)
 {
-    QString code;
-    if (!decode(script, code))
+    const auto code = decode(script);
+    if (!code)
         return g_statusFailed;
     presented.emplace(QStringList(script.argument) + line.arguments, script.directory, script.file);
     if (line.source == CommandLine::Source::Module)
         context.executePythonModule(script.name);
     else // An empty program is a program; to the context no code at all means "nothing to run".
-        context.executePythonCode(code.isEmpty() ? QStringLiteral("\n") : code, nullptr, script.name);
+        context.executePythonCode(code->isEmpty() ? QStringLiteral("\n") : *code, nullptr, script.name);
     return context.lastExitStatus();
 }
 

@@ -141,9 +141,11 @@ private:
 QString crsFromText(const QString& text)
 {
     if (const int colon = text.indexOf(QLatin1Char(':')); colon > 0 && !QFileInfo::exists(text))
-        return georef::Crs::fromAuthority(text.left(colon), text.mid(colon + 1)).toWkt();
+        return georef::orNull(georef::Crs::fromAuthority(text.left(colon), text.mid(colon + 1))).toWkt();
     QFile file(text);
-    return file.open(QIODevice::ReadOnly) ? georef::Crs::fromWkt(QString::fromUtf8(file.readAll())).toWkt() : QString();
+    return file.open(QIODevice::ReadOnly)
+               ? georef::orNull(georef::Crs::fromWkt(QString::fromUtf8(file.readAll()))).toWkt()
+               : QString();
 }
 
 /// The sentence about what cannot be understood; empty when all can.

@@ -11,13 +11,13 @@ namespace {
 
 hv::Result<QString> inProject(const VolumePlace& place, bool isNew)
 {
-    QString error;
     const bool isNothing =
         !QFileInfo::exists(place.project) || (QFileInfo(place.project).isDir() && QDir(place.project).isEmpty());
-    const std::unique_ptr<HVProject> project = isNew && isNothing ? HVProject::create(place.project, QString(), &error)
-                                                                  : HVProject::open(place.project, &error);
-    if (!project)
-        return hv::Failure(error);
+    const auto opened =
+        isNew && isNothing ? HVProject::create(place.project, QString()) : HVProject::open(place.project);
+    if (!opened)
+        return opened.failure();
+    HVProject* const project = opened->get();
     if (!HVProject::isObjectName(place.name))
         return hv::Failure(QStringLiteral("\"%1\" cannot be the name of an object.").arg(place.name));
     const QString path = project->filename(ObjectKind::Volume, place.name);

@@ -143,12 +143,12 @@ void MainWindow::fillChangesDock()
 
 bool MainWindow::openProject(const QString& path)
 {
-    QString error;
-    if (projects()->open(path, &error)) {
+    const auto opened = projects()->open(path);
+    if (opened) {
         HVProjectService::addRecentProject(projects()->project()->path());
         return true;
     }
-    HVEventBus::instance().sendMessage(MessageLevel::Error, error, true);
+    HVEventBus::instance().sendMessage(MessageLevel::Error, opened.failure().sentence, true);
     return false;
 }
 

@@ -79,7 +79,7 @@ void NewProjectDialog::lookUpCrs()
     QString code = m_code->text().trimmed();
     if (code.startsWith(QLatin1String("EPSG:"), Qt::CaseInsensitive))
         code.remove(0, 5);
-    m_crs = code.isEmpty() ? georef::Crs() : georef::Crs::fromAuthority(QStringLiteral("EPSG"), code);
+    m_crs = code.isEmpty() ? georef::Crs() : georef::orNull(georef::Crs::fromAuthority(QStringLiteral("EPSG"), code));
     m_crsName->setText(m_crs.name());
     check();
 }

@@ -63,11 +63,10 @@ QByteArray openScripts(const MainWindow& window)
 
 void keepOpenScripts(const QByteArray& session)
 {
-    QString error;
-    if (!hv::writeWholeFile(sessionFile(), session, error))
+    if (const auto written = hv::writeWholeFile(sessionFile(), session); !written)
         HVEventBus::instance().sendMessage(
-            MessageLevel::Warning,
-            MainWindow::tr("The open scripts cannot be kept for the next session: %1: %2").arg(sessionFile(), error));
+            MessageLevel::Warning, MainWindow::tr("The open scripts cannot be kept for the next session: %1: %2")
+                                       .arg(sessionFile(), written.failure().sentence));
 }
 
 void restoreOpenScripts(MainWindow& window)

@@ -23,12 +23,11 @@ void PluginMenu::choosePlugin()
         QFileDialog::getExistingDirectory(&m_window, tr("Load Plug-in"), HVPythonPluginCollection::defaultDirectory());
     if (folder.isEmpty())
         return;
-    QString error;
-    HVPythonPlugin* plugin = m_plugins.add(folder, error);
+    const auto plugin = m_plugins.add(folder);
     if (!plugin)
-        complain(tr("The folder can not be used as a plug-in."), error);
-    else if (!plugin->isLoaded())
-        toggle(*plugin);
+        complain(tr("The folder can not be used as a plug-in."), plugin.failure().sentence);
+    else if (!(*plugin)->isLoaded())
+        toggle(**plugin);
 }
 
 void PluginMenu::fill(QMenu* menu)

@@ -50,15 +50,16 @@ void ProjectMenu::createProject()
     if (dialog.exec() != QDialog::Accepted)
         return;
     HVProjectService& projects = *m_window.projects();
-    QString error;
-    bool made = projects.create(dialog.folder(), dialog.name(), &error);
+    auto made = projects.create(dialog.folder(), dialog.name());
     if (made) {
         HVProjectService::addRecentProject(projects.project()->path());
-        made = (dialog.crs().isNull() || projects.project()->setCrs(dialog.crs(), &error)) &&
-               projects.project()->setDomain(dialog.domain(), &error);
+        if (!dialog.crs().isNull())
+            made = projects.project()->setCrs(dialog.crs());
+        if (made)
+            made = projects.project()->setDomain(dialog.domain());
     }
     if (!made)
-        HVEventBus::instance().sendMessage(MessageLevel::Error, error, true);
+        HVEventBus::instance().sendMessage(MessageLevel::Error, made.failure().sentence, true);
 }
 
 void ProjectMenu::chooseProject()

@@ -43,7 +43,9 @@ QString ScriptFiles::chooseScriptToSave(QWidget* parent, const QString& title, c
 {
     QString start = path;
     if (HVProject* project = m_projects.project(); project && start.isEmpty())
-        start = project->newFilename(ObjectKind::PythonScript, objectKindInfo(ObjectKind::PythonScript).singular);
+        if (const auto fresh =
+                project->newFilename(ObjectKind::PythonScript, objectKindInfo(ObjectKind::PythonScript).singular))
+            start = *fresh;
     if (start.isEmpty())
         start = folder();
     QString chosen = QFileDialog::getSaveFileName(parent, title, start, filter());

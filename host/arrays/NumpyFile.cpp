@@ -89,9 +89,10 @@ Result<void> writeNumpy(const VolumeFile& volume, const QString& path, JobContex
     const std::int64_t samples = header.sampleCount();
     const QByteArray head = headerText({header.inlines(), header.crosslines(), samples});
     PartFile part;
-    QString reason;
-    if (!part.open(path, reason) || !part.reserve(head.size() + *sampleBytes(header.space), reason))
-        return cannotWrite(path, Failure(reason));
+    if (const auto opened = part.open(path); !opened)
+        return cannotWrite(path, opened.failure());
+    if (const auto reserved = part.reserve(head.size() + *sampleBytes(header.space)); !reserved)
+        return cannotWrite(path, reserved.failure());
     if (Result<void> written = writeAt(part.descriptor(), head.constData(), head.size(), 0); !written)
         return cannotWrite(path, written.failure());
     const auto atOnce = static_cast<int>(std::clamp<std::int64_t>(g_blockFloats / samples, 1, header.crosslines()));
@@ -112,8 +113,8 @@ Result<void> writeNumpy(const VolumeFile& volume, const QString& path, JobContex
         }
         context.advance();
     }
-    if (!part.putInPlace(reason))
-        return cannotWrite(path, Failure(reason));
+    if (const auto done = part.putInPlace(); !done)
+        return cannotWrite(path, done.failure());
     return {};
 }
 

@@ -1,6 +1,5 @@
 #include "host/data/CollectingWriter.h"
 
-#include "host/formats/JsonFile.h"
 #include "host/formats/WholeFile.h"
 #include "host/services/HVEventBus.h"
 
@@ -37,87 +36,91 @@ CollectingWriter::~CollectingWriter()
         m_thread.request_stop();
         m_thread.join();
     }
-    QString error;
-    if (!flush(&error))
-        report(error);
+    if (const auto flushed = flush(); !flushed)
+        report(flushed.failure().sentence);
 }
 
-bool CollectingWriter::changed(const Lock& /*lock*/, qint64 growth, QString* error)
+Result<void> CollectingWriter::changed(const Lock& /*lock*/, qint64 growth)
 {
     const bool isRecent =
         m_sinceWrite.isValid() && !m_sinceWrite.hasExpired(std::chrono::milliseconds(g_quiet).count());
     if (isRecent || m_part.isOpen())
-        return collect(growth, error);
+        return collect(growth);
     const bool wasCollected = std::exchange(m_isCollected, true);
-    if (write(error))
-        return true;
-    m_isCollected = wasCollected;
-    return false;
+    auto written = write();
+    if (!written)
+        m_isCollected = wasCollected;
+    return written;
 }
 
-bool CollectingWriter::collect(qint64 growth, QString* error)
+Result<void> CollectingWriter::collect(qint64 growth)
 {
-    QString reason;
-    if ((!m_part.isOpen() && !m_part.open(m_path, reason)) || !takeRoom(growth, reason)) {
+    auto prepared = m_part.isOpen() ? Result<void>() : m_part.open(m_path);
+    if (prepared)
+        prepared = takeRoom(growth);
+    if (!prepared) {
         if (!m_isCollected)
             m_part.discard();
-        return failed(error, reason);
+        return failed(prepared.failure());
     }
     m_isCollected = true;
     if (!std::exchange(m_isWaiting, true))
         m_thread = std::jthread([this](const std::stop_token& stop) { writeLater(stop); });
-    return true;
+    return {};
 }
 
-bool CollectingWriter::takeRoom(qint64 growth, QString& reason)
+Result<void> CollectingWriter::takeRoom(qint64 growth)
 {
     qint64 needed = m_needed + growth;
-    if (!m_part.reserve((needed + g_block - 1) / g_block * g_block, reason)) {
+    if (!m_part.reserve((needed + g_block - 1) / g_block * g_block)) {
         // The last blocks of a disk deserve the trouble of looking what is needed really.
         needed = m_content().size();
-        if (!m_part.reserve(needed, reason))
-            return false;
+        if (auto reserved = m_part.reserve(needed); !reserved)
+            return reserved;
     }
     m_needed = needed;
-    return true;
+    return {};
 }
 
-bool CollectingWriter::flush(QString* error)
+Result<void> CollectingWriter::flush()
 {
     const Lock held = lock();
-    return !m_isCollected || write(error);
+    return m_isCollected ? write() : Result<void>();
 }
 
-bool CollectingWriter::write(QString* error)
+Result<void> CollectingWriter::write()
 {
     m_sinceWrite.invalidate();
     const QString folder = QFileInfo(m_path).path();
     if (!QDir().mkpath(folder)) {
         m_part.discard();
-        return fail(error, QStringLiteral("Unable to create the folder '%1'.").arg(QDir::toNativeSeparators(folder)));
+        return Failure(QStringLiteral("Unable to create the folder '%1'.").arg(QDir::toNativeSeparators(folder)),
+                       folder);
     }
     const QByteArray bytes = m_content();
-    QString reason;
-    if (!writeBytes(bytes, reason))
-        return failed(error, reason);
+    if (const auto written = writeBytes(bytes); !written)
+        return failed(written.failure());
     m_isCollected = false;
     m_needed = bytes.size();
     const QFileInfo written(m_path);
     m_stamp = written.lastModified();
     m_fileSize = written.size();
     m_sinceWrite.start();
-    return true;
+    return {};
 }
 
-bool CollectingWriter::writeBytes(const QByteArray& bytes, QString& reason)
+Result<void> CollectingWriter::writeBytes(const QByteArray& bytes)
 {
     // The room that is taken already may have gone with the folder that it was in.
-    return (m_part.isOpen() && m_part.commit(bytes, reason)) || writeWholeFile(m_path, bytes, reason);
+    if (m_part.isOpen() && m_part.commit(bytes))
+        return {};
+    return writeWholeFile(m_path, bytes);
 }
 
-bool CollectingWriter::failed(QString* error, const QString& reason) const
+Failure CollectingWriter::failed(const Failure& cause) const
 {
-    return fail(error, QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(m_path), reason));
+    return Failure(QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(m_path), cause.sentence),
+                   m_path);
 }
 
 void CollectingWriter::writeLater(const std::stop_token& stop)
@@ -127,9 +130,12 @@ void CollectingWriter::writeLater(const std::stop_token& stop)
     std::chrono::milliseconds pause = g_quiet;
     while (m_isCollected && !stop.stop_requested()) {
         m_stopped.wait_for(held, stop, pause, [] { return false; });
-        QString error;
-        if (stop.stop_requested() || !m_isCollected || write(&error))
+        if (stop.stop_requested() || !m_isCollected)
             break;
+        const auto written = write();
+        if (written)
+            break;
+        const QString error = written.failure().sentence;
         if (std::exchange(reported, error) != error) {
             held.unlock();
             report(error);

@@ -37,22 +37,22 @@ public:
     const QString& path() const { return m_path; }
     Lock lock() { return Lock(m_mutex); }
 
-    /// The owner has changed its content, which grew by `growth` bytes at most. False with a sentence when the change
-    /// cannot be written; the owner then takes it back before it lets the lock go. `lock` is held.
-    bool changed(const Lock& lock, qint64 growth, QString* error);
+    /// The owner has changed its content, which grew by `growth` bytes at most. Fails when the change cannot be
+    /// written; the owner then takes it back before it lets the lock go. `lock` is held.
+    Result<void> changed(const Lock& lock, qint64 growth);
     /// Writes what is collected.
-    bool flush(QString* error);
+    Result<void> flush();
 
     /// Whether somebody else has changed the file since it was read or written here; never while something is
     /// collected. From then on the file as it is counts as read. `lock` is held.
     bool isForeign(const Lock& lock);
 
 private:
-    bool collect(qint64 growth, QString* error);
-    bool takeRoom(qint64 growth, QString& reason);
-    bool write(QString* error);
-    bool writeBytes(const QByteArray& bytes, QString& reason);
-    bool failed(QString* error, const QString& reason) const;
+    Result<void> collect(qint64 growth);
+    Result<void> takeRoom(qint64 growth);
+    Result<void> write();
+    Result<void> writeBytes(const QByteArray& bytes);
+    Failure failed(const Failure& cause) const;
     void writeLater(const std::stop_token& stop);
 
     const QString m_path;

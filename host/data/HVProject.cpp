@@ -53,27 +53,23 @@ HVProject::HVProject(QString path, QJsonObject settings)
 
 HVProject::~HVProject() = default;
 
-std::unique_ptr<HVProject> HVProject::create(const QString& folder, const QString& name, QString* error)
+hv::Result<std::unique_ptr<HVProject>> HVProject::create(const QString& folder, const QString& name)
 {
     const QDir directory(absolute(folder));
     const QString path = directory.absolutePath();
-    if (QFileInfo::exists(directory.filePath(projectFileName()))) {
-        hv::fail(error, tr("There is a project in '%1' already.").arg(shown(path)));
-        return nullptr;
-    }
+    if (QFileInfo::exists(directory.filePath(projectFileName())))
+        return hv::Failure(tr("There is a project in '%1' already.").arg(shown(path)));
     const bool isNew = !QFileInfo::exists(path);
-    if (!directory.mkpath(QStringLiteral("."))) {
-        hv::fail(error, tr("Unable to create the folder '%1'.").arg(shown(path)));
-        return nullptr;
-    }
+    if (!directory.mkpath(QStringLiteral(".")))
+        return hv::Failure(tr("Unable to create the folder '%1'.").arg(shown(path)));
     const QJsonObject settings{{g_versionKey, QStringLiteral("%1.0").arg(g_formatMajor)},
                                {g_nameKey, name.isEmpty() ? directory.dirName() : name},
                                {g_horizontalUnitKey, hv::unitName(georef::Unit::Meters)},
                                {g_domainKey, hv::domainName(georef::Domain::Time)}};
-    if (!hv::writeJsonFile(directory.filePath(projectFileName()), settings, error)) {
+    if (const auto written = hv::writeJsonFile(directory.filePath(projectFileName()), settings); !written) {
         if (isNew)
             directory.rmdir(QStringLiteral("."));
-        return nullptr;
+        return written.failure();
     }
     return std::unique_ptr<HVProject>(new HVProject(path, settings));
 }
@@ -84,31 +80,26 @@ hv::Result<std::unique_ptr<HVProject>> HVProject::look(const QString& path)
     const QFileInfo info(folder);
     if (info.isFile() && info.fileName() == projectFileName())
         folder = info.path();
-    QString problem;
-    QJsonObject settings;
     if (!QFileInfo::exists(folder))
-        problem = tr("There is no folder '%1'.").arg(shown(folder));
-    else if (!QFileInfo(folder).isDir())
-        problem = tr("'%1' is not a project: it is not a folder.").arg(shown(folder));
-    else if (!QFileInfo::exists(QDir(folder).filePath(projectFileName())))
-        problem = tr("'%1' is not a project: it has no file '%2'.").arg(shown(folder), projectFileName());
-    else
-        hv::readJsonFile(QDir(folder).filePath(projectFileName()), g_formatMajor, settings, &problem);
-    if (!problem.isEmpty())
-        return hv::Failure(problem);
-    return std::unique_ptr<HVProject>(new HVProject(folder, settings));
+        return hv::Failure(tr("There is no folder '%1'.").arg(shown(folder)));
+    if (!QFileInfo(folder).isDir())
+        return hv::Failure(tr("'%1' is not a project: it is not a folder.").arg(shown(folder)));
+    const QString file = QDir(folder).filePath(projectFileName());
+    if (!QFileInfo::exists(file))
+        return hv::Failure(tr("'%1' is not a project: it has no file '%2'.").arg(shown(folder), projectFileName()));
+    const auto settings = hv::readJsonFile(file, g_formatMajor);
+    if (!settings)
+        return settings.failure();
+    return std::unique_ptr<HVProject>(new HVProject(folder, *settings));
 }
 
-std::unique_ptr<HVProject> HVProject::open(const QString& path, QString* error)
+hv::Result<std::unique_ptr<HVProject>> HVProject::open(const QString& path)
 {
-    auto seen = look(path);
-    if (!seen) {
-        hv::fail(error, seen.failure().sentence);
-        return nullptr;
+    auto project = look(path);
+    if (project) {
+        removeRemains((*project)->path());
+        hv::Trash((*project)->path()).tidy();
     }
-    std::unique_ptr<HVProject> project = *std::move(seen);
-    removeRemains(project->path());
-    hv::Trash(project->path()).tidy();
     return project;
 }
 
@@ -124,53 +115,48 @@ public:
     SettingChange(HVProject& project, QString key, QJsonValue before, QJsonValue after)
         : m_project(project), m_key(std::move(key)), m_before(std::move(before)), m_after(std::move(after))
     {}
-    hv::Result<void> undo() override { return set(m_before); }
-    hv::Result<void> redo() override { return set(m_after); }
+    hv::Result<void> undo() override { return m_project.writeSetting(m_key, m_before); }
+    hv::Result<void> redo() override { return m_project.writeSetting(m_key, m_after); }
 
 private:
-    hv::Result<void> set(const QJsonValue& value)
-    {
-        QString error;
-        if (m_project.writeSetting(m_key, value, &error))
-            return {};
-        return hv::Failure(error);
-    }
-
     HVProject& m_project;
     QString m_key;
     QJsonValue m_before;
     QJsonValue m_after;
 };
 
-bool HVProject::change(const QString& key, const QJsonValue& value, const QString& text, QString* error)
+hv::Result<void> HVProject::change(const QString& key, const QJsonValue& value, const QString& text)
 {
     const QJsonValue before = m_settings.value(key);
-    if (!writeSetting(key, value, error))
-        return false;
-    if (before != value)
+    auto written = writeSetting(key, value);
+    if (written && before != value)
         m_changes.record(std::make_unique<SettingChange>(*this, key, before, value), text);
-    return true;
+    return written;
 }
 
-bool HVProject::writeSetting(const QString& key, const QJsonValue& value, QString* error)
+hv::Result<void> HVProject::writeSetting(const QString& key, const QJsonValue& value)
 {
     // What somebody else has changed since then, in a text editor or by an update from version control, is kept.
     QJsonObject settings = m_settings;
-    if (QFileInfo::exists(file()) && !hv::readJsonFile(file(), g_formatMajor, settings, error))
-        return false;
+    if (QFileInfo::exists(file())) {
+        const auto read = hv::readJsonFile(file(), g_formatMajor);
+        if (!read)
+            return read.failure();
+        settings = *read;
+    }
     if (value.isUndefined())
         settings.remove(key);
     else
         settings.insert(key, value);
-    if (!hv::writeJsonFile(file(), settings, error))
-        return false;
+    if (auto written = hv::writeJsonFile(file(), settings); !written)
+        return written;
     m_settings = settings;
     m_crs.reset();
     if (key == g_crsKey)
         Q_EMIT crsChanged();
     else
         Q_EMIT settingsChanged();
-    return true;
+    return {};
 }
 
 QString HVProject::name() const
@@ -179,29 +165,30 @@ QString HVProject::name() const
     return name.isEmpty() ? QDir(m_path).dirName() : name;
 }
 
-bool HVProject::setName(const QString& name, QString* error)
+hv::Result<void> HVProject::setName(const QString& name)
 {
-    return change(g_nameKey, name, tr("Project Name"), error);
+    return change(g_nameKey, name, tr("Project Name"));
 }
 
 georef::Crs HVProject::crs() const
 {
     if (!m_crs) {
         const QString wkt = m_settings.value(g_crsKey).toString();
-        QString error;
-        m_crs = wkt.isEmpty() ? georef::Crs() : georef::Crs::fromWkt(wkt, &error);
-        if (!error.isEmpty() && m_crs->isNull())
+        const auto read = wkt.isEmpty() ? georef::Crs() : georef::Crs::fromWkt(wkt);
+        m_crs = georef::orNull(read);
+        if (!read)
             HVEventBus::instance().sendMessage(
-                MessageLevel::Error, tr("The reference system in '%1' cannot be read: %2").arg(shown(file()), error),
+                MessageLevel::Error,
+                tr("The reference system in '%1' cannot be read: %2").arg(shown(file()), read.failure().sentence),
                 true);
     }
     return *m_crs;
 }
 
-bool HVProject::setCrs(const georef::Crs& crs, QString* error)
+hv::Result<void> HVProject::setCrs(const georef::Crs& crs)
 {
     return change(g_crsKey, crs.isNull() ? QJsonValue(QJsonValue::Undefined) : QJsonValue(crs.toWkt()),
-                  tr("Reference System"), error);
+                  tr("Reference System"));
 }
 
 georef::Unit HVProject::horizontalUnit() const
@@ -209,9 +196,9 @@ georef::Unit HVProject::horizontalUnit() const
     return hv::unitFromName(m_settings.value(g_horizontalUnitKey).toString()).value_or(georef::Unit::Meters);
 }
 
-bool HVProject::setHorizontalUnit(georef::Unit unit, QString* error)
+hv::Result<void> HVProject::setHorizontalUnit(georef::Unit unit)
 {
-    return change(g_horizontalUnitKey, hv::unitName(unit), tr("Horizontal Unit"), error);
+    return change(g_horizontalUnitKey, hv::unitName(unit), tr("Horizontal Unit"));
 }
 
 georef::Unit HVProject::verticalUnit() const
@@ -220,9 +207,9 @@ georef::Unit HVProject::verticalUnit() const
     return hv::unitFromName(m_settings.value(g_verticalUnitKey).toString()).value_or(usual);
 }
 
-bool HVProject::setVerticalUnit(georef::Unit unit, QString* error)
+hv::Result<void> HVProject::setVerticalUnit(georef::Unit unit)
 {
-    return change(g_verticalUnitKey, hv::unitName(unit), tr("Vertical Unit"), error);
+    return change(g_verticalUnitKey, hv::unitName(unit), tr("Vertical Unit"));
 }
 
 georef::Domain HVProject::domain() const
@@ -230,9 +217,9 @@ georef::Domain HVProject::domain() const
     return hv::domainFromName(m_settings.value(g_domainKey).toString()).value_or(georef::Domain::Time);
 }
 
-bool HVProject::setDomain(georef::Domain domain, QString* error)
+hv::Result<void> HVProject::setDomain(georef::Domain domain)
 {
-    return change(g_domainKey, hv::domainName(domain), tr("Domain"), error);
+    return change(g_domainKey, hv::domainName(domain), tr("Domain"));
 }
 
 QStringList HVProject::objectNames(ObjectKind kind)
@@ -273,16 +260,12 @@ QStringList HVProject::objectsInDirectory(ObjectKind kind, const QString& direct
     return names;
 }
 
-QString HVProject::newFilename(ObjectKind kind, const QString& name, QString* error)
+hv::Result<QString> HVProject::newFilename(ObjectKind kind, const QString& name)
 {
-    if (!isObjectName(name)) {
-        hv::fail(error, tr("'%1' cannot be the name of an object.").arg(name));
-        return {};
-    }
-    if (const auto made = m_store.ensureFolder(kind); !made) {
-        hv::fail(error, made.failure().sentence);
-        return {};
-    }
+    if (!isObjectName(name))
+        return hv::Failure(tr("'%1' cannot be the name of an object.").arg(name));
+    if (const auto made = m_store.ensureFolder(kind); !made)
+        return made.failure();
     QString path = filename(kind, name);
     for (int number = 2; QFileInfo::exists(path); ++number)
         path = filename(kind, QStringLiteral("%1 %2").arg(name, QString::number(number)));
@@ -304,30 +287,28 @@ std::optional<hv::ObjectKey> HVProject::keyOf(const QString& filename) const
     return kind ? std::optional(hv::ObjectKey{*kind, QFileInfo(filename).completeBaseName()}) : std::nullopt;
 }
 
-bool HVProject::renameObject(ObjectKind kind, const QString& name, const QString& newName, QString* error)
+hv::Result<void> HVProject::renameObject(ObjectKind kind, const QString& name, const QString& newName)
 {
     if (name == newName)
-        return true;
+        return {};
     const hv::ChangeScope step(&m_changes, tr("Rename %1").arg(hv::shown({kind, name})));
-    if (const auto renamed = m_store.rename({kind, name}, newName); !renamed)
-        return hv::fail(error, renamed.failure().sentence);
-    if (directories(kind).renameObject(name, newName, error))
-        return true;
-    static_cast<void>(m_store.rename({kind, newName}, name));
-    return false;
+    if (auto renamed = m_store.rename({kind, name}, newName); !renamed)
+        return renamed;
+    auto filed = directories(kind).renameObject(name, newName);
+    if (!filed)
+        static_cast<void>(m_store.rename({kind, newName}, name));
+    return filed;
 }
 
-bool HVProject::removeObject(ObjectKind kind, const QString& name, Removal removal, QString* error)
+hv::Result<void> HVProject::removeObject(ObjectKind kind, const QString& name, Removal removal)
 {
     const hv::ObjectKey key{kind, name};
     const hv::ChangeScope step(&m_changes, tr("Delete %1").arg(hv::shown(key)));
-    const auto removed = removal == Removal::ToTrash ? m_store.remove(key) : m_store.removeForGood(key);
-    if (!removed)
-        return hv::fail(error, removed.failure().sentence);
+    auto removed = removal == Removal::ToTrash ? m_store.remove(key) : m_store.removeForGood(key);
     // Its place in a virtual directory stays, so that it is back where it was when it comes back from the trash.
-    if (removal == Removal::Permanent)
-        directories(kind).unfileObjects({name});
-    return true;
+    if (removed && removal == Removal::Permanent)
+        static_cast<void>(directories(kind).unfileObjects({name}));
+    return removed;
 }
 
 HVVirtualDirectories& HVProject::directories(ObjectKind kind)

@@ -38,9 +38,9 @@ public:
 
     /// A new project in `folder`, which is made when missing; objects that lie there already belong to it. Refused
     /// where there is a project. An empty name takes the folder's.
-    static std::unique_ptr<HVProject> create(const QString& folder, const QString& name, QString* error);
+    static hv::Result<std::unique_ptr<HVProject>> create(const QString& folder, const QString& name);
     /// `path` is the folder or the project file in it.
-    static std::unique_ptr<HVProject> open(const QString& path, QString* error);
+    static hv::Result<std::unique_ptr<HVProject>> open(const QString& path);
     /// The same for whoever only wants to see it: clears nothing that killed programs have left, and no trash.
     static hv::Result<std::unique_ptr<HVProject>> look(const QString& path);
     ~HVProject() override;
@@ -49,20 +49,20 @@ public:
     QString path() const { return m_path; }
 
     QString name() const;
-    bool setName(const QString& name, QString* error = nullptr);
+    hv::Result<void> setName(const QString& name);
     /// Null when there is none or its text cannot be read; the text in the file stays then.
     georef::Crs crs() const;
     bool hasCrs() const { return !crs().isNull(); }
-    bool setCrs(const georef::Crs& crs, QString* error = nullptr);
+    hv::Result<void> setCrs(const georef::Crs& crs);
     /// Unit of map coordinates. Metres unless stated.
     georef::Unit horizontalUnit() const;
-    bool setHorizontalUnit(georef::Unit unit, QString* error = nullptr);
+    hv::Result<void> setHorizontalUnit(georef::Unit unit);
     /// Unit of the vertical axis. Unless stated milliseconds in time, metres in depth.
     georef::Unit verticalUnit() const;
-    bool setVerticalUnit(georef::Unit unit, QString* error = nullptr);
+    hv::Result<void> setVerticalUnit(georef::Unit unit);
     /// What the vertical axis measures. Time unless stated.
     georef::Domain domain() const;
-    bool setDomain(georef::Domain domain, QString* error = nullptr);
+    hv::Result<void> setDomain(georef::Domain domain);
 
     /// Absolute path of the kind's folder, which need not exist.
     QString folder(ObjectKind kind) const { return m_store.folder(kind); }
@@ -84,19 +84,19 @@ public:
     /// Where the object of this name lies, or would lie; empty for an impossible name.
     QString filename(ObjectKind kind, const QString& name) { return m_store.path({kind, name}); }
     /// A path that no object has yet: of `name`, or of "name 2", "name 3"... The kind's folder exists afterwards.
-    QString newFilename(ObjectKind kind, const QString& name, QString* error = nullptr);
+    hv::Result<QString> newFilename(ObjectKind kind, const QString& name);
     /// The kind of a file in one of the project's folders.
     std::optional<ObjectKind> kindOf(const QString& filename) const;
     /// The object that such a file is, or would be.
     std::optional<hv::ObjectKey> keyOf(const QString& filename) const;
 
-    bool renameObject(ObjectKind kind, const QString& name, const QString& newName, QString* error = nullptr);
+    hv::Result<void> renameObject(ObjectKind kind, const QString& name, const QString& newName);
     enum class Removal
     {
         ToTrash,   ///< the project's own, from which undo brings it back to where it was
         Permanent, ///< out of its virtual directory too
     };
-    bool removeObject(ObjectKind kind, const QString& name, Removal removal, QString* error = nullptr);
+    hv::Result<void> removeObject(ObjectKind kind, const QString& name, Removal removal);
 
     HVVirtualDirectories& directories(ObjectKind kind);
     /// Names of all kinds' virtual directories, each once.
@@ -117,8 +117,8 @@ private:
 
     QString file() const;
     class SettingChange;
-    bool change(const QString& key, const QJsonValue& value, const QString& text, QString* error);
-    bool writeSetting(const QString& key, const QJsonValue& value, QString* error);
+    hv::Result<void> change(const QString& key, const QJsonValue& value, const QString& text);
+    hv::Result<void> writeSetting(const QString& key, const QJsonValue& value);
     QString m_path;
     QJsonObject m_settings;
     mutable std::optional<georef::Crs> m_crs; // made when first asked for: PROJ takes a moment to load

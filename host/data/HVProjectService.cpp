@@ -27,22 +27,22 @@ HVProjectService* HVProjectService::current()
     return g_current;
 }
 
-bool HVProjectService::open(const QString& path, QString* error)
+hv::Result<void> HVProjectService::open(const QString& path)
 {
-    auto project = HVProject::open(path, error);
-    if (!project)
-        return false;
-    replace(std::move(project));
-    return true;
+    return take(HVProject::open(path));
 }
 
-bool HVProjectService::create(const QString& folder, const QString& name, QString* error)
+hv::Result<void> HVProjectService::create(const QString& folder, const QString& name)
 {
-    auto project = HVProject::create(folder, name, error);
+    return take(HVProject::create(folder, name));
+}
+
+hv::Result<void> HVProjectService::take(hv::Result<std::unique_ptr<HVProject>> project)
+{
     if (!project)
-        return false;
-    replace(std::move(project));
-    return true;
+        return project.failure();
+    replace(std::move(*project));
+    return {};
 }
 
 void HVProjectService::close()

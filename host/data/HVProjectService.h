@@ -24,9 +24,8 @@ public:
     /// Null when none is open. Whoever keeps it longer than a call keeps a QPointer.
     HVProject* project() const { return m_project.get(); }
 
-    /// These report a failure by their result and `error`, one sentence.
-    bool open(const QString& path, QString* error = nullptr);
-    bool create(const QString& folder, const QString& name, QString* error = nullptr);
+    hv::Result<void> open(const QString& path);
+    hv::Result<void> create(const QString& folder, const QString& name);
     void close();
 
     /// Folders of the projects opened last, newest first, kept in the settings. Filled by whoever opens
@@ -43,6 +42,7 @@ Q_SIGNALS:
     void projectChanged(HVProject* project);
 
 private:
+    hv::Result<void> take(hv::Result<std::unique_ptr<HVProject>> project);
     void replace(std::unique_ptr<HVProject> project);
 
     std::unique_ptr<HVProject> m_project;

@@ -40,17 +40,23 @@ HVVirtualDirectories::HVVirtualDirectories(const QString& path, hv::ChangeLog* l
       m_file(path, [this] { return QJsonDocument(toJson()).toJson(QJsonDocument::Indented); })
 {}
 
-bool HVVirtualDirectories::load(QString* error)
+hv::Result<void> HVVirtualDirectories::load()
 {
     const auto lock = m_file.lock();
     if (m_file.isForeign(lock)) {
         m_problem.clear();
         QJsonObject object;
-        if (QFileInfo::exists(m_file.path()) && !hv::readJsonFile(m_file.path(), g_formatMajor, object, &m_problem))
-            HVEventBus::instance().sendMessage(MessageLevel::Error, m_problem, true);
+        if (QFileInfo::exists(m_file.path())) {
+            if (auto read = hv::readJsonFile(m_file.path(), g_formatMajor)) {
+                object = *read;
+            } else {
+                m_problem = read.failure().sentence;
+                HVEventBus::instance().sendMessage(MessageLevel::Error, m_problem, true);
+            }
+        }
         m_state = fromJson(object);
     }
-    return m_problem.isEmpty() || hv::fail(error, m_problem);
+    return m_problem.isEmpty() ? hv::Result<void>() : hv::Failure(m_problem);
 }
 
 HVVirtualDirectories::State HVVirtualDirectories::fromJson(QJsonObject object)
@@ -120,10 +126,11 @@ public:
 private:
     hv::Result<void> exchange(const State& now, const State& next)
     {
-        QString error = tr("Somebody else has changed the folders.");
-        if (m_directories.load(&error) && m_directories.m_state == now && m_directories.replace(next, &error))
-            return {};
-        return hv::Failure(error);
+        if (auto loaded = m_directories.load(); !loaded)
+            return loaded;
+        if (m_directories.m_state != now)
+            return hv::Failure(tr("Somebody else has changed the folders."));
+        return m_directories.replace(next);
     }
 
     HVVirtualDirectories& m_directories;
@@ -144,10 +151,8 @@ public:
 private:
     hv::Result<void> set(const Places& places)
     {
-        QString error;
-        if (m_directories.load(&error) && m_directories.place(places, &error))
-            return {};
-        return hv::Failure(error);
+        auto loaded = m_directories.load();
+        return loaded ? m_directories.place(places) : loaded;
     }
 
     HVVirtualDirectories& m_directories;
@@ -155,28 +160,26 @@ private:
     Places m_after;
 };
 
-bool HVVirtualDirectories::change(State next, const QString& text, QString* error)
+hv::Result<void> HVVirtualDirectories::change(State next, const QString& text)
 {
     State before = m_state;
-    if (!replace(std::move(next), error))
-        return false;
-    if (m_log)
+    auto replaced = replace(std::move(next));
+    if (replaced && m_log)
         m_log->record(std::make_unique<StateChange>(*this, std::move(before)), text);
-    return true;
+    return replaced;
 }
 
-bool HVVirtualDirectories::change(const Places& places, const QString& text, QString* error)
+hv::Result<void> HVVirtualDirectories::change(const Places& places, const QString& text)
 {
     Places before;
     for (auto it = places.begin(); it != places.end(); ++it)
         before.insert(it.key(), m_state.directoryOf.value(it.key()));
     if (before == places)
-        return true;
-    if (!place(places, error))
-        return false;
-    if (m_log)
+        return {};
+    auto placed = place(places);
+    if (placed && m_log)
         m_log->record(std::make_unique<PlacesChange>(*this, std::move(before), places), text);
-    return true;
+    return placed;
 }
 
 qint64 HVVirtualDirectories::mostBytes(const State& state)
@@ -189,19 +192,19 @@ qint64 HVVirtualDirectories::mostBytes(const State& state)
     return bytes;
 }
 
-bool HVVirtualDirectories::replace(State next, QString* error)
+hv::Result<void> HVVirtualDirectories::replace(State next)
 {
     const qint64 growth = std::max<qint64>(0, mostBytes(next) - mostBytes(m_state));
     {
         const auto lock = m_file.lock();
         std::swap(m_state, next);
-        if (!m_file.changed(lock, growth, error)) {
+        if (auto written = m_file.changed(lock, growth); !written) {
             std::swap(m_state, next);
-            return false;
+            return written;
         }
     }
     Q_EMIT changed();
-    return true;
+    return {};
 }
 
 void HVVirtualDirectories::put(const Places& places)
@@ -214,7 +217,7 @@ void HVVirtualDirectories::put(const Places& places)
     }
 }
 
-bool HVVirtualDirectories::place(const Places& places, QString* error)
+hv::Result<void> HVVirtualDirectories::place(const Places& places)
 {
     // Not by way of replace(): a copy of all places for each single object would make filing one by one quadratic.
     Places before;
@@ -224,22 +227,22 @@ bool HVVirtualDirectories::place(const Places& places, QString* error)
         growth += ::mostBytes(it.key());
     }
     if (before == places)
-        return true;
+        return {};
     {
         const auto lock = m_file.lock();
         put(places);
-        if (!m_file.changed(lock, growth, error)) {
+        if (auto written = m_file.changed(lock, growth); !written) {
             put(before);
-            return false;
+            return written;
         }
     }
     Q_EMIT changed();
-    return true;
+    return {};
 }
 
 QStringList HVVirtualDirectories::directories()
 {
-    load();
+    refresh();
     QStringList names;
     for (const Directory& directory : m_state.directories)
         names << directory.name;
@@ -248,14 +251,14 @@ QStringList HVVirtualDirectories::directories()
 
 bool HVVirtualDirectories::contains(const QString& directory)
 {
-    load();
+    refresh();
     return std::any_of(m_state.directories.begin(), m_state.directories.end(),
                        [&](const Directory& each) { return each.name == directory; });
 }
 
 QString HVVirtualDirectories::parentOf(const QString& directory)
 {
-    load();
+    refresh();
     for (const Directory& each : m_state.directories)
         if (each.name == directory)
             return each.parent;
@@ -264,7 +267,7 @@ QString HVVirtualDirectories::parentOf(const QString& directory)
 
 QStringList HVVirtualDirectories::objects(const QString& directory)
 {
-    load();
+    refresh();
     QStringList names;
     // Constant: the writing thread may be reading just now, and nothing may detach.
     for (auto it = m_state.directoryOf.constBegin(); it != m_state.directoryOf.constEnd(); ++it)
@@ -275,37 +278,37 @@ QStringList HVVirtualDirectories::objects(const QString& directory)
 
 QString HVVirtualDirectories::directoryOf(const QString& object)
 {
-    load();
+    refresh();
     return m_state.directoryOf.value(object);
 }
 
 const QHash<QString, QString>& HVVirtualDirectories::places()
 {
-    load();
+    refresh();
     return m_state.directoryOf;
 }
 
-bool HVVirtualDirectories::addDirectory(const QString& name, const QString& parent, QString* error)
+hv::Result<void> HVVirtualDirectories::addDirectory(const QString& name, const QString& parent)
 {
-    if (!load(error))
-        return false;
+    if (auto loaded = load(); !loaded)
+        return loaded;
     if (!isDirectoryName(name))
-        return hv::fail(error, tr("'%1' cannot be the name of a folder.").arg(name));
+        return hv::Failure(tr("'%1' cannot be the name of a folder.").arg(name));
     if (contains(name))
-        return hv::fail(error, tr("There is a folder '%1' already.").arg(name));
+        return hv::Failure(tr("There is a folder '%1' already.").arg(name));
     if (!parent.isEmpty() && !contains(parent))
-        return hv::fail(error, tr("There is no folder '%1'.").arg(parent));
+        return hv::Failure(tr("There is no folder '%1'.").arg(parent));
     State next = m_state;
     next.directories.push_back({name, parent, {}});
-    return change(std::move(next), tr("New Folder '%1'").arg(name), error);
+    return change(std::move(next), tr("New Folder '%1'").arg(name));
 }
 
-bool HVVirtualDirectories::removeDirectory(const QString& name, QString* error)
+hv::Result<void> HVVirtualDirectories::removeDirectory(const QString& name)
 {
-    if (!load(error))
-        return false;
+    if (auto loaded = load(); !loaded)
+        return loaded;
     if (!contains(name))
-        return hv::fail(error, tr("There is no folder '%1'.").arg(name));
+        return hv::Failure(tr("There is no folder '%1'.").arg(name));
     const QString parent = parentOf(name);
     State next = m_state;
     auto& directories = next.directories;
@@ -325,21 +328,21 @@ bool HVVirtualDirectories::removeDirectory(const QString& name, QString* error)
             ++it;
         }
     }
-    return change(std::move(next), tr("Remove Folder '%1'").arg(name), error);
+    return change(std::move(next), tr("Remove Folder '%1'").arg(name));
 }
 
-bool HVVirtualDirectories::renameDirectory(const QString& name, const QString& newName, QString* error)
+hv::Result<void> HVVirtualDirectories::renameDirectory(const QString& name, const QString& newName)
 {
-    if (!load(error))
-        return false;
+    if (auto loaded = load(); !loaded)
+        return loaded;
     if (!contains(name))
-        return hv::fail(error, tr("There is no folder '%1'.").arg(name));
+        return hv::Failure(tr("There is no folder '%1'.").arg(name));
     if (!isDirectoryName(newName))
-        return hv::fail(error, tr("'%1' cannot be the name of a folder.").arg(newName));
+        return hv::Failure(tr("'%1' cannot be the name of a folder.").arg(newName));
     if (name == newName)
-        return true;
+        return {};
     if (contains(newName))
-        return hv::fail(error, tr("There is a folder '%1' already.").arg(newName));
+        return hv::Failure(tr("There is a folder '%1' already.").arg(newName));
     State next = m_state;
     for (Directory& directory : next.directories) {
         if (directory.name == name)
@@ -350,39 +353,40 @@ bool HVVirtualDirectories::renameDirectory(const QString& name, const QString& n
     for (QString& directory : next.directoryOf)
         if (directory == name)
             directory = newName;
-    return change(std::move(next), tr("Rename Folder '%1'").arg(name), error);
+    return change(std::move(next), tr("Rename Folder '%1'").arg(name));
 }
 
-bool HVVirtualDirectories::fileObjects(const QStringList& objects, const QString& directory, QString* error)
+hv::Result<void> HVVirtualDirectories::fileObjects(const QStringList& objects, const QString& directory)
 {
-    if (!load(error))
-        return false;
+    if (auto loaded = load(); !loaded)
+        return loaded;
     if (!contains(directory))
-        return hv::fail(error, tr("There is no folder '%1'.").arg(directory));
+        return hv::Failure(tr("There is no folder '%1'.").arg(directory));
     Places places;
     for (const QString& object : objects) {
         if (object.isEmpty())
-            return hv::fail(error, tr("An object without a name cannot be filed."));
+            return hv::Failure(tr("An object without a name cannot be filed."));
         places.insert(object, directory);
     }
-    return change(places, tr("Move to Folder '%1'").arg(directory), error);
+    return change(places, tr("Move to Folder '%1'").arg(directory));
 }
 
-bool HVVirtualDirectories::unfileObjects(const QStringList& objects, QString* error)
+hv::Result<void> HVVirtualDirectories::unfileObjects(const QStringList& objects)
 {
-    if (!load(error))
-        return false;
+    if (auto loaded = load(); !loaded)
+        return loaded;
     Places places;
     for (const QString& object : objects)
         places.insert(object, QString());
-    return change(places, tr("Take out of Folder"), error);
+    return change(places, tr("Take out of Folder"));
 }
 
-bool HVVirtualDirectories::renameObject(const QString& object, const QString& newName, QString* error)
+hv::Result<void> HVVirtualDirectories::renameObject(const QString& object, const QString& newName)
 {
-    if (!load(error))
-        return false;
+    if (auto loaded = load(); !loaded)
+        return loaded;
     const QString directory = m_state.directoryOf.value(object);
-    return directory.isEmpty() ||
-           change(Places{{object, QString()}, {newName, directory}}, tr("Rename '%1'").arg(object), error);
+    if (directory.isEmpty())
+        return {};
+    return change(Places{{object, QString()}, {newName, directory}}, tr("Rename '%1'").arg(object));
 }

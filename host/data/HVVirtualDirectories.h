@@ -45,22 +45,22 @@ public:
     /// The directory of each object that is in one; valid until the next call.
     const QHash<QString, QString>& places();
 
-    // Each of these returns false with a sentence, and changes nothing, when it cannot be done: the directory is
+    // Each of these fails, and changes nothing, when it cannot be done: the directory is
     // there already or is not there, the name is empty or holds control characters or a slash, the file cannot be
     // read or written.
 
-    bool addDirectory(const QString& name, const QString& parent, QString* error = nullptr);
+    hv::Result<void> addDirectory(const QString& name, const QString& parent);
     /// What is in the directory moves up: to its parent, or out of all directories.
-    bool removeDirectory(const QString& name, QString* error = nullptr);
-    bool renameDirectory(const QString& name, const QString& newName, QString* error = nullptr);
-    bool fileObjects(const QStringList& objects, const QString& directory, QString* error = nullptr);
+    hv::Result<void> removeDirectory(const QString& name);
+    hv::Result<void> renameDirectory(const QString& name, const QString& newName);
+    hv::Result<void> fileObjects(const QStringList& objects, const QString& directory);
     /// Objects that are in no directory are passed over.
-    bool unfileObjects(const QStringList& objects, QString* error = nullptr);
+    hv::Result<void> unfileObjects(const QStringList& objects);
     /// The object's new name takes over its place.
-    bool renameObject(const QString& object, const QString& newName, QString* error = nullptr);
+    hv::Result<void> renameObject(const QString& object, const QString& newName);
 
     /// Writes what is not yet written.
-    bool flush(QString* error = nullptr) { return m_file.flush(error); }
+    hv::Result<void> flush() { return m_file.flush(); }
 
 Q_SIGNALS:
     void changed();
@@ -82,13 +82,15 @@ private:
     };
     using Places = QMap<QString, QString>;
 
-    bool load(QString* error = nullptr);
+    hv::Result<void> load();
+    /// Before reading: load() tells the user itself.
+    void refresh() { static_cast<void>(load()); }
     class PlacesChange;
     class StateChange;
-    bool change(State next, const QString& text, QString* error);
-    bool replace(State next, QString* error);
-    bool change(const Places& places, const QString& text, QString* error);
-    bool place(const Places& places, QString* error);
+    hv::Result<void> change(State next, const QString& text);
+    hv::Result<void> replace(State next);
+    hv::Result<void> change(const Places& places, const QString& text);
+    hv::Result<void> place(const Places& places);
     void put(const Places& places);
     static qint64 mostBytes(const State& state);
     QJsonObject toJson() const;

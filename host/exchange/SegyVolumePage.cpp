@@ -177,8 +177,9 @@ void SegyVolumePage::showCrs()
     QString code = m_code->text().trimmed();
     if (code.startsWith(QLatin1String("EPSG:"), Qt::CaseInsensitive))
         code.remove(0, 5);
-    const georef::Crs crs =
-        isCode && !code.isEmpty() ? georef::Crs::fromAuthority(QStringLiteral("EPSG"), code) : georef::Crs();
+    const georef::Crs crs = isCode && !code.isEmpty()
+                                ? georef::orNull(georef::Crs::fromAuthority(QStringLiteral("EPSG"), code))
+                                : georef::Crs();
     m_wkt = crs.isNull() ? QString() : crs.toWkt();
     m_crsName->setText(crs.name());
     Q_EMIT partEdited();

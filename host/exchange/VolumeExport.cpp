@@ -22,7 +22,8 @@ Result<QString> exportSegy(const VolumeFile& volume, const QString& name, segy::
 {
     const VolumeHeader& header = volume.header();
     HVSegyDescription description(header.space, name, header.domain, header.verticalUnit,
-                                  header.crs.isEmpty() ? georef::Crs() : georef::Crs::fromWkt(header.crs));
+                                  header.crs.isEmpty() ? georef::Crs()
+                                                       : georef::orNull(georef::Crs::fromWkt(header.crs)));
     description.setFormat(format);
     const auto counts = segy::writeSegy(
         path, description, header.noValue,

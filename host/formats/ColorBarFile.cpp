@@ -40,10 +40,7 @@ hv::Result<ColorBar> readColorBar(const QString& filename, const QString& name)
 hv::Result<void> writeColorBar(const ColorBar& bar, const QString& filename)
 {
     const bool isPaletteTable = QFileInfo(filename).suffix().compare(QLatin1String("cpt"), Qt::CaseInsensitive) == 0;
-    QString reason;
-    if (hv::writeWholeFile(filename, isPaletteTable ? writePaletteTable(bar) : writeColorMap(bar), reason))
-        return {};
-    return hv::Failure(reason);
+    return hv::writeWholeFile(filename, isPaletteTable ? writePaletteTable(bar) : writeColorMap(bar));
 }
 
 QVector<ColorPoint> storedPoints(const ColorBar& bar)

@@ -44,19 +44,24 @@ ssize_t copySome(int from, int to, off_t offset, std::size_t count)
 
 Result<void> copyWholeFile(int from, const QString& to, const CopyProgress& progress)
 {
-    const auto failed = [&to](const QString& reason, int error) {
-        Failure failure(QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(to), reason), to);
-        failure.systemError = error;
+    const auto failed = [&to](const Failure& reason) {
+        Failure failure(QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(to), reason.sentence),
+                        to);
+        failure.systemError = reason.systemError;
         return failure;
+    };
+    const auto refused = [&failed](int error) {
+        Failure reason(qt_error_string(error));
+        reason.systemError = error;
+        return failed(reason);
     };
     struct stat status
     {};
     if (fstat(from, &status) != 0)
-        return failed(qt_error_string(errno), errno);
+        return refused(errno);
     PartFile part;
-    QString reason;
-    if (!part.open(to, reason))
-        return failed(reason, 0);
+    if (const auto opened = part.open(to); !opened)
+        return failed(opened.failure());
     const bool isShared = ioctl(part.descriptor(), FICLONE, from) == 0;
     for (qint64 done = 0; !isShared && done < status.st_size;) {
         if (progress && !progress(done, status.st_size))
@@ -66,13 +71,13 @@ Result<void> copyWholeFile(int from, const QString& to, const CopyProgress& prog
         if (copied < 0 && errno == EINTR)
             continue;
         if (copied < 0)
-            return failed(qt_error_string(errno), errno);
+            return refused(errno);
         if (copied == 0)
-            return failed(QStringLiteral("what it is copied from has become shorter"), 0);
+            return failed(Failure(QStringLiteral("what it is copied from has become shorter")));
         done += copied;
     }
-    if (!part.putInPlace(reason))
-        return failed(reason, 0);
+    if (const auto done = part.putInPlace(); !done)
+        return failed(done.failure());
     return {};
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/core/Result.h"
+
 #include <QJsonObject>
 #include <QString>
 
@@ -10,14 +12,11 @@
 /// version is refused.
 namespace hv {
 
-/// False with a sentence when the file cannot be read, is no JSON object or comes from a later major version than
-/// `major`; `object` is then unchanged. The sentence names the file, and the line where there is one.
-bool readJsonFile(const QString& path, int major, QJsonObject& object, QString* error);
+/// Fails when the file cannot be read, is no JSON object or comes from a later major version than `major`. The sentence
+/// names the file, and the line where there is one.
+Result<QJsonObject> readJsonFile(const QString& path, int major);
 
 /// Writes a temporary file beside `path` and renames it; a failure leaves what was there.
-bool writeJsonFile(const QString& path, const QJsonObject& object, QString* error);
-
-/// Sets `*error` when there is one; false, for `return fail(error, ...)`.
-bool fail(QString* error, const QString& sentence);
+Result<void> writeJsonFile(const QString& path, const QJsonObject& object);
 
 } // namespace hv

@@ -41,10 +41,11 @@ bool isPartName(std::string_view name)
            name.find_first_not_of("0123456789abcdef", prefix) == std::string_view::npos;
 }
 
-bool failed(QString& error, int number = errno)
+Failure systemFailure(int number)
 {
-    error = qt_error_string(number);
-    return false;
+    Failure failure(qt_error_string(number));
+    failure.systemError = number;
+    return failure;
 }
 
 /// Where the bytes of a path lie. Not the canonical path: the file need not exist yet.
@@ -58,29 +59,27 @@ QFileInfo followLinks(const QString& path)
 
 } // namespace
 
-bool PartFile::open(const QString& path, QString& error)
+Result<void> PartFile::open(const QString& path)
 {
     discard();
     const QFileInfo target = followLinks(path);
     // A device or a pipe would be replaced by a file.
-    if (target.exists() && !target.isFile()) {
-        error = QStringLiteral("it is not an ordinary file");
-        return false;
-    }
+    if (target.exists() && !target.isFile())
+        return Failure(QStringLiteral("it is not an ordinary file"));
     // Where the folder may be written, renaming replaces also what may not.
     if (target.exists() && !target.isWritable())
-        return failed(error, EACCES);
+        return systemFailure(EACCES);
     m_target = QFile::encodeName(target.absoluteFilePath());
-    if (!create(error))
-        return false;
+    if (auto created = create(); !created)
+        return created;
     struct stat old
     {};
     if (stat(m_target.constData(), &old) == 0)
         fchmod(m_descriptor, old.st_mode & g_permissions); // as far as the disk has such a thing
-    return true;
+    return {};
 }
 
-bool PartFile::create(QString& error)
+Result<void> PartFile::create()
 {
     const QByteArray folder = m_target.left(m_target.lastIndexOf('/') + 1);
     for (int names = 0; names < g_mostNames; ++names) {
@@ -89,62 +88,68 @@ bool PartFile::create(QString& error)
         if (m_descriptor < 0 && errno == EEXIST)
             continue;
         if (m_descriptor < 0)
-            return failed(error);
+            return systemFailure(errno);
         // Who clears the folder may have come between and taken the part for abandoned.
         struct stat made
         {};
         if (flock(m_descriptor, LOCK_EX) != 0 || fstat(m_descriptor, &made) != 0 || made.st_nlink > 0)
-            return true;
+            return {};
         ::close(m_descriptor);
         m_descriptor = -1;
     }
-    return failed(error, EEXIST);
+    return systemFailure(EEXIST);
 }
 
-bool PartFile::reserve(qint64 size, QString& error)
+Result<void> PartFile::reserve(qint64 size)
 {
     if (size <= m_reserved)
-        return true;
+        return {};
     if (const int number = posix_fallocate(m_descriptor, m_reserved, size - m_reserved); number != 0)
-        return failed(error, number);
+        return systemFailure(number);
     m_reserved = size;
-    return true;
+    return {};
 }
 
-bool PartFile::write(const QByteArray& bytes, QString& error)
+Result<void> PartFile::write(const QByteArray& bytes)
 {
     qint64 done = 0;
     while (done < bytes.size()) {
         const ssize_t written =
             pwrite(m_descriptor, bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done), done);
         if (written < 0 && errno != EINTR)
-            return failed(error);
+            return systemFailure(errno);
         done += std::max<ssize_t>(written, 0);
     }
-    return ftruncate(m_descriptor, bytes.size()) == 0 || failed(error);
+    if (ftruncate(m_descriptor, bytes.size()) != 0)
+        return systemFailure(errno);
+    return {};
 }
 
-bool PartFile::commit(const QByteArray& bytes, QString& error)
+Result<void> PartFile::commit(const QByteArray& bytes)
 {
-    if (write(bytes, error))
-        return putInPlace(error);
+    auto written = write(bytes);
+    if (written)
+        return putInPlace();
     discard();
-    return false;
+    return written;
 }
 
-bool PartFile::putInPlace(QString& error)
+Result<void> PartFile::putInPlace()
 {
-    const bool isWhole = sync(error) && (std::rename(m_part.constData(), m_target.constData()) == 0 || failed(error));
+    const bool isWhole = sync() && std::rename(m_part.constData(), m_target.constData()) == 0;
+    const int number = errno;
     if (isWhole)
         m_part.clear();
     discard();
-    return isWhole;
+    if (!isWhole)
+        return systemFailure(number);
+    return {};
 }
 
-bool PartFile::sync(QString& error)
+bool PartFile::sync()
 {
     // Some disks tell only here that they have no room. Others know no such request.
-    return fsync(m_descriptor) == 0 || errno == EINVAL || errno == EROFS || errno == ENOTSUP || failed(error);
+    return fsync(m_descriptor) == 0 || errno == EINVAL || errno == EROFS || errno == ENOTSUP;
 }
 
 void PartFile::discard()

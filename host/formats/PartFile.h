@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/core/Result.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -11,7 +13,7 @@ namespace hv {
 /// The part of a program that was killed stays behind. It bears a name that nothing else has and is locked while its
 /// writer lives, so removeAbandonedParts() can tell.
 ///
-/// For one thread at a time. What fails returns false and leaves the reason in `error`, which does not name the file.
+/// For one thread at a time. The sentence of a failure is a mere reason, for a sentence that names the file.
 class PartFile
 {
 public:
@@ -22,26 +24,26 @@ public:
 
     /// Refuses places that hold anything but an ordinary file that may be written. A symbolic link stays one: its
     /// target is what is replaced. The new file takes over the permissions of the old one.
-    bool open(const QString& path, QString& error);
+    Result<void> open(const QString& path);
     bool isOpen() const { return m_descriptor >= 0; }
 
     /// Takes the disk's room for `size` bytes, so that a commit() of not more does not fail for want of it.
-    bool reserve(qint64 size, QString& error);
+    Result<void> reserve(qint64 size);
 
     /// Writes the bytes through to the disk and puts the file into its place. Closes the part, whatever becomes of it.
-    bool commit(const QByteArray& bytes, QString& error);
+    Result<void> commit(const QByteArray& bytes);
 
     /// For writers of what is too large to be held: the part, empty, to be written in any order until putInPlace().
     int descriptor() const { return m_descriptor; }
     /// The end of commit(), when the bytes are in the part already.
-    bool putInPlace(QString& error);
+    Result<void> putInPlace();
 
     void discard();
 
 private:
-    bool create(QString& error);
-    bool write(const QByteArray& bytes, QString& error);
-    bool sync(QString& error);
+    Result<void> create();
+    Result<void> write(const QByteArray& bytes);
+    bool sync();
 
     QByteArray m_target;
     QByteArray m_part;

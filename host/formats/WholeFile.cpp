@@ -4,10 +4,11 @@
 
 namespace hv {
 
-bool writeWholeFile(const QString& path, const QByteArray& bytes, QString& error)
+Result<void> writeWholeFile(const QString& path, const QByteArray& bytes)
 {
     PartFile file;
-    return file.open(path, error) && file.commit(bytes, error);
+    auto opened = file.open(path);
+    return opened ? file.commit(bytes) : opened;
 }
 
 } // namespace hv

@@ -110,13 +110,10 @@ struct Crs::Description
     mutable std::mutex mutex;
 };
 
-Crs Crs::describe(Proj proj, QString* error)
+hv::Result<Crs> Crs::describe(Proj proj)
 {
-    if (!proj.object || !library().proj_is_crs(proj.object.get())) {
-        if (error)
-            *error = errorText(*proj.messages);
-        return {};
-    }
+    if (!proj.object || !library().proj_is_crs(proj.object.get()))
+        return hv::Failure(errorText(*proj.messages));
     auto description = std::make_shared<Description>(std::move(proj));
     PJ_CONTEXT* context = description->proj.context.get();
     const PJ* object = description->proj.object.get();
@@ -144,10 +141,10 @@ Crs Crs::describe(Proj proj, QString* error)
     return crs;
 }
 
-Crs Crs::fromWkt(const QString& wkt, QString* error)
+hv::Result<Crs> Crs::fromWkt(const QString& wkt)
 {
-    if (!library().isLoaded(error))
-        return {};
+    if (const auto loaded = library().isLoaded(); !loaded)
+        return loaded.failure();
     Proj proj;
     PROJ_STRING_LIST warnings = nullptr;
     PROJ_STRING_LIST errors = nullptr;
@@ -160,17 +157,17 @@ Crs Crs::fromWkt(const QString& wkt, QString* error)
         proj.messages->append(QString::fromUtf8(*text));
     library().proj_string_list_destroy(warnings);
     library().proj_string_list_destroy(errors);
-    return describe(std::move(proj), error);
+    return describe(std::move(proj));
 }
 
-Crs Crs::fromAuthority(const QString& authority, const QString& code, QString* error)
+hv::Result<Crs> Crs::fromAuthority(const QString& authority, const QString& code)
 {
-    if (!library().isLoaded(error))
-        return {};
+    if (const auto loaded = library().isLoaded(); !loaded)
+        return loaded.failure();
     Proj proj;
     proj.object.reset(library().proj_create_from_database(proj.context.get(), authority.toUtf8().constData(),
                                                           code.toUtf8().constData(), PJ_CATEGORY_CRS, 0, nullptr));
-    return describe(std::move(proj), error);
+    return describe(std::move(proj));
 }
 
 QString Crs::name() const

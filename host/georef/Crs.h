@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/core/Result.h"
 #include "host/geom/Rect2d.h"
 
 #include <QString>
@@ -19,11 +20,11 @@ public:
     /// Null: no reference system.
     Crs() = default;
 
-    /// From well-known text of either generation (WKT 1 as of GDAL or ESRI, WKT 2). Null when the text cannot be read
-    /// or describes something else (an ellipsoid, an operation); `error`, if given, then says why in PROJ's words.
-    static Crs fromWkt(const QString& wkt, QString* error = nullptr);
-    /// A registered system, e.g. "EPSG", "32631". Null when there is none.
-    static Crs fromAuthority(const QString& authority, const QString& code, QString* error = nullptr);
+    /// From well-known text of either generation (WKT 1 as of GDAL or ESRI, WKT 2). Fails, in PROJ's words, when the
+    /// text cannot be read or describes something else (an ellipsoid, an operation). Never null.
+    static hv::Result<Crs> fromWkt(const QString& wkt);
+    /// A registered system, e.g. "EPSG", "32631". Fails when there is none.
+    static hv::Result<Crs> fromAuthority(const QString& authority, const QString& code);
 
     bool isNull() const { return !m_description; }
     /// E.g. "WGS 84 / UTM zone 31N".
@@ -45,9 +46,15 @@ private:
     struct Description;
     struct Proj;
 
-    static Crs describe(Proj proj, QString* error);
+    static hv::Result<Crs> describe(Proj proj);
 
     std::shared_ptr<const Description> m_description;
 };
+
+/// For those who go on without: the null system in place of a failure.
+inline Crs orNull(const hv::Result<Crs>& crs)
+{
+    return crs ? *crs : Crs();
+}
 
 } // namespace georef

@@ -28,11 +28,9 @@ ProjLibrary::ProjLibrary()
 #undef STRATIVO_PROJ_FIND
 }
 
-bool ProjLibrary::isLoaded(QString* error) const
+hv::Result<void> ProjLibrary::isLoaded() const
 {
-    if (error && !m_error.isEmpty())
-        *error = m_error;
-    return m_error.isEmpty();
+    return m_error.isEmpty() ? hv::Result<void>() : hv::Failure(m_error);
 }
 
 } // namespace georef

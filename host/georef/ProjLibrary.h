@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/core/Result.h"
+
 #include <QString>
 
 #include <proj.h>
@@ -12,8 +14,8 @@ struct ProjLibrary
 {
     static const ProjLibrary& instance();
 
-    /// False, with a sentence in `error` if given, when the library is not there; no function may be called then.
-    bool isLoaded(QString* error) const;
+    /// Fails when the library is not there; no function may be called then.
+    hv::Result<void> isLoaded() const;
 
 #define STRATIVO_PROJ_FUNCTIONS(FUNCTION)                                                                              \
     FUNCTION(proj_as_wkt)                                                                                              \

@@ -368,16 +368,16 @@ Result<WriteCounts> writeSegy(const QString& path, const HVSegyDescription& desc
                              path);
     };
     PartFile part;
-    QString reason;
-    if (!part.open(path, reason))
-        return failed(reason);
-    if (!description.leavesOutMissing() && !part.reserve(description.sizeInBytes(), reason))
-        return failed(reason);
+    if (const auto opened = part.open(path); !opened)
+        return failed(opened.failure().sentence);
+    if (!description.leavesOutMissing())
+        if (const auto reserved = part.reserve(description.sizeInBytes()); !reserved)
+            return failed(reserved.failure().sentence);
     const Result<WriteCounts> written = writeTraces(part.descriptor(), description, noValue, read, context);
     if (!written)
         return failed(written.failure().sentence);
-    if (!part.putInPlace(reason))
-        return failed(reason);
+    if (const auto done = part.putInPlace(); !done)
+        return failed(done.failure().sentence);
     return written;
 }
 

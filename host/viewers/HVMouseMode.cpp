@@ -1,6 +1,6 @@
 #include "host/viewers/HVMouseMode.h"
 
-QString hv::viewerAction(HVMouseMode mode, QString* error)
+hv::Result<QString> hv::viewerAction(HVMouseMode mode)
 {
     switch (mode) {
     case HVMouseMode::Selection:
@@ -16,7 +16,5 @@ QString hv::viewerAction(HVMouseMode mode, QString* error)
     case HVMouseMode::Unknown:
         break;
     }
-    if (error)
-        *error = QStringLiteral("Unknown mouse mode requested");
-    return {};
+    return Failure(QStringLiteral("Unknown mouse mode requested"));
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "host/core/Result.h"
+
 #include <QString>
 
 /// What the mouse does in a viewer. Scripts use the numbers: they never change.
@@ -15,8 +17,8 @@ enum class HVMouseMode : int
 
 namespace hv {
 
-/// The viewer action by which a viewer is switched to the mode. Empty, with a sentence in `error`, for a mode that no
-/// action stands for (Unknown, and numbers that are no mode).
-QString viewerAction(HVMouseMode mode, QString* error = nullptr);
+/// The viewer action by which a viewer is switched to the mode. Fails for a mode that no action stands for (Unknown,
+/// and numbers that are no mode).
+Result<QString> viewerAction(HVMouseMode mode);
 
 } // namespace hv

@@ -87,19 +87,19 @@ void HVPreviewViewer::setHint(const QString& hint)
     update();
 }
 
-bool HVPreviewViewer::setMouseMode(HVMouseMode mode, QString* error)
+hv::Result<void> HVPreviewViewer::setMouseMode(HVMouseMode mode)
 {
-    if (hv::viewerAction(mode, error).isEmpty())
-        return false;
+    if (const auto action = hv::viewerAction(mode); !action)
+        return action.failure();
     if (mode == m_mode)
-        return true;
+        return {};
     m_mode = mode;
     m_dragButton = Qt::NoButton;
     m_band = {};
     updateCursor();
     update();
     Q_EMIT mouseModeChanged(mode);
-    return true;
+    return {};
 }
 
 void HVPreviewViewer::updateCursor()

@@ -39,8 +39,8 @@ public:
     const ObjectPicture* picture() const { return m_picture.get(); }
 
     HVMouseMode mouseMode() const { return m_mode; }
-    /// False, with a sentence in `error` and the mode unchanged, for a mode that no viewer action stands for.
-    bool setMouseMode(HVMouseMode mode, QString* error = nullptr);
+    /// Fails, with the mode unchanged, for a mode that no viewer action stands for.
+    hv::Result<void> setMouseMode(HVMouseMode mode);
 
     /// Viewer pixels per page unit, and where the page's origin is.
     double scale() const { return m_scale; }

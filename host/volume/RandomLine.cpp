@@ -26,7 +26,8 @@ georef::Crs crsOfName(const QString& name)
 {
     static const QRegularExpression form(QStringLiteral("^urn:ogc:def:crs:([^:]+):[^:]*:([^:]+)$"));
     const auto match = form.match(name);
-    return match.hasMatch() ? georef::Crs::fromAuthority(match.captured(1), match.captured(2)) : georef::Crs();
+    return match.hasMatch() ? georef::orNull(georef::Crs::fromAuthority(match.captured(1), match.captured(2)))
+                            : georef::Crs();
 }
 
 } // namespace
@@ -118,7 +119,7 @@ Result<RandomLine> parseRandomLine(const QByteArray& text)
                             .value(QLatin1String("name"))
                             .toString();
     const QString wkt = properties.value(QLatin1String("wkt")).toString();
-    line.crs = wkt.isEmpty() ? crsOfName(crs) : georef::Crs::fromWkt(wkt);
+    line.crs = wkt.isEmpty() ? crsOfName(crs) : georef::orNull(georef::Crs::fromWkt(wkt));
     if (const QString fault = line.fault(); !fault.isEmpty())
         return Failure(fault);
     return line;

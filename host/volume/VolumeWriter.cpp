@@ -60,9 +60,8 @@ Result<void> VolumeWriter::prepare(const VolumeOrders& orders, Sorting sorting)
         return failed(systemFailure(ENOMEM));
     m_statistics = std::make_unique<StatisticsCollector>(m_head.header.noValue,
                                                          std::int64_t(m_lines.count) * m_lines.height, m_lines.width);
-    QString reason;
-    if (!m_part.open(m_path, reason))
-        return failed(Failure(reason));
+    if (const auto opened = m_part.open(m_path); !opened)
+        return failed(opened.failure());
     if (auto reserved = reserveRoom(m_part.descriptor(), end); !reserved)
         return failed(reserved.failure());
     return {};
@@ -191,9 +190,8 @@ Result<void> VolumeWriter::finish(JobContext* context)
         m_part.discard();
         return done;
     }
-    QString reason;
-    if (!m_part.putInPlace(reason))
-        return failed(Failure(reason));
+    if (const auto placed = m_part.putInPlace(); !placed)
+        return failed(placed.failure());
     return {};
 }
 

@@ -25,9 +25,9 @@ HVMouseMode HVInputSelectionPreview::previewMouseMode() const
     return m_viewer->mouseMode();
 }
 
-bool HVInputSelectionPreview::setPreviewMouseMode(HVMouseMode mode, QString* error)
+hv::Result<void> HVInputSelectionPreview::setPreviewMouseMode(HVMouseMode mode)
 {
-    return m_viewer->setMouseMode(mode, error);
+    return m_viewer->setMouseMode(mode);
 }
 
 void HVInputSelectionPreview::showInput()

@@ -20,8 +20,8 @@ public:
     HVPreviewViewer* viewer() const { return m_viewer; }
 
     HVMouseMode previewMouseMode() const;
-    /// False, with a sentence in `error` and the mode unchanged, for a mode that no viewer action stands for.
-    bool setPreviewMouseMode(HVMouseMode mode, QString* error = nullptr);
+    /// Fails, with the mode unchanged, for a mode that no viewer action stands for.
+    hv::Result<void> setPreviewMouseMode(HVMouseMode mode);
 
 Q_SIGNALS:
     /// The viewer shows another object, or none any more.

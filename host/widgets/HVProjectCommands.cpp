@@ -25,10 +25,15 @@ constexpr qint64 g_mostAtOnce = 32LL * 1024 * 1024;
 
 using Type = ProjectNode::Type;
 
-void report(bool done, const QString& error)
+void report(const QString& sentence)
+{
+    HVEventBus::instance().sendMessage(MessageLevel::Error, sentence, true);
+}
+
+void reportFailure(const hv::Result<void>& done)
 {
     if (!done)
-        HVEventBus::instance().sendMessage(MessageLevel::Error, error, true);
+        report(done.failure().sentence);
 }
 
 QIcon icon(const char* name)
@@ -113,10 +118,8 @@ void HVProjectCommands::fileInto(const Objects& objects, const QString& director
     if (!m_project)
         return;
     HVVirtualDirectories& directories = m_project->directories(objects.kind);
-    QString error;
-    report(directory.isEmpty() ? directories.unfileObjects(objects.names, &error)
-                               : directories.fileObjects(objects.names, directory, &error),
-           error);
+    reportFailure(directory.isEmpty() ? directories.unfileObjects(objects.names)
+                                      : directories.fileObjects(objects.names, directory));
 }
 
 QString HVProjectCommands::newDirectory(ObjectKind kind, const QString& parent)
@@ -124,17 +127,15 @@ QString HVProjectCommands::newDirectory(ObjectKind kind, const QString& parent)
     const QString name = QInputDialog::getText(m_parent, tr("New Folder"), tr("Name of the new folder:")).trimmed();
     if (name.isEmpty() || !m_project)
         return {};
-    QString error;
-    const bool done = m_project->directories(kind).addDirectory(name, parent, &error);
-    report(done, error);
+    const auto done = m_project->directories(kind).addDirectory(name, parent);
+    reportFailure(done);
     return done ? name : QString();
 }
 
 void HVProjectCommands::removeDirectory(ObjectKind kind, const QString& name)
 {
-    QString error;
     if (m_project)
-        report(m_project->directories(kind).removeDirectory(name, &error), error);
+        reportFailure(m_project->directories(kind).removeDirectory(name));
 }
 
 void HVProjectCommands::removeRows(const QVector<const ProjectNode*>& rows)
@@ -170,8 +171,8 @@ void HVProjectCommands::duplicateObjects(const Objects& objects)
             copy.name = QStringLiteral("%1 %2").arg(name, QString::number(number));
         if (m_jobs && QFileInfo(store.path(key)).size() > g_mostAtOnce)
             duplicateBeside(key, copy);
-        else if (const auto done = store.duplicate(key, copy.name); !done)
-            report(false, done.failure().sentence);
+        else
+            reportFailure(store.duplicate(key, copy.name));
     }
 }
 
@@ -194,8 +195,7 @@ void HVProjectCommands::duplicateBeside(const hv::ObjectKey& key, const hv::Obje
                   [this, copy, project = m_project](hv::JobState, const hv::Result<void>& made) {
                       m_comingUp.remove(copy);
                       if (made && project)
-                          if (const auto adopted = project->store().adopt(copy); !adopted)
-                              report(false, adopted.failure().sentence);
+                          reportFailure(project->store().adopt(copy));
                   });
 }
 
@@ -205,7 +205,7 @@ void HVProjectCommands::showInformation(const hv::ObjectKey& key)
         return;
     auto object = m_project->store().open(key);
     if (!object) {
-        report(false, object.failure().sentence);
+        report(object.failure().sentence);
         return;
     }
     auto* window = new HVObjectInformation(std::move(*object), m_parent);
@@ -228,9 +228,9 @@ void HVProjectCommands::removeObjects(const QVector<Objects>& objects)
     QStringList failed;
     for (const Objects& each : objects)
         for (const QString& name : each.names)
-            if (QString error; !m_project->removeObject(each.kind, name, HVProject::Removal::ToTrash, &error))
-                failed << error;
+            if (const auto done = m_project->removeObject(each.kind, name, HVProject::Removal::ToTrash); !done)
+                failed << done.failure().sentence;
     if (!failed.isEmpty())
-        report(false, failed.size() <= 3 ? failed.join(QLatin1Char('\n'))
-                                         : tr("%1\n... and %2 more").arg(failed.first()).arg(failed.size() - 1));
+        report(failed.size() <= 3 ? failed.join(QLatin1Char('\n'))
+                                  : tr("%1\n... and %2 more").arg(failed.first()).arg(failed.size() - 1));
 }

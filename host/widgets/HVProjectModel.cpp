@@ -14,6 +14,14 @@ namespace {
 
 using Type = ProjectNode::Type;
 
+/// Tells the user when it is not.
+bool isDone(const hv::Result<void>& change)
+{
+    if (!change)
+        HVEventBus::instance().sendMessage(MessageLevel::Error, change.failure().sentence, true);
+    return static_cast<bool>(change);
+}
+
 } // namespace
 
 HVProjectModel::HVProjectModel(QObject* parent) : QAbstractItemModel(parent) {}
@@ -223,13 +231,9 @@ bool HVProjectModel::setData(const QModelIndex& index, const QVariant& value, in
     const QString name = value.toString().trimmed();
     if (!row || role != Qt::EditRole || !m_project || row->type == Type::Kind || name == row->name)
         return false;
-    QString error;
-    const bool renamed = row->type == Type::Object
-                             ? m_project->renameObject(row->kind, row->name, name, &error)
-                             : m_project->directories(row->kind).renameDirectory(row->name, name, &error);
-    if (!renamed)
-        HVEventBus::instance().sendMessage(MessageLevel::Error, error, true);
-    return renamed;
+    const auto renamed = row->type == Type::Object ? m_project->renameObject(row->kind, row->name, name)
+                                                   : m_project->directories(row->kind).renameDirectory(row->name, name);
+    return isDone(renamed);
 }
 
 QMap<int, QVariant> HVProjectModel::itemData(const QModelIndex& index) const
@@ -302,10 +306,5 @@ bool HVProjectModel::dropMimeData(const QMimeData* data, Qt::DropAction /*action
         return false;
     HVVirtualDirectories& directories = m_project->directories(node(parent)->kind);
     const QString directory = node(parent)->directory();
-    QString error;
-    const bool done = directory.isEmpty() ? directories.unfileObjects(names, &error)
-                                          : directories.fileObjects(names, directory, &error);
-    if (!done)
-        HVEventBus::instance().sendMessage(MessageLevel::Error, error, true);
-    return done;
+    return isDone(directory.isEmpty() ? directories.unfileObjects(names) : directories.fileObjects(names, directory));
 }

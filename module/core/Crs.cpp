@@ -17,11 +17,10 @@ using georef::Crs;
 Crs fromWtk(const bp::object& text)
 {
     const QString wkt = requireStr(text, "Crs.fromWtk(), expected 'str' but got '%s'");
-    QString error;
-    Crs crs = Crs::fromWkt(wkt, &error);
-    if (crs.isNull())
-        raise(PyExc_ValueError, "Crs.fromWtk(), %s", error.toUtf8().constData());
-    return crs;
+    const auto crs = Crs::fromWkt(wkt);
+    if (!crs)
+        raise(PyExc_ValueError, "Crs.fromWtk(), %s", crs.failure().sentence.toUtf8().constData());
+    return *crs;
 }
 
 Crs fromState(const bp::object& description)

@@ -34,9 +34,8 @@ bp::object crs(const ProjectHandle& self)
 void setCrs(const ProjectHandle& self, const bp::object& value)
 {
     HVProject& project = self.get();
-    QString reason;
-    if (!project.setCrs(crsOrNone(value, "Project.crs"), &reason))
-        raise(PyExc_RuntimeError, "Project.crs, %s", reason.toUtf8().constData());
+    if (const auto done = project.setCrs(crsOrNone(value, "Project.crs")); !done)
+        raise(PyExc_RuntimeError, "Project.crs, %s", done.failure().sentence.toUtf8().constData());
 }
 
 bool hasCrs(const ProjectHandle& self)
@@ -73,11 +72,10 @@ QString newFilename(HVProject& project, ObjectKind kind, const QString& name)
 {
     if (!HVProject::isObjectName(name))
         raise(PyExc_ValueError, "Project, '%s' cannot be the name of an object", name.toUtf8().constData());
-    QString reason;
-    const QString filename = project.newFilename(kind, name, &reason);
-    if (filename.isEmpty())
-        raise(PyExc_RuntimeError, "Project, %s", reason.toUtf8().constData());
-    return filename;
+    const auto filename = project.newFilename(kind, name);
+    if (!filename)
+        raise(PyExc_RuntimeError, "Project, %s", filename.failure().sentence.toUtf8().constData());
+    return *filename;
 }
 
 bp::object getNewFilename(const ProjectHandle& self, const bp::object& kind, const bp::object& name)

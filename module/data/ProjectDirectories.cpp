@@ -54,9 +54,8 @@ void addVirtualDirectory(const ProjectHandle& self, const bp::object& kind, cons
     const ObjectKind id = requireObjectKind(kind, g_expectedKind);
     const QString directory = requireStr(name, g_expectedStr);
     const QString above = parent.is_none() ? QString() : requireStr(parent, g_expectedStr);
-    QString reason;
-    if (!project.directories(id).addDirectory(directory, above, &reason))
-        raiseFailure("Project, unable to create folder '%s'", directory, reason);
+    if (const auto done = project.directories(id).addDirectory(directory, above); !done)
+        raiseFailure("Project, unable to create folder '%s'", directory, done.failure().sentence);
 }
 
 void removeVirtualDirectory(const ProjectHandle& self, const bp::object& kind, const bp::object& name)
@@ -64,9 +63,8 @@ void removeVirtualDirectory(const ProjectHandle& self, const bp::object& kind, c
     HVProject& project = self.get();
     const ObjectKind id = requireObjectKind(kind, g_expectedKind);
     const QString directory = requireStr(name, g_expectedStr);
-    QString reason;
-    if (!project.directories(id).removeDirectory(directory, &reason))
-        raiseFailure("Project, unable to remove directory '%s'", directory, reason);
+    if (const auto done = project.directories(id).removeDirectory(directory); !done)
+        raiseFailure("Project, unable to remove directory '%s'", directory, done.failure().sentence);
 }
 
 bp::object getVirtualDirectories(const ProjectHandle& self)
@@ -91,9 +89,8 @@ void setObjectsInVirtualDirectory(const ProjectHandle& self, const bp::object& o
     const QStringList filenames = requireFilenames(objects, "expected 'str' but got '%s' at index %d");
     if (filenames.isEmpty())
         raise(PyExc_RuntimeError, "Project, empty list supplied");
-    QString reason;
-    if (!project.directories(id).fileObjects(baseNames(filenames), directory, &reason))
-        raiseFailure("Project, unable to add files to folder '%s'", directory, reason);
+    if (const auto done = project.directories(id).fileObjects(baseNames(filenames), directory); !done)
+        raiseFailure("Project, unable to add files to folder '%s'", directory, done.failure().sentence);
 }
 
 bp::object singleElementList(const bp::object& object)
@@ -117,9 +114,8 @@ void removeObjectsFromVirtualDirectory(const ProjectHandle& self, const bp::obje
     for (const QString& filename : filenames)
         if (!QFileInfo::exists(filename))
             raise(PyExc_RuntimeError, "Project, object '%s' does not exist", filename.toLocal8Bit().constData());
-    QString reason;
-    if (!project.directories(id).unfileObjects(baseNames(filenames), &reason))
-        raise(PyExc_RuntimeError, "Project, %s", reason.toUtf8().constData());
+    if (const auto done = project.directories(id).unfileObjects(baseNames(filenames)); !done)
+        raise(PyExc_RuntimeError, "Project, %s", done.failure().sentence.toUtf8().constData());
 }
 
 void removeObjectFromVirtualDirectory(const ProjectHandle& self, const bp::object& object, const bp::object& kind)

@@ -33,7 +33,8 @@ public:
 HVSegyDescription describe(const HVBloc& bloc)
 {
     const hv::VolumeHeader& header = bloc.header();
-    return {header.space, bloc.name(), header.domain, header.verticalUnit, georef::Crs::fromWkt(header.crs)};
+    return {header.space, bloc.name(), header.domain, header.verticalUnit,
+            georef::orNull(georef::Crs::fromWkt(header.crs))};
 }
 
 /// Free bytes of the file system that a file will lie on; none when it has no folder to lie in, which writing tells.

@@ -40,7 +40,7 @@ void setBlockSpace(VolumeHandle& self, const georef::BlocSpace& space)
 
 bp::object crs(const VolumeHandle& self)
 {
-    return crsObject(georef::Crs::fromWkt(self.get().header().crs));
+    return crsObject(georef::orNull(georef::Crs::fromWkt(self.get().header().crs)));
 }
 
 void setCrs(VolumeHandle& self, bp::object value)

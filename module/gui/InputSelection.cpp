@@ -56,9 +56,8 @@ bp::object selection(HVInputSelectionPreview& preview)
 
 void setPreviewMouseMode(HVInputSelectionPreview& preview, HVMouseMode mode)
 {
-    QString error;
-    if (!preview.setPreviewMouseMode(mode, &error))
-        raise(PyExc_ValueError, "%s", error.toUtf8().constData());
+    if (const auto set = preview.setPreviewMouseMode(mode); !set)
+        raise(PyExc_ValueError, "%s", set.failure().sentence.toUtf8().constData());
 }
 
 PyGetSetDef g_previewProperties[] = {

@@ -93,8 +93,7 @@ TEST_F(Files, codingCommentsHoldForReadingRunningAndSaving)
                                                        {"iso8859_15", "\xa4"},
                                                        {"utf8", "\xc3\xa4"}};
     for (const auto& [name, bytes] : cases) {
-        QString letter, error;
-        ASSERT_TRUE(python::decodeText(bytes, name, letter, error));
+        const QString letter = *python::decodeText(bytes, name);
         const QByteArray source = "#!/bin/x\r\n# -*- coding: " + name + " -*-\r\n1 / (ord('" + bytes +
                                   "') == " + QByteArray::number(letter.at(0).unicode()) + ")\r\n";
         write(path, source);
@@ -105,8 +104,8 @@ TEST_F(Files, codingCommentsHoldForReadingRunningAndSaving)
         type("x");
         EXPECT_TRUE(view.saveToFile());
         EXPECT_EQ(contents(path), source + "x") << name.toStdString();
-        QString code;
-        EXPECT_TRUE(python::decodeScript(contents(path), code, error) && code.contains(letter)) << name.toStdString();
+        const auto code = python::decodeScript(contents(path));
+        EXPECT_TRUE(code && code->contains(letter)) << name.toStdString();
     }
     const QByteArray before = "# coding: latin-1\nx = 1\n";
     write(path, before);

@@ -13,8 +13,7 @@ QByteArray roundTrip(const QByteArray& bytes)
 {
     const ScriptText script = decodeScript(bytes);
     QTextDocument document(script.text);
-    QString error;
-    return encodeScript(documentText(document), script.form, error);
+    return *encodeScript(documentText(document), script.form);
 }
 
 TEST(ScriptText, everyFileIsSavedAsItWas)
@@ -36,13 +35,13 @@ TEST(ScriptText, tellsWhatIsOddAndWhatCannotBeSaved)
     EXPECT_TRUE(decodeScript("'\xe4'").remark.contains(QStringLiteral("not UTF-8")));
     EXPECT_TRUE(decodeScript("a\nb\r\nc\r\n").remark.contains(QStringLiteral("line ends")));
     EXPECT_EQ(roundTrip("a\nb\r\nc\r\n"), QByteArray("a\r\nb\r\nc\r\n")) << "as most lines have it";
-    QString error;
-    EXPECT_TRUE(encodeScript(QStringLiteral("# coding: latin-1\n\u20ac"), {}, error).isNull());
-    EXPECT_TRUE(error.contains(QStringLiteral("Line 2 has the character \"\u20ac\", which the encoding latin-1")));
+    const auto refused = encodeScript(QStringLiteral("# coding: latin-1\n\u20ac"), {});
+    ASSERT_FALSE(refused);
+    EXPECT_TRUE(refused.failure().sentence.contains(
+        QStringLiteral("Line 2 has the character \"\u20ac\", which the encoding latin-1")));
     // Latin-1 was a way to show the file, not a choice.
     TextForm shown = decodeScript("'\xe4'").form;
-    EXPECT_EQ(encodeScript(QStringLiteral("\u20ac"), shown, error), QByteArray("\xe2\x82\xac"));
-    EXPECT_TRUE(error.isEmpty());
+    EXPECT_EQ(*encodeScript(QStringLiteral("\u20ac"), shown), QByteArray("\xe2\x82\xac"));
 }
 
 } // namespace

@@ -100,7 +100,7 @@ class RulesCase(unittest.TestCase):
 
     def test_errors_to_fill(self):
         self.write("host/data/D.h", "Result<void> save(const QString& path);", "void tell(const QString& what);")
-        self.write("editor/E.h", "bool save(QString& error);")
+        self.write("editor/E.h", "void complain(const QString& reason);")
         self.assertEqual(rules.errors_to_fill(self.root), [])
         self.write("host/data/D.h", "bool save(QString* error);", "bool read(const QString& path, QString& reason);")
         self.assertEqual(rules.errors_to_fill(self.root), ["host/data/D.h has an error to fill where a Result is due: 2, allowed 0"])

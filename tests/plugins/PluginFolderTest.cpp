@@ -57,13 +57,13 @@ TEST_F(PluginFolder, followsTheDisk)
     addTalking("a");
     HVPythonPluginCollection plugins;
     plugins.scan();
-    QString error;
-    HVPythonPlugin* a = plugins.add(folder.filePath("a/"), error);
+    HVPythonPlugin* a = *plugins.add(folder.filePath("a/"));
     ASSERT_TRUE(a);
     EXPECT_EQ(plugins.plugins().size(), 1U);
-    EXPECT_EQ(plugins.add(makePlugin(g_sound, "elsewhere/a"), error), nullptr);
-    EXPECT_TRUE(error.startsWith("A plug-in with the name a is there already: "));
-    EXPECT_EQ(plugins.add(folder.filePath("absent"), error), nullptr);
+    const auto namesake = plugins.add(makePlugin(g_sound, "elsewhere/a"));
+    ASSERT_FALSE(namesake);
+    EXPECT_TRUE(namesake.failure().sentence.startsWith("A plug-in with the name a is there already: "));
+    EXPECT_FALSE(plugins.add(folder.filePath("absent")));
 
     ASSERT_TRUE(plugins.load(*a));
     addTalking("new");

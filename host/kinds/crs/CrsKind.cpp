@@ -13,11 +13,10 @@ const ObjectKindInfo& CrsKind::info() const
 
 Result<ObjectValue> CrsKind::parse(const QByteArray& text) const
 {
-    QString reason;
-    ReferenceSystem system{text, georef::Crs::fromWkt(QString::fromUtf8(text), &reason)};
-    if (system.crs.isNull())
-        return Failure(reason);
-    return ObjectValue::of(std::move(system));
+    const auto crs = georef::Crs::fromWkt(QString::fromUtf8(text));
+    if (!crs)
+        return crs.failure();
+    return ObjectValue::of(ReferenceSystem{text, *crs});
 }
 
 std::vector<Description> CrsKind::rows(const ReferenceSystem& system) const

@@ -66,7 +66,7 @@ std::vector<DemoObject> RandomLineKind::demo() const
 {
     using Survey = demo::SyntheticSurvey;
     constexpr int lastInline = Survey::firstInline + Survey::inlineCount - 1;
-    const georef::Crs crs = georef::Crs::fromAuthority(Survey::crsAuthority(), Survey::crsCode());
+    const georef::Crs crs = georef::orNull(georef::Crs::fromAuthority(Survey::crsAuthority(), Survey::crsCode()));
     // Map coordinates in decimetres: what remains is the same on every machine.
     const auto node = [](double inlineNumber, double crossline) {
         const auto [x, y] = Survey::position(inlineNumber, crossline);

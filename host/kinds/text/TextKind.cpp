@@ -36,10 +36,14 @@ Result<ObjectValue> TextKind::read(const QString& path) const
 Result<void> TextKind::write(const ObjectValue& value, const QString& path) const
 {
     const QByteArray* text = textOf(value);
-    QString reason = QStringLiteral("it is no %1").arg(QString::fromLatin1(info().singular).toLower());
-    if (text && writeWholeFile(path, *text, reason))
+    const auto written =
+        text ? writeWholeFile(path, *text)
+             : Failure(QStringLiteral("it is no %1").arg(QString::fromLatin1(info().singular).toLower()));
+    if (written)
         return {};
-    return Failure(QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(path), reason), path);
+    return Failure(
+        QStringLiteral("Unable to write '%1': %2.").arg(QDir::toNativeSeparators(path), written.failure().sentence),
+        path);
 }
 
 } // namespace hv

@@ -72,7 +72,7 @@ VolumeHeader surveyHeader(const QString& samples)
     (void)header.space.setWorldSpace(
         world(Survey::firstInline, Survey::firstCrossline, 0.0), world(Survey::firstInline, lastCrossline, 0.0),
         world(lastInline, Survey::firstCrossline, 0.0), world(Survey::firstInline, Survey::firstCrossline, depth));
-    header.crs = georef::Crs::fromAuthority(Survey::crsAuthority(), Survey::crsCode()).toWkt();
+    header.crs = georef::orNull(georef::Crs::fromAuthority(Survey::crsAuthority(), Survey::crsCode())).toWkt();
     header.samples = samples;
     // The same in every run.
     header.history.push_back({QDateTime({2026, 1, 1}, {0, 0}, Qt::UTC), QObject::tr("Made for demonstration")});

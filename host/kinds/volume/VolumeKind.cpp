@@ -42,8 +42,8 @@ void describeGeometry(const VolumeHeader& header, std::vector<Description>& rows
     rows.push_back({QObject::tr("Crosslines"), axisText(first.y, next.y - first.y, header.crosslines(), {})});
     rows.push_back({domainName(header.domain), axisText(first.z, next.z - first.z, header.sampleCount(), unit)});
     if (!header.crs.isEmpty()) {
-        const georef::Crs crs = georef::Crs::fromWkt(header.crs);
-        rows.push_back({QObject::tr("Reference System"), crs.isNull() ? QObject::tr("not readable") : crs.name()});
+        const auto crs = georef::Crs::fromWkt(header.crs);
+        rows.push_back({QObject::tr("Reference System"), crs ? crs->name() : QObject::tr("not readable")});
     }
     if (space.fromBlockToWorld() == core::mat4::identity())
         return;

@@ -37,7 +37,7 @@ protected:
 
     void openProject()
     {
-        ASSERT_TRUE(HVProject::create(folder.filePath(QStringLiteral("Field")), QString(), nullptr));
+        ASSERT_TRUE(HVProject::create(folder.filePath(QStringLiteral("Field")), QString()));
         ASSERT_TRUE(window.openProject(folder.filePath(QStringLiteral("Field"))));
     }
     /// The status bar's text after the run.

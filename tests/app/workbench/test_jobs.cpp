@@ -72,7 +72,7 @@ TEST_F(WorkbenchJobs, AJobEndsWithTheObjectThatItNeeds)
     ASSERT_TRUE(window->projects()->create(folder.filePath("p"), "p"));
     HVProject& project = *window->projects()->project();
     for (const char* name : {"A", "B"}) {
-        QFile file(project.newFilename(ObjectKind::Wavelet, name));
+        QFile file(*project.newFilename(ObjectKind::Wavelet, name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     }
     start("on A", {{ObjectKind::Wavelet, "A"}});

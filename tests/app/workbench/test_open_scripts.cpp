@@ -66,7 +66,7 @@ TEST(OpenScripts, whatIsUnsavedIsKeptBeforeTheApplicationIsEndedInTheMiddleOfASc
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.close();
     MainWindow window;
-    window.projects()->create(folder.filePath(QStringLiteral("project")), QString());
+    EXPECT_TRUE(window.projects()->create(folder.filePath(QStringLiteral("project")), QString()));
     window.openScript(path)->insertPlainText(QStringLiteral("typed just now"));
     keepForNextStart(window);
     EXPECT_FALSE(window.projects()->project()) << "closing writes its directories";

@@ -45,7 +45,7 @@ TEST(Projects, menuTitleAndRecentOnes)
 {
     const QTemporaryDir folder;
     HVProjectService::clearRecentProjects();
-    ASSERT_TRUE(HVProject::create(folder.filePath("North & Sea"), QString(), nullptr));
+    ASSERT_TRUE(HVProject::create(folder.filePath("North & Sea"), QString()));
     MainWindow window;
     QAction* close = fileAction(window, "Close Project");
     EXPECT_FALSE(close->isEnabled());
@@ -76,7 +76,7 @@ TEST(Projects, menuTitleAndRecentOnes)
 TEST(Projects, scriptsRefreshTheColourBars)
 {
     const QTemporaryDir folder;
-    ASSERT_TRUE(HVProject::create(folder.filePath("Field"), QString(), nullptr));
+    ASSERT_TRUE(HVProject::create(folder.filePath("Field"), QString()));
     MainWindow window;
     AppWrapper application(window);
     application.refreshPalettes(); // without a project there are none
@@ -91,7 +91,7 @@ TEST(Projects, scriptsRefreshTheColourBars)
 TEST(Projects, undoInTheBrowserBringsBackWhatWasDeletedThere)
 {
     const QTemporaryDir folder;
-    ASSERT_TRUE(HVProject::create(folder.filePath("Field"), QString(), nullptr));
+    ASSERT_TRUE(HVProject::create(folder.filePath("Field"), QString()));
     MainWindow window;
     window.restoreLayout();
     window.show();
@@ -141,7 +141,7 @@ TEST(Projects, undoInTheBrowserBringsBackWhatWasDeletedThere)
 TEST(Projects, scriptsBelongToTheOpenProject)
 {
     const QTemporaryDir folder;
-    ASSERT_TRUE(HVProject::create(folder.filePath("Field"), QString(), nullptr));
+    ASSERT_TRUE(HVProject::create(folder.filePath("Field"), QString()));
     MainWindow window;
     QMenu* scripts = fileAction(window, "Project Scripts")->menu();
     const auto shown = [&] {
@@ -202,7 +202,7 @@ TEST(Projects, scriptsBelongToTheOpenProject)
 TEST(Projects, theDialogOffersOnlyWhatCanBeMade)
 {
     const QTemporaryDir folder;
-    ASSERT_TRUE(HVProject::create(folder.filePath("taken"), QString(), nullptr));
+    ASSERT_TRUE(HVProject::create(folder.filePath("taken"), QString()));
     NewProjectDialog dialog(folder.path());
     const QList<QLineEdit*> fields = dialog.findChildren<QLineEdit*>();
     ASSERT_EQ(fields.size(), 3);

@@ -76,9 +76,8 @@ TEST_F(ScriptChanges, soIsACallbackOfAPlugIn)
                                                   "def unregister():\n"
                                                   "  removeMainWindowMenu('Ten')\n"
                                                   "  return True\n");
-    QString error;
-    HVPythonPlugin* plugin = plugins.add(folder.filePath("ten"), error);
-    ASSERT_TRUE(plugin && plugins.load(*plugin)) << error.toStdString() << recorder.textOf(6);
+    HVPythonPlugin* plugin = *plugins.add(folder.filePath("ten"));
+    ASSERT_TRUE(plugins.load(*plugin)) << recorder.textOf(6);
     const QStringList before = state();
     for (QAction* menu : window.menuBar()->actions())
         if (menu->text() == "Ten")

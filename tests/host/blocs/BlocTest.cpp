@@ -24,9 +24,7 @@ class BlocTest : public ::testing::Test, public IUndoSink
 protected:
     void SetUp() override
     {
-        QString error;
-        project = HVProject::create(folder.filePath(QStringLiteral("project")), QStringLiteral("Test"), &error);
-        ASSERT_TRUE(project) << qPrintable(error);
+        project = *HVProject::create(folder.filePath(QStringLiteral("project")), QStringLiteral("Test"));
         ASSERT_TRUE(project->store().ensureFolder(ObjectKind::Volume));
         volumes::make(path(), volumes::header(g_inlines, g_crosslines, g_samples));
         project->changes().setSink(this);

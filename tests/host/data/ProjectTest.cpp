@@ -11,21 +11,15 @@ namespace {
 class Project : public ::testing::Test
 {
 protected:
-    Project() { project = HVProject::create(folder, QString(), &error); }
+    Project() { project = *HVProject::create(folder, QString()); }
     void reopen()
     {
         project.reset();
-        project = HVProject::open(folder, &error);
-        ASSERT_TRUE(project) << error.toStdString();
+        project = *HVProject::open(folder);
     }
     QString file(const char* name = "project.strativo") const { return folder + '/' + QLatin1String(name); }
     /// The sentence with which opening is refused.
-    QString refusal()
-    {
-        error.clear();
-        EXPECT_FALSE(HVProject::open(folder, &error));
-        return error;
-    }
+    QString refusal() { return error = reason(HVProject::open(folder)); }
 
     QTemporaryDir temporary;
     const QString folder = temporary.filePath(QStringLiteral("Gr\u00f6ne \"Bank\""));
@@ -35,15 +29,14 @@ protected:
 
 TEST_F(Project, settingsComeBackAndUnknownOnesStay)
 {
-    ASSERT_TRUE(project) << error.toStdString();
     EXPECT_EQ(project->name(), QStringLiteral("Gr\u00f6ne \"Bank\""));
     EXPECT_FALSE(project->hasCrs());
     EXPECT_EQ(project->verticalUnit(), georef::Unit::Milliseconds);
     // As a later minor version and a person with an editor leave it.
     writeFile(file(), readFile(file()).replace("\"1.0\"", "\"1.7\",\n \"later\": {\"kept\": [1, 2]}"));
-    const auto utm = georef::Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("32631"));
+    const auto utm = *georef::Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("32631"));
     QSignalSpy changed(project.get(), &HVProject::crsChanged);
-    EXPECT_TRUE(project->setCrs(utm, &error)) << error.toStdString();
+    EXPECT_EQ(reason(project->setCrs(utm)), QString());
     EXPECT_EQ(changed.count(), 1);
     EXPECT_TRUE(project->setDomain(georef::Domain::Depth));
     EXPECT_TRUE(project->setHorizontalUnit(georef::Unit::FeetUS));
@@ -60,9 +53,9 @@ TEST_F(Project, settingsComeBackAndUnknownOnesStay)
     reopen();
     EXPECT_FALSE(project->hasCrs());
 
-    EXPECT_FALSE(HVProject::create(folder, QStringLiteral("again"), &error));
+    EXPECT_FALSE((error = reason(HVProject::create(folder, QStringLiteral("again")))).isEmpty());
     EXPECT_TRUE(error.contains(QStringLiteral("already"))) << error.toStdString();
-    EXPECT_EQ(HVProject::open(file(), &error)->path(), folder) << "the file stands for the folder";
+    EXPECT_EQ((*HVProject::open(file()))->path(), folder) << "the file stands for the folder";
 }
 
 TEST_F(Project, remainsOfAKilledProgramAreClearedAtTheNextOpening)
@@ -87,24 +80,24 @@ TEST_F(Project, whatIsNoProjectIsRefusedWithTheReason)
     EXPECT_TRUE(refusal().contains(QStringLiteral("no format version"))) << error.toStdString();
     writeFile(file(), "{\"version\": \"2.0\", \"name\": \"x\"}");
     EXPECT_TRUE(refusal().contains(QStringLiteral("later version"))) << error.toStdString();
-    EXPECT_FALSE(project->setName(QStringLiteral("y"), &error)) << "a later version's file is not overwritten";
+    EXPECT_FALSE(project->setName(QStringLiteral("y"))) << "a later version's file is not overwritten";
     EXPECT_EQ(readFile(file()), QByteArray("{\"version\": \"2.0\", \"name\": \"x\"}"));
     QFile::remove(file());
     EXPECT_TRUE(refusal().contains(QStringLiteral("has no file"))) << error.toStdString();
-    EXPECT_FALSE(HVProject::open(folder + QStringLiteral("/none"), &error));
+    EXPECT_FALSE((error = reason(HVProject::open(folder + QStringLiteral("/none")))).isEmpty());
     EXPECT_TRUE(error.contains(QStringLiteral("There is no folder"))) << error.toStdString();
 
     // A project whose file was deleted while it was open gets it back with the next change.
-    EXPECT_TRUE(project->setName(QStringLiteral("back"), &error)) << error.toStdString();
+    EXPECT_EQ(reason(project->setName(QStringLiteral("back"))), QString());
     reopen();
     EXPECT_EQ(project->name(), QStringLiteral("back"));
     blockFolder(folder);
-    EXPECT_FALSE(project->setName(QStringLiteral("lost"), &error));
+    EXPECT_FALSE((error = reason(project->setName(QStringLiteral("lost")))).isEmpty());
     EXPECT_TRUE(error.contains(QStringLiteral("Unable to write"))) << error.toStdString();
     EXPECT_EQ(project->name(), QStringLiteral("back"));
     EXPECT_TRUE(refusal().contains(QStringLiteral("not a folder"))) << error.toStdString();
     EXPECT_TRUE(project->objects().isEmpty());
-    EXPECT_TRUE(project->newFilename(ObjectKind::Well, QStringLiteral("a"), &error).isEmpty());
+    error = reason(project->newFilename(ObjectKind::Well, QStringLiteral("a")));
     EXPECT_TRUE(error.contains(QStringLiteral("Unable to create the folder"))) << error.toStdString();
 }
 
@@ -132,11 +125,11 @@ TEST_F(Project, objectsAreWhatLiesInTheFolders)
     EXPECT_EQ(project->kindOf(horizon(QStringLiteral("H 2.horizon"))), ObjectKind::Horizon3d);
     EXPECT_EQ(project->kindOf(horizon(QStringLiteral("notes.txt"))), std::nullopt);
 
-    EXPECT_EQ(project->newFilename(ObjectKind::Horizon3d, QStringLiteral("H")), horizon(QStringLiteral("H.horizon")));
-    EXPECT_EQ(project->newFilename(ObjectKind::Horizon3d, QStringLiteral("\u00c9tage")),
+    EXPECT_EQ(*project->newFilename(ObjectKind::Horizon3d, QStringLiteral("H")), horizon(QStringLiteral("H.horizon")));
+    EXPECT_EQ(*project->newFilename(ObjectKind::Horizon3d, QStringLiteral("\u00c9tage")),
               horizon(QStringLiteral("\u00c9tage 2.horizon")));
     for (const char* bad : {"", "a/b", "../x", "a\nb"}) {
-        EXPECT_TRUE(project->newFilename(ObjectKind::Horizon3d, QLatin1String(bad), &error).isEmpty()) << bad;
+        EXPECT_FALSE(project->newFilename(ObjectKind::Horizon3d, QLatin1String(bad))) << bad;
         EXPECT_TRUE(project->filename(ObjectKind::Horizon3d, QLatin1String(bad)).isEmpty()) << bad;
     }
     EXPECT_FALSE(HVProject::isObjectName(QString(100, QChar(0x20ac))));
@@ -146,21 +139,20 @@ TEST_F(Project, renamingAndRemovingLoseNothing)
 {
     const ObjectKind kind = ObjectKind::Wavelet;
     const auto name = [](const char* text) { return QString::fromUtf8(text); };
-    writeFile(project->newFilename(kind, name("a")), "A");
-    writeFile(project->newFilename(kind, name("b")), "B");
-    project->directories(kind).addDirectory(name("D"), QString());
-    project->directories(kind).fileObjects({name("a")}, name("D"));
+    writeFile(*project->newFilename(kind, name("a")), "A");
+    writeFile(*project->newFilename(kind, name("b")), "B");
+    EXPECT_TRUE(project->directories(kind).addDirectory(name("D"), QString()));
+    EXPECT_TRUE(project->directories(kind).fileObjects({name("a")}, name("D")));
     QSignalSpy listed(&project->store(), &hv::ObjectStore::listingReset);
-    EXPECT_FALSE(project->renameObject(kind, name("a"), name("b"), &error));
-    EXPECT_FALSE(project->renameObject(kind, name("gone"), name("c"), &error));
-    EXPECT_FALSE(project->renameObject(kind, name("a"), name("x/y"), &error));
+    EXPECT_FALSE(project->renameObject(kind, name("a"), name("b")));
+    EXPECT_FALSE(project->renameObject(kind, name("gone"), name("c")));
+    EXPECT_FALSE(project->renameObject(kind, name("a"), name("x/y")));
     EXPECT_EQ(readFile(project->filename(kind, name("b"))), QByteArray("B"));
-    EXPECT_TRUE(project->renameObject(kind, name("a"), name("\u00e4"), &error)) << error.toStdString();
+    EXPECT_EQ(reason(project->renameObject(kind, name("a"), name("\u00e4"))), QString());
     EXPECT_EQ(project->directories(kind).objects(name("D")), QStringList{name("\u00e4")});
     EXPECT_EQ(readFile(project->filename(kind, name("\u00e4"))), QByteArray("A"));
-    EXPECT_FALSE(project->removeObject(kind, name("a"), HVProject::Removal::Permanent, &error));
-    EXPECT_TRUE(project->removeObject(kind, name("\u00e4"), HVProject::Removal::Permanent, &error))
-        << error.toStdString();
+    EXPECT_FALSE(project->removeObject(kind, name("a"), HVProject::Removal::Permanent));
+    EXPECT_EQ(reason(project->removeObject(kind, name("\u00e4"), HVProject::Removal::Permanent)), QString());
     EXPECT_EQ(project->objectNames(kind), QStringList{name("b")});
     EXPECT_TRUE(project->directories(kind).objects(name("D")).isEmpty());
     project->store().tellChanges();
@@ -185,14 +177,14 @@ TEST_F(Project, theServiceHasOneProjectAndKeepsItWhenAnotherFails)
     project.reset();
     HVProjectService service;
     QSignalSpy changed(&service, &HVProjectService::projectChanged);
-    EXPECT_TRUE(service.open(folder, &error)) << error.toStdString();
+    EXPECT_EQ(reason(service.open(folder)), QString());
     HVProject* first = service.project();
-    EXPECT_FALSE(service.open(folder + QStringLiteral("x"), &error));
-    EXPECT_FALSE(service.create(folder, QString(), &error));
+    EXPECT_FALSE(service.open(folder + QStringLiteral("x")));
+    EXPECT_FALSE(service.create(folder, QString()));
     EXPECT_EQ(service.project(), first);
     QString closing;
     QObject::connect(&service, &HVProjectService::projectAboutToClose, [&](HVProject* old) { closing = old->name(); });
-    EXPECT_TRUE(service.create(folder + QStringLiteral("2"), QStringLiteral("Two"), &error));
+    EXPECT_EQ(reason(service.create(folder + QStringLiteral("2"), QStringLiteral("Two"))), QString());
     EXPECT_EQ(closing, QStringLiteral("Gr\u00f6ne \"Bank\""));
     service.close();
     EXPECT_EQ(changed.count(), 3);

@@ -1,11 +1,20 @@
 #pragma once
 
+#include "host/core/Result.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QString>
 
 #include <unistd.h>
+
+/// Why something failed; empty when it did not.
+template <class T>
+QString reason(const hv::Result<T>& result)
+{
+    return result ? QString() : result.failure().sentence;
+}
 
 inline void writeFile(const QString& path, const QByteArray& text = "x")
 {

@@ -77,10 +77,10 @@ protected:
 TEST_F(VirtualDirectories, theTreeComesBack)
 {
     auto& d = fresh();
-    EXPECT_TRUE(d.addDirectory("Block \u00e9", QString(), &error)) << error.toStdString();
+    EXPECT_EQ(reason(d.addDirectory("Block \u00e9", QString())), QString());
     EXPECT_TRUE(d.addDirectory("North", "Block \u00e9"));
     EXPECT_TRUE(d.addDirectory("Deep", "North"));
-    EXPECT_FALSE(d.addDirectory("North", QString(), &error));
+    EXPECT_FALSE((error = reason(d.addDirectory("North", QString()))).isEmpty());
     EXPECT_TRUE(error.contains("already")) << error.toStdString();
     EXPECT_FALSE(d.addDirectory("Orphan", "Nowhere"));
     for (const char* bad : {"", "  ", "a/b", "a\nb"})
@@ -128,11 +128,11 @@ TEST_F(VirtualDirectories, filesOfOthersAreReadAndNeverSpoiled)
     const QByteArray broken = "{\"version\": \"1.0\", \"directories\": [";
     writeFile(path, broken);
     EXPECT_TRUE(d.directories().isEmpty());
-    EXPECT_FALSE(d.addDirectory("New", QString(), &error));
+    EXPECT_FALSE((error = reason(d.addDirectory("New", QString()))).isEmpty());
     EXPECT_TRUE(error.contains("line 1")) << error.toStdString();
     EXPECT_EQ(readFile(path), broken);
     writeFile(path, R"({"version": "1.0", "directories": [{"name": "Mended"}]})");
-    EXPECT_TRUE(d.fileObjects({"x"}, "Mended", &error)) << error.toStdString();
+    EXPECT_EQ(reason(d.fileObjects({"x"}, "Mended")), QString());
 }
 
 TEST_F(VirtualDirectories, aFailedWriteChangesNothing)
@@ -145,7 +145,7 @@ TEST_F(VirtualDirectories, aFailedWriteChangesNothing)
     EXPECT_EQ(directories->objects("A"), QStringList{"x"});
     QDir().rename(temporary.filePath("directories"), temporary.filePath("elsewhere"));
     blockFolder(temporary.filePath("directories"));
-    EXPECT_FALSE(directories->addDirectory("B", QString(), &error));
+    EXPECT_FALSE((error = reason(directories->addDirectory("B", QString()))).isEmpty());
     EXPECT_TRUE(error.contains("Unable to create the folder")) << error.toStdString();
     EXPECT_TRUE(directories->directories().isEmpty());
     QFile::remove(temporary.filePath("directories"));
@@ -173,18 +173,18 @@ TEST_F(VirtualDirectories, aFullDiskRefusesAlsoChangesInQuickSuccession)
 {
     auto& d = fresh();
     const DiskLimit disk(4000);
-    ASSERT_TRUE(d.addDirectory("A", QString(), &error)) << error.toStdString();
+    ASSERT_EQ(reason(d.addDirectory("A", QString())), QString());
     QStringList filed;
     const auto next = [&] { return QStringLiteral("\u00f6 %1").arg(filed.size(), 8, 10, QLatin1Char('0')); };
-    while (filed.size() < 1000 && d.fileObjects({next()}, "A", &error))
+    while (filed.size() < 1000 && (error = reason(d.fileObjects({next()}, "A"))).isEmpty())
         filed << next();
     EXPECT_GT(filed.size(), 80) << "room is not refused before it is used up";
     EXPECT_LT(filed.size(), 130);
     EXPECT_EQ(error.toStdString(), "Unable to write '" + path.toStdString() + "': File too large.");
-    EXPECT_FALSE(d.addDirectory("B", QString(), &error));
+    EXPECT_FALSE(d.addDirectory("B", QString()));
     EXPECT_EQ(d.directories(), QStringList{"A"});
     EXPECT_EQ(sorted("A"), filed) << "what was refused is taken back, and nothing else";
-    EXPECT_TRUE(d.flush(&error)) << error.toStdString();
+    EXPECT_EQ(reason(d.flush()), QString());
     EXPECT_FALSE(d.fileObjects({next()}, "A"));
     fresh();
     EXPECT_EQ(sorted("A"), filed) << "what was not refused is on the disk";
@@ -235,7 +235,7 @@ TEST_F(VirtualDirectories, whatCannotBeWrittenLaterIsReportedAndTriedAgain)
 
 TEST_F(VirtualDirectories, tenThousandObjectsOfOneKind)
 {
-    auto project = HVProject::create(temporary.filePath("p"), QString(), &error);
+    auto project = *HVProject::create(temporary.filePath("p"), QString());
     QDir().mkpath(project->folder(ObjectKind::Horizon3d));
     QStringList names;
     for (int i = 0; i < 10000; ++i) {
@@ -252,7 +252,7 @@ TEST_F(VirtualDirectories, tenThousandObjectsOfOneKind)
                   project->objects(ObjectKind::Horizon3d))
         << "also what has no file";
     project.reset();
-    project = HVProject::open(temporary.filePath("p"), &error);
+    project = *HVProject::open(temporary.filePath("p"));
     EXPECT_EQ(project->directories(ObjectKind::Horizon3d).directoryOf("gone"), "All");
 }
 

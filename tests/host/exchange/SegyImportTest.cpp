@@ -35,7 +35,7 @@ constexpr int g_patience = 20000; // milliseconds
 class SegyImport : public ::testing::Test
 {
 protected:
-    SegyImport() : project(HVProject::create(folder.filePath("p"), QString(), nullptr))
+    SegyImport() : project(*HVProject::create(folder.filePath("p"), QString()))
     {
         maker.addSurvey(6, 5);
         exchange.setProject(project.get());

@@ -31,7 +31,7 @@ protected:
     QByteArray content(const char* name) const { return readFile(project->store().path(key(name))); }
 
     QTemporaryDir temporary;
-    std::unique_ptr<HVProject> project = HVProject::create(temporary.filePath("p"), QString(), nullptr);
+    std::unique_ptr<HVProject> project = *HVProject::create(temporary.filePath("p"), QString());
     HVUndoStack stack;
 };
 
@@ -86,8 +86,7 @@ TEST_F(ExampleKind, isInTheBrowserAndHasAPicture)
 TEST_F(ExampleKind, isInTheDemonstrationAndInWhatInfoSays)
 {
     const QString demo = temporary.filePath("demo");
-    ASSERT_TRUE(demo::makeProject(
-        demo, [](const QString&) {}, nullptr));
+    ASSERT_TRUE(demo::makeProject(demo, [](const QString&) {}));
     const auto object = headless::describePath(demo + "/time-depth/S-1");
     ASSERT_TRUE(object) << object.failure().sentence.toStdString();
     EXPECT_TRUE(object->contains("  Kind     Time-Depth Curve\n  Pairs    3\n  Last     2000 ms at 2100 m\n  Size   "))

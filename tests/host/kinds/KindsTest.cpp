@@ -16,11 +16,6 @@ namespace {
 using hv::IObjectKind;
 using hv::ObjectValue;
 
-QString reason(const hv::Result<ObjectValue>& result)
-{
-    return result ? QString("read") : result.failure().sentence;
-}
-
 TEST(Kinds, whatTheDemonstrationHasComesBackFromTheDiskAndIsShown)
 {
     const QTemporaryDir folder;
@@ -67,7 +62,7 @@ TEST(Kinds, referenceSystemsScriptsAndPlainFiles)
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath("file");
-    writeFile(path, georef::Crs::fromAuthority("EPSG", "32631").toWkt().toUtf8());
+    writeFile(path, georef::Crs::fromAuthority("EPSG", "32631")->toWkt().toUtf8());
     const auto system = hv::objectKind(ObjectKind::Crs).read(path);
     ASSERT_TRUE(system) << reason(system).toStdString();
     EXPECT_EQ(system->as<hv::ReferenceSystem>()->crs.authorityCode(), "32631");

@@ -54,7 +54,7 @@ protected:
     const ObjectKey key{LargeKind::number, "a"};
     std::vector<std::unique_ptr<hv::ChangeStep>> steps;
     QTemporaryDir temporary;
-    std::unique_ptr<HVProject> project = HVProject::create(temporary.filePath("p"), QString(), nullptr);
+    std::unique_ptr<HVProject> project = *HVProject::create(temporary.filePath("p"), QString());
 };
 
 TEST_F(LargeValues, areKeptWhileSomebodyLooksAndReadAgainForTheNext)

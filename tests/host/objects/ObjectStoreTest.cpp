@@ -34,7 +34,7 @@ ObjectValue valueOf(double maximum)
 class Store : public ::testing::Test
 {
 protected:
-    Store() : project(HVProject::create(temporary.filePath("p"), QString(), nullptr)), store(project->store())
+    Store() : project(*HVProject::create(temporary.filePath("p"), QString())), store(project->store())
     {
         const auto note = [this](const char* what) {
             return [this, what](const ObjectKey& key) { told << QLatin1String(what) + ' ' + key.name; };

@@ -288,7 +288,7 @@ TEST_F(SegyVolume, whatIsWrittenIsReadBackAsItWas)
     for (const auto format : {hv::segy::SampleFormat::Ibm, hv::segy::SampleFormat::Ieee})
         for (const bool leavesOut : {false, true}) {
             HVSegyDescription description(file->header().space, QStringLiteral("Amplitude"), georef::Domain::Time,
-                                          georef::Unit::Milliseconds, georef::Crs::fromAuthority("EPSG", "32631"));
+                                          georef::Unit::Milliseconds, *georef::Crs::fromAuthority("EPSG", "32631"));
             description.setFormat(format);
             description.setLeavesOutMissing(leavesOut);
             const auto written = hv::segy::writeSegy(out, description, -9999, tracesOf(*file), context);

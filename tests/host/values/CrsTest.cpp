@@ -34,19 +34,19 @@ void expectUtm31(const Crs& crs)
 
 TEST(Crs, DescriptionsOfOneSystem)
 {
-    const Crs registered = Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("32631"));
+    const Crs registered = *Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("32631"));
     SCOPED_TRACE("descriptions");
     expectUtm31(registered);
-    const Crs first = Crs::fromWkt(QString::fromLatin1(UtmWithAuthority));
-    const Crs esri = Crs::fromWkt(QString::fromLatin1(UtmOfEsri));
-    const Crs second = Crs::fromWkt(registered.toWkt());
+    const Crs first = *Crs::fromWkt(QString::fromLatin1(UtmWithAuthority));
+    const Crs esri = *Crs::fromWkt(QString::fromLatin1(UtmOfEsri));
+    const Crs second = *Crs::fromWkt(registered.toWkt());
     expectUtm31(first);
     expectUtm31(esri);
     expectUtm31(second);
     EXPECT_TRUE(second.toWkt().startsWith(QStringLiteral("PROJCRS[")));
     EXPECT_EQ(first, second);
     EXPECT_EQ(first, registered);
-    const Crs other = Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("32632"));
+    const Crs other = *Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("32632"));
     EXPECT_FALSE(first == other);
     EXPECT_FALSE(first == Crs());
     Crs copy = other;
@@ -57,7 +57,7 @@ TEST(Crs, DescriptionsOfOneSystem)
 TEST(Crs, LocalSystemIsNotRegistered)
 {
     QString wkt = QString::fromLatin1(UtmOfEsri);
-    const Crs crs = Crs::fromWkt(
+    const Crs crs = *Crs::fromWkt(
         wkt.replace(QStringLiteral("\"Central_Meridian\",3.0"), QStringLiteral("\"Central_Meridian\",3.7")));
     ASSERT_FALSE(crs.isNull());
     EXPECT_TRUE(crs.authority().isEmpty());
@@ -71,13 +71,13 @@ TEST(Crs, RefusedTextsSayWhyAndStaySilent)
     const QString ellipsoid = QStringLiteral(R"(ELLIPSOID["WGS 84",6378137,298.257223563])");
     for (const QString& text :
          {QString(), QStringLiteral("not a system"), truncated, ellipsoid, QStringLiteral("PROJCS[")}) {
-        QString error;
-        EXPECT_TRUE(Crs::fromWkt(text, &error).isNull());
-        EXPECT_FALSE(error.isEmpty()) << text.toStdString();
+        const auto crs = Crs::fromWkt(text);
+        ASSERT_FALSE(crs) << text.toStdString();
+        EXPECT_FALSE(crs.failure().sentence.isEmpty()) << text.toStdString();
     }
-    QString error;
-    EXPECT_TRUE(Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("1"), &error).isNull());
-    EXPECT_FALSE(error.isEmpty());
+    const auto unknown = Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("1"));
+    ASSERT_FALSE(unknown);
+    EXPECT_FALSE(unknown.failure().sentence.isEmpty());
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_TRUE(Crs().toWkt().isEmpty());
     EXPECT_EQ(Crs(), Crs());
@@ -85,13 +85,13 @@ TEST(Crs, RefusedTextsSayWhyAndStaySilent)
 
 TEST(Crs, ThreadsMakeAndCompareSystems)
 {
-    const Crs shared = Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("32631"));
+    const Crs shared = *Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("32631"));
     std::vector<int> agreeing(4);
     std::vector<std::thread> threads;
     for (int& count : agreeing)
         threads.emplace_back([&count, shared] {
             for (int i = 0; i < 5; ++i)
-                count += Crs::fromWkt(QString::fromLatin1(UtmWithAuthority)) == shared;
+                count += *Crs::fromWkt(QString::fromLatin1(UtmWithAuthority)) == shared;
         });
     for (std::thread& thread : threads)
         thread.join();

@@ -169,17 +169,17 @@ class ProjectChoice : public ::testing::Test
 protected:
     ProjectChoice()
     {
-        projects.create(folder.filePath("p"), QString());
+        EXPECT_TRUE(projects.create(folder.filePath("p"), QString()));
         make(ObjectKind::Horizon3d, {"Top 10", "Top 2", "Base"});
         make(ObjectKind::Well, {"W 1"});
-        directories().addDirectory("North", QString());
-        directories().addDirectory("Deep", "North");
-        directories().fileObjects({"Top 2"}, "Deep");
+        EXPECT_TRUE(directories().addDirectory("North", QString()));
+        EXPECT_TRUE(directories().addDirectory("Deep", "North"));
+        EXPECT_TRUE(directories().fileObjects({"Top 2"}, "Deep"));
     }
     void make(ObjectKind kind, const QStringList& names)
     {
         for (const QString& name : names)
-            ASSERT_TRUE(QFile(projects.project()->newFilename(kind, name)).open(QIODevice::WriteOnly));
+            ASSERT_TRUE(QFile(*projects.project()->newFilename(kind, name)).open(QIODevice::WriteOnly));
     }
     QString path(const QString& name, ObjectKind kind = ObjectKind::Horizon3d)
     {
@@ -222,7 +222,7 @@ TEST_F(ProjectChoice, comboBoxFollowsTheProjectAndKeepsTheObject)
     EXPECT_EQ(index.size(), 1);
     EXPECT_EQ(changed.size(), 0);
 
-    projects.project()->renameObject(ObjectKind::Horizon3d, "Top 10", "A");
+    EXPECT_TRUE(projects.project()->renameObject(ObjectKind::Horizon3d, "Top 10", "A"));
     box.updateObjects();
     EXPECT_EQ(box.currentText(), "A");
     EXPECT_EQ(changed.size(), 1);
@@ -240,7 +240,7 @@ TEST_F(ProjectChoice, comboBoxFollowsTheProjectAndKeepsTheObject)
     projects.close();
     EXPECT_EQ(box.count(), 0);
     EXPECT_EQ(box.placeholderText(), "No project is open");
-    projects.create(folder.filePath("other"), QString());
+    EXPECT_TRUE(projects.create(folder.filePath("other"), QString()));
     EXPECT_EQ(box.object(), QString());
 }
 
@@ -300,7 +300,7 @@ TEST_F(ProjectChoice, inputLineChoosesByKeysMouseAndDrop)
     EXPECT_FALSE(drop(*input, *drag(path("W 1", ObjectKind::Well))));
     EXPECT_EQ(changed.size(), 3);
 
-    projects.project()->renameObject(ObjectKind::Horizon3d, "Top 10", "New");
+    EXPECT_TRUE(projects.project()->renameObject(ObjectKind::Horizon3d, "Top 10", "New"));
     projects.project()->store().tellChanges();
     EXPECT_EQ(input->object(), path("New"));
     QTest::keyClick(input->line(), Qt::Key_Delete);

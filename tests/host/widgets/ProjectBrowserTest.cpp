@@ -26,20 +26,20 @@ namespace {
 class ProjectBrowser : public ::testing::Test
 {
 protected:
-    ProjectBrowser() : project(HVProject::create(folder.filePath("p"), QString(), nullptr))
+    ProjectBrowser() : project(*HVProject::create(folder.filePath("p"), QString()))
     {
         make(ObjectKind::Horizon3d, {"Top 10", "Top 2", "Base"});
         make(ObjectKind::Well, {"W & 1"});
-        directories().addDirectory("North", QString());
-        directories().addDirectory("Deep", "North");
-        directories().fileObjects({"Top 2"}, "Deep");
+        EXPECT_TRUE(directories().addDirectory("North", QString()));
+        EXPECT_TRUE(directories().addDirectory("Deep", "North"));
+        EXPECT_TRUE(directories().fileObjects({"Top 2"}, "Deep"));
         browser.setProject(project.get());
         browser.show();
     }
     void make(ObjectKind kind, const QStringList& names)
     {
         for (const QString& name : names) {
-            QFile file(project->newFilename(kind, name));
+            QFile file(*project->newFilename(kind, name));
             ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         }
     }
@@ -100,7 +100,7 @@ TEST_F(ProjectBrowser, treeFollowsTheProjectAndKeepsItsState)
                 return label->text();
         return QString();
     };
-    const auto empty = HVProject::create(folder.filePath("empty"), QString(), nullptr);
+    const auto empty = *HVProject::create(folder.filePath("empty"), QString());
     browser.setProject(empty.get());
     EXPECT_TRUE(hint().contains("The project is empty")) << hint().toStdString();
     browser.setProject(nullptr);

@@ -31,7 +31,7 @@ ObjectKey bar(const QString& name)
 class Undo : public ::testing::Test
 {
 protected:
-    Undo() : project(HVProject::create(temporary.filePath("p"), QString(), nullptr)), store(project->store())
+    Undo() : project(*HVProject::create(temporary.filePath("p"), QString())), store(project->store())
     {
         stack.setProject(project.get());
     }
@@ -133,7 +133,7 @@ TEST_F(Undo, whoeverHoldsAnObjectSeesItGoBackWithoutTheDisk)
 TEST_F(Undo, foldersAndSettingsGoBackWithTheObjects)
 {
     auto& folders = project->directories(ObjectKind::ColorBar);
-    const auto utm = georef::Crs::fromAuthority("EPSG", "32631");
+    const auto utm = *georef::Crs::fromAuthority("EPSG", "32631");
     save("a", 1);
     {
         const ChangeScope scope(&project->changes(), "script.py");
@@ -163,7 +163,7 @@ TEST_F(Undo, foldersAndSettingsGoBackWithTheObjects)
     EXPECT_TRUE(folders.flush());
     project.reset();
     EXPECT_EQ(stack.texts(), QStringList()) << "with the project go its steps";
-    const auto again = HVProject::open(temporary.filePath("p"), nullptr);
+    const auto again = *HVProject::open(temporary.filePath("p"));
     EXPECT_TRUE(again->directories(ObjectKind::ColorBar).directories().isEmpty());
     EXPECT_EQ(again->name(), "p");
 }
@@ -284,7 +284,7 @@ TEST_F(Undo, theTrashIsEmptiedOfWhatNobodyReachesAnyMore)
     for (const QString& name : {day(31), day(29), QStringLiteral("notes")})
         writeFile(trash.filePath(name + "/file"));
     project.reset();
-    project = HVProject::open(temporary.filePath("p"), nullptr);
+    project = *HVProject::open(temporary.filePath("p"));
     QStringList days = trash.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
     EXPECT_EQ(days, (QStringList{day(29), today, "notes"}));
     project.reset();

@@ -79,7 +79,7 @@ TEST_F(Application, queries)
     EXPECT_EQ(evaluate("mainWindow() is mainWindow()"), "True");
     EXPECT_EQ(errorOf("mainWindow().close()"), "RuntimeError: MainWindow, illegal method call");
     EXPECT_EQ(evaluate("hasProject()"), "False");
-    const auto project = HVProject::create(folder.filePath("a project"), QString(), nullptr);
+    const auto project = *HVProject::create(folder.filePath("a project"), QString());
     app().project = project.get();
     EXPECT_EQ(evaluate("hasProject()"), "True");
     app().log.clear();

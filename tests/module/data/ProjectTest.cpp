@@ -22,9 +22,7 @@ protected:
     void SetUp() override
     {
         python::setTextsWhole(true);
-        QString error;
-        project = HVProject::create(temporary.filePath(QStringLiteral("Pr\u00f6ject")), QString(), &error);
-        ASSERT_TRUE(project) << error.toStdString();
+        project = *HVProject::create(temporary.filePath(QStringLiteral("Pr\u00f6ject")), QString());
         {
             const python::GilLock lock;
             bp::import("strativo_python");
@@ -92,7 +90,7 @@ expect(failure(project.getFilename, H, 5), "TypeError: Project, expected 'str' b
 expect(failure(project.getFilename, H, "\ud800")[:18], "UnicodeEncodeError")
 expect(type(project.icon(ObjectId.Well)).__name__, "Icon")
 )py");
-    const auto utm = georef::Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("32631"));
+    const auto utm = *georef::Crs::fromAuthority(QStringLiteral("EPSG"), QStringLiteral("32631"));
     {
         const python::GilLock lock;
         bp::import("__main__").attr("utm") = bp::object(utm);

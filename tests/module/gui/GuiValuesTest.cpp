@@ -33,10 +33,10 @@ TEST_F(GuiValues, DraggedObjectsOutliveTheDrag)
 {
     python::setTextsWhole(true);
     const QTemporaryDir folder;
-    const auto project = HVProject::create(folder.filePath("p"), QString(), nullptr);
+    const auto project = *HVProject::create(folder.filePath("p"), QString());
     ASSERT_TRUE(project);
     const auto make = [&](ObjectKind kind, const QString& name) {
-        QFile file(project->newFilename(kind, name));
+        QFile file(*project->newFilename(kind, name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         return file.fileName();
     };

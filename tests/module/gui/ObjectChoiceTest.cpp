@@ -62,8 +62,8 @@ TEST_F(ToolkitTest, aBoxListsTheProjectOnceWhenItIsMade)
 {
     const QTemporaryDir folder;
     HVProjectService projects;
-    projects.create(folder.filePath("p"), QString());
-    EXPECT_TRUE(QFile(projects.project()->newFilename(ObjectKind::Well, "W")).open(QIODevice::WriteOnly));
+    EXPECT_TRUE(projects.create(folder.filePath("p"), QString()));
+    EXPECT_TRUE(QFile(*projects.project()->newFilename(ObjectKind::Well, "W")).open(QIODevice::WriteOnly));
     const QString wells = projects.project()->folder(ObjectKind::Well);
     HVObjectComboBox box(ObjectKind::Well);
     const int once = openings(wells, [&] { box.updateObjects(); });
@@ -111,8 +111,8 @@ for widget in widgets:
     getattr(widget, choosers[type(widget)])(told[type(widget)].append)
 )");
     const auto make = [&](const char* name) {
-        projects.create(folder.filePath(name), QString());
-        const QString file = projects.project()->newFilename(ObjectKind::Well, QStringLiteral("W\u00f8ll"));
+        EXPECT_TRUE(projects.create(folder.filePath(name), QString()));
+        const QString file = *projects.project()->newFilename(ObjectKind::Well, QStringLiteral("W\u00f8ll"));
         EXPECT_TRUE(QFile(file).open(QIODevice::WriteOnly));
     };
     make("first");
@@ -122,7 +122,7 @@ chosen = widgets[0].objectFilename
 assert chosen.endswith("/W\u00f8ll.las"), chosen
 widgets[1].objectFilename = chosen
 )");
-    projects.project()->renameObject(ObjectKind::Well, QStringLiteral("W\u00f8ll"), QStringLiteral("New"));
+    EXPECT_TRUE(projects.project()->renameObject(ObjectKind::Well, QStringLiteral("W\u00f8ll"), QStringLiteral("New")));
     check("widgets[0].updateObjects()");
     projects.close();
     check(R"(
@@ -137,8 +137,8 @@ TEST_F(ToolkitTest, whatIsToldMayLetTheWindowGo)
 {
     const QTemporaryDir folder;
     HVProjectService projects;
-    projects.create(folder.filePath("p"), QString());
-    const QString file = projects.project()->newFilename(ObjectKind::Well, QStringLiteral("W"));
+    EXPECT_TRUE(projects.create(folder.filePath("p"), QString()));
+    const QString file = *projects.project()->newFilename(ObjectKind::Well, QStringLiteral("W"));
     ASSERT_TRUE(QFile(file).open(QIODevice::WriteOnly));
     check(g_setUp);
     {
