@@ -24,7 +24,7 @@ class TerminalApp final : public workbench::WindowlessApp
 public:
     /// `arguments` are those of main(); Qt sees the program's name alone, all others belong to the script.
     explicit TerminalApp(char** arguments);
-    ~TerminalApp();
+    ~TerminalApp() override;
     TerminalApp(const TerminalApp&) = delete;
     TerminalApp& operator=(const TerminalApp&) = delete;
 
