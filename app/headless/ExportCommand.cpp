@@ -78,9 +78,7 @@ QString describe(const Words& words, HVSegyDescription& description)
 int exportSegy(const Words& words, const hv::VolumeFile& volume, const QString& target)
 {
     const hv::VolumeHeader& header = volume.header();
-    HVSegyDescription description(
-        header.space, QFileInfo(volume.path()).completeBaseName(), header.domain, header.verticalUnit,
-        header.crs.isEmpty() ? georef::Crs() : georef::orNull(georef::Crs::fromWkt(header.crs)));
+    HVSegyDescription description(header, QFileInfo(volume.path()).completeBaseName());
     if (const QString error = describe(words, description); !error.isEmpty())
         return refuse(error);
     using Counts = hv::segy::WriteCounts;

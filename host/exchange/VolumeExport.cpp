@@ -1,7 +1,6 @@
 #include "host/exchange/VolumeExport.h"
 
 #include "host/arrays/ZarrFolder.h"
-#include "host/georef/Crs.h"
 #include "host/segy/TraceWriter.h"
 
 #include <QCoreApplication>
@@ -21,9 +20,7 @@ Result<QString> exportSegy(const VolumeFile& volume, const QString& name, segy::
                            const QString& path, JobContext& context)
 {
     const VolumeHeader& header = volume.header();
-    HVSegyDescription description(header.space, name, header.domain, header.verticalUnit,
-                                  header.crs.isEmpty() ? georef::Crs()
-                                                       : georef::orNull(georef::Crs::fromWkt(header.crs)));
+    HVSegyDescription description(header, name);
     description.setFormat(format);
     const auto counts = segy::writeSegy(
         path, description, header.noValue,

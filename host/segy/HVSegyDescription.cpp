@@ -2,6 +2,7 @@
 
 #include "host/core/Transform.h"
 #include "host/segy/Fields.h"
+#include "host/volume/VolumeHeader.h"
 
 #include <QStringList>
 
@@ -55,6 +56,11 @@ QString nameOf(georef::Unit unit)
 HVSegyDescription::HVSegyDescription(const georef::BlocSpace& space, const QString& name, georef::Domain domain,
                                      georef::Unit verticalUnit, const georef::Crs& crs)
     : m_space(space), m_name(name), m_domain(domain), m_unit(verticalUnit), m_crs(crs)
+{}
+
+HVSegyDescription::HVSegyDescription(const hv::VolumeHeader& volume, const QString& name)
+    : HVSegyDescription(volume.space, name, volume.domain, volume.verticalUnit,
+                        georef::orNull(georef::Crs::fromWkt(volume.crs)))
 {}
 
 double HVSegyDescription::inlineNumber(int y) const

@@ -5,6 +5,10 @@
 #include "host/segy/SampleFormat.h"
 #include "host/segy/TextHeader.h"
 
+namespace hv {
+struct VolumeHeader;
+}
+
 /// What a SEG-Y file that is to be written says of its survey: numbers, places and samples of its traces, and the text
 /// in front of them. A value.
 class HVSegyDescription
@@ -14,6 +18,8 @@ public:
     /// From the place of a block. `verticalUnit` is that of the survey's vertical numbers.
     HVSegyDescription(const georef::BlocSpace& space, const QString& name, georef::Domain domain,
                       georef::Unit verticalUnit, const georef::Crs& crs = {});
+    /// Of a volume; a reference system that cannot be read is left out.
+    HVSegyDescription(const hv::VolumeHeader& volume, const QString& name);
 
     const georef::BlocSpace& space() const { return m_space; }
     georef::Domain domain() const { return m_domain; }

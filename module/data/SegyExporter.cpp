@@ -30,13 +30,6 @@ public:
     TextEncoding encoding = TextEncoding::Ebcdic;
 };
 
-HVSegyDescription describe(const HVBloc& bloc)
-{
-    const hv::VolumeHeader& header = bloc.header();
-    return {header.space, bloc.name(), header.domain, header.verticalUnit,
-            georef::orNull(georef::Crs::fromWkt(header.crs))};
-}
-
 /// Free bytes of the file system that a file will lie on; none when it has no folder to lie in, which writing tells.
 std::optional<std::int64_t> freeBytes(const QStorageInfo& storage)
 {
@@ -67,7 +60,7 @@ bool exportVolume(const Exporter& self, const PathText& path, const bp::object& 
     if (!handle.check())
         raise(PyExc_TypeError, "Exporter.export(), expected 'SeismicVolume' but got '%s' instead", typeName(volume));
     const HVBloc& bloc = handle().get();
-    HVSegyDescription description = describe(bloc);
+    HVSegyDescription description(bloc.header(), bloc.name());
     description.setFormat(self.format);
     description.setEncoding(self.encoding);
     description.setTextualHeader(self.textualHeader.isEmpty() ? description.defaultTextualHeader()
